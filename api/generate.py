@@ -1,0 +1,233 @@
+#!/usr/bin/env python3
+"""Make the public header, the export list and the member list from api/members.txt.
+
+    generate.py           write the files that have changed
+    generate.py --check   write nothing; fail with a diff if a file is not what would be written
+"""
+
+import difflib
+import itertools
+import re
+import sys
+from collections import namedtuple
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+TABLE = ROOT / "api" / "members.txt"
+TEMPLATE = ROOT / "api" / "zelm.h.in"
+HEADER = ROOT / "include" / "zelm.h"
+EXPORTS = ROOT / "src" / "exports.map"
+MEMBERS = ROOT / "api" / "members.inc"
+
+COLUMNS = 100
+TYPES = {"32f": "float", "64f": "double"}
+# Exported without being a member: declared in the template.
+OTHER_EXPORTS = ["zelmGetLibVersion"]
+
+# The strides of an operand in standard description.
+STRIDES = {"v": "2", "va": "02", "m": "12", "ma": "012", "t": "12", "ta": "012", "ca": "0"}
+
+# Arguments that are the same in every description. {T} is the element type.
+PLAIN = {
+    "c": "{T} {name}",
+    "value": "{T} {name}",
+    "in": "const {T} *{name}",
+    "out": "{T} *{name}",
+    "buffer": "{T} *{name}",
+    "index": "int *{name}",
+    "cindex": "const int *{name}",
+}
+
+# prototype is a list: the text up to and with the parenthesis, then the parameters.
+Member = namedtuple("Member", "name family kind ctype description arguments prototype")
+Family = namedtuple("Family", "name title expected blocks")
+Block = namedtuple("Block", "text members")
+
+
+class TableError(Exception):
+    pass
+
+
+def operand(name, kind, letter, ctype):
+    """The parameters that operand name:kind becomes in the description with this letter."""
+    capital = name[0].upper() + name[1:]
+    const = "" if name.startswith("dst") else "const "
+    array = kind.endswith("a")
+    strides = STRIDES[kind]
+
+    def shifted(count_of_strides):
+        table = f"{const}{ctype} *const *pp{capital}"
+        return [table, f"int {name}RoiShift"] + [f"int {name}Stride{s}" for s in count_of_strides]
+
+    if letter == "P" and kind != "ca":
+        return shifted("0" if array else "")
+    if letter == "L" and array:
+        return shifted(strides.replace("0", ""))
+    return [f"{const}{ctype} *p{capital}"] + [f"int {name}Stride{s}" for s in strides]
+
+
+def parameters(arguments, description, ctype):
+    """The parameters of a member, from its argument string."""
+    result = []
+    for argument in arguments.split():
+        name, _, kind = argument.partition(":")
+        if not kind:
+            result.append(f"int {name}")
+        elif kind in PLAIN:
+            result.append(PLAIN[kind].format(T=ctype, name=name))
+        elif kind in STRIDES:
+            letter = description[-1] if name.startswith("dst") else description[0]
+            result += operand(name, kind, letter, ctype)
+        else:
+            raise TableError(f"unknown kind in '{argument}'")
+    return result
+
+
+def expand(family, line):
+    """The members that one line of the table stands for."""
+    fields = line.split(None, 3)
+    if len(fields) != 4:
+        raise TableError("expected: kinds types descriptions arguments")
+    kinds, types, descriptions, arguments = fields
+    arguments = " ".join(arguments.split())
+    members = []
+    for kind, description, of_type in itertools.product(
+        kinds.split(","), descriptions.split(","), types.split(",")
+    ):
+        if not re.fullmatch("[SPL]{1,2}", description) or of_type not in TYPES:
+            raise TableError(f"unknown description or type: {description} {of_type}")
+        parts = [f"zelm{family}", kind, of_type, description]
+        name = "_".join(part for part in parts if part not in ("-", "S"))
+        ctype = TYPES[of_type]
+        prototype = [f"ZELM_API ZelStatus {name}("] + parameters(arguments, description, ctype)
+        members.append(Member(name, family, kind, ctype, description, arguments, prototype))
+    return members
+
+
+def read_table(text):
+    """The families of the table, in order."""
+    families = []
+    text_open = False  # whether a line of text continues the last block
+    for number, line in enumerate(text.splitlines(), 1):
+        line = line.rstrip()
+        try:
+            if line.startswith("#"):
+                continue
+            heading = re.fullmatch(r"\[(\w+)\] (\d+) (.+)", line)
+            if heading:
+                families.append(Family(heading[1], heading[3], int(heading[2]), []))
+            elif line and not families:
+                raise TableError("no family yet")
+            elif line.startswith("|"):
+                if not text_open:
+                    families[-1].blocks.append(Block([], []))
+                families[-1].blocks[-1].text.append(line[2:])
+            elif line:
+                if not families[-1].blocks:
+                    raise TableError("members without documentation")
+                families[-1].blocks[-1].members.extend(expand(families[-1].name, line))
+            text_open = line.startswith("|")
+        except TableError as error:
+            raise TableError(f"{TABLE.name}:{number}: {error}") from None
+
+    for family in families:
+        found = sum(len(block.members) for block in family.blocks)
+        if found != family.expected:
+            raise TableError(f"[{family.name}] has {found} members, not {family.expected}")
+    names = [member.name for member in all_members(families)]
+    if len(set(names)) != len(names):
+        raise TableError(f"twice: {sorted({n for n in names if names.count(n) > 1})}")
+    return families
+
+
+def all_members(families):
+    return [m for family in families for block in family.blocks for m in block.members]
+
+
+def comment(lines):
+    if len(lines) == 1:
+        return [f"/* {lines[0]} */"]
+    body = [f" * {line}".rstrip() for line in lines[1:]]
+    body[-1] += " */"
+    return [f"/* {lines[0]}"] + body
+
+
+def wrapped(prototype):
+    """The lines of a prototype; further lines begin below the first parameter."""
+    head, *rest = prototype
+    pieces = [parameter + "," for parameter in rest[:-1]] + [rest[-1] + ");"]
+    lines = [head + pieces[0]]
+    for piece in pieces[1:]:
+        if len(lines[-1]) + 1 + len(piece) > COLUMNS:
+            lines.append(" " * len(head) + piece)
+        else:
+            lines[-1] += " " + piece
+    return lines
+
+
+def header(families, template):
+    lines = []
+    for family in families:
+        rule = "=" * (COLUMNS - 6)
+        lines += ["", f"/* {rule} */", f"/* {family.name}: {family.title} */", f"/* {rule} */"]
+        for block in family.blocks:
+            lines += ["", *comment(block.text)]
+            for member in block.members:
+                lines += wrapped(member.prototype)
+    return template.replace("@FAMILIES@", "\n".join(lines[1:]))
+
+
+def exports(families):
+    names = OTHER_EXPORTS + [member.name for member in all_members(families)]
+    lines = [f"    {name};" for name in names]
+    return "\n".join(["{", "  global:", *lines, "  local:", "    *;", "};", ""])
+
+
+def member_list(families):
+    lines = [
+        "// Made by api/generate.py from api/members.txt: one line per exported operation.",
+        "// ZELM_MEMBER(name, family, kind, element type, description, arguments)",
+    ]
+    for m in all_members(families):
+        lines.append(
+            f"ZELM_MEMBER({m.name}, {m.family}, {m.kind}, {m.ctype}, {m.description}, "
+            f'"{m.arguments}")'
+        )
+    return "\n".join(lines) + "\n"
+
+
+def main(arguments):
+    if arguments not in ([], ["--check"]):
+        print(__doc__, file=sys.stderr)
+        return 2
+    try:
+        families = read_table(TABLE.read_text(encoding="ascii"))
+    except TableError as error:
+        print(error, file=sys.stderr)
+        return 2
+
+    outputs = {
+        HEADER: header(families, TEMPLATE.read_text(encoding="ascii")),
+        EXPORTS: exports(families),
+        MEMBERS: member_list(families),
+    }
+    stale = False
+    for path, text in outputs.items():
+        old = path.read_text(encoding="ascii") if path.exists() else ""
+        if old == text:
+            continue
+        stale = True
+        name = str(path.relative_to(ROOT))
+        if arguments:
+            before, after = old.splitlines(True), text.splitlines(True)
+            sys.stdout.writelines(difflib.unified_diff(before, after, name, f"{name} (made)"))
+        else:
+            path.write_text(text, encoding="ascii")
+            print(f"{name} written")
+    if not arguments:
+        print(f"{len(all_members(families))} members")
+    return 1 if stale and arguments else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
