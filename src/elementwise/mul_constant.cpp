@@ -1,0 +1,115 @@
+// Mul of a matrix or a vector with a constant.
+#include "../frame/checks.hpp"
+#include "../frame/elementwise.hpp"
+#include "../frame/estimate.hpp"
+#include "../frame/member.hpp"
+#include "../frame/parallel.hpp"
+
+namespace zelm {
+namespace {
+
+struct Product {
+    ZELM_INLINE auto operator()(auto a, auto b) const { return a * b; }
+};
+
+template <class T, Description d>
+constexpr Limits matrix_limits = d == Description::pointer                    ? Limits{1701, 1701}
+                                 : d == Description::layout && sizeof(T) == 4 ? Limits{3501, 1501}
+                                                                              : Limits{3501, 3501};
+template <class T, Description d>
+constexpr Limits one_constant_limits = d == Description::pointer ? Limits{1441, 1441}
+                                       : d == Description::standard && sizeof(T) == 4
+                                           ? Limits{2501, 1441}
+                                           : Limits{3601, 1441};
+template <class T, Description d>
+constexpr Limits constant_array_limits = d == Description::pointer  ? Limits{651, 651}
+                                         : d == Description::layout ? Limits{1201, 1201}
+                                                                    : Limits{2101, 2101};
+
+template <class A, class B, class D>
+ZELM_INLINE ZelStatus run(Limits limits, Estimate work, Shape shape, int count, const A &a,
+                          const B &b, const D &d) {
+    return run_objects(
+        limits.serial(work, a.packed() && d.packed()),
+        [shape](int n, const D &z, const A &x, const B &y) {
+            return y8_ownzelm_elementwise(n, shape, Product{}, z, x, y);
+        },
+        count, d, a, b);
+}
+
+template <class A, class B, class D>
+ZELM_INLINE ZelStatus matrix(const A &a, const B &b, const D &d, int width, int height) {
+    if (const ZelStatus s =
+            first_failure(pointers(a, d), sizes(width, height), strides(a, d), shifts(a, d)))
+        return s;
+    return y8_ownzelm_elementwise(1, {height, width}, Product{}, d, a, b);
+}
+template <class A, class B, class D>
+ZELM_INLINE ZelStatus vector(const A &a, const B &b, const D &d, int len) {
+    if (const ZelStatus s = first_failure(pointers(a, d), sizes(len), strides(a, d), shifts(a, d)))
+        return s;
+    return y8_ownzelm_elementwise(1, {1, len}, Product{}, d, a, b);
+}
+template <class A, class B, class D>
+ZELM_INLINE ZelStatus matrices(const A &a, const B &b, const D &d, int width, int height,
+                               int count) {
+    if (const ZelStatus s = first_failure(pointers(a, d), counts(count), sizes(width, height),
+                                          strides(a, d), shifts(a, d)))
+        return s;
+    return run(matrix_limits<typename D::Element, description_of<D>>,
+               Estimate(2) * width * height * count, {height, width}, count, a, b, d);
+}
+template <class A, class B, class D>
+ZELM_INLINE ZelStatus vectors(const A &a, const B &b, const D &d, int len, int count) {
+    if (const ZelStatus s = first_failure(pointers(a, b, d), counts(count), sizes(len),
+                                          strides(a, b, d), shifts(a, b, d)))
+        return s;
+    using T = typename D::Element;
+    if constexpr (B::is_array)
+        return run(constant_array_limits<T, description_of<D>>,
+                   elements<A>(len, count) + elements<B>(len, count) + elements<D>(len, count),
+                   {1, len}, count, a, b, d);
+    else
+        return run(one_constant_limits<T, description_of<D>>, Estimate(2) * len * count, {1, len},
+                   count, a, b, d);
+}
+
+} // namespace
+} // namespace zelm
+
+// clang-format off
+#define SCALE_M(D, T, suffix, kinds, a, b)                                                        \
+    ZELM_MEMBER(zelmMul_##kinds##_##suffix,                                                       \
+                (ZELM_PARAMETERS(D, a, const T, src), ZELM_PARAMETERS(D, b, const T, val),        \
+                 ZELM_PARAMETERS(D, m, T, dst), int width, int height),                           \
+                zelm::matrix(ZELM_OPERAND(D, a, const T, src), ZELM_OPERAND(D, b, const T, val),  \
+                             ZELM_OPERAND(D, m, T, dst), width, height))
+#define SCALE_MA(D, T, suffix, kinds, a, b)                                                       \
+    ZELM_MEMBER(zelmMul_##kinds##_##suffix,                                                       \
+                (ZELM_PARAMETERS(D, a, const T, src), ZELM_PARAMETERS(D, b, const T, val),        \
+                 ZELM_PARAMETERS(D, ma, T, dst), int width, int height, int count),               \
+                zelm::matrices(ZELM_OPERAND(D, a, const T, src), ZELM_OPERAND(D, b, const T, val), \
+                               ZELM_OPERAND(D, ma, T, dst), width, height, count))
+#define SCALE_V(D, T, suffix, kinds, a, b)                                                        \
+    ZELM_MEMBER(zelmMul_##kinds##_##suffix,                                                       \
+                (ZELM_PARAMETERS(D, a, const T, src), ZELM_PARAMETERS(D, b, const T, val),        \
+                 ZELM_PARAMETERS(D, v, T, dst), int len),                                         \
+                zelm::vector(ZELM_OPERAND(D, a, const T, src), ZELM_OPERAND(D, b, const T, val),  \
+                             ZELM_OPERAND(D, v, T, dst), len))
+#define SCALE_VA(D, T, suffix, kinds, a, b)                                                       \
+    ZELM_MEMBER(zelmMul_##kinds##_##suffix,                                                       \
+                (ZELM_PARAMETERS(D, a, const T, src), ZELM_PARAMETERS(D, b, const T, val),        \
+                 ZELM_PARAMETERS(D, va, T, dst), int len, int count),                             \
+                zelm::vectors(ZELM_OPERAND(D, a, const T, src), ZELM_OPERAND(D, b, const T, val), \
+                              ZELM_OPERAND(D, va, T, dst), len, count))
+
+ZELM_SINGLE(SCALE_M, mc, m, c)
+ZELM_SINGLE(SCALE_M, tc, t, c)
+ZELM_SINGLE(SCALE_V, vc, v, c)
+
+ZELM_ARRAY(SCALE_MA, mac,  ma, c)
+ZELM_ARRAY(SCALE_MA, tac,  ta, c)
+ZELM_ARRAY(SCALE_VA, vac,  va, c)
+ZELM_ARRAY(SCALE_VA, vca,  v,  ca)
+ZELM_ARRAY(SCALE_VA, vaca, va, ca)
+// clang-format on

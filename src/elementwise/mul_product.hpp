@@ -1,0 +1,221 @@
+// Mul of a matrix with a matrix or a vector: kernels, limits and entries.
+#pragma once
+
+#include "product.hpp"
+
+#include "../frame/checks.hpp"
+#include "../frame/estimate.hpp"
+#include "../frame/member.hpp"
+#include "../frame/parallel.hpp"
+#include "../frame/walk.hpp"
+
+namespace zelm::products {
+
+template <class T, Description d>
+inline constexpr Limits limits = d == Description::pointer ? Limits{1441, 1441}
+                                 : d == Description::standard && sizeof(T) == 4
+                                     ? Limits{2501, 1441}
+                                     : Limits{3601, 1441};
+
+// The product as it is computed: (M x K) * (K x N). A vector is a matrix of one column.
+struct Sizes {
+    int M, K, N;
+};
+
+// ---- kernels
+// --------------------------------------------------------------------------------------
+
+// Where rows are adjacent, products of these shapes are faster with the rows of b in registers than
+// with an object in each lane.
+template <class T, int N>
+inline constexpr bool rows_win = sizeof(T) == 8 || N == 4 || N == 6;
+
+template <int n, int N, class A, class B, class D>
+void along_rows(int count, const A &a, const B &b, const D &d) {
+    using T = typename D::Element;
+    RowOf<T, N> rows[n];
+    const auto load_rows = [&](int object) __attribute__((always_inline)) {
+        const auto v = b.view(object);
+        unroll<n>(ZELM_EACH(k) { rows[k].load(v.at(k, 0)); });
+    };
+    load_rows(0);
+    for (int object = 0; object < count; ++object) {
+        if (B::is_array)
+            load_rows(object);
+        multiply_rows<n, n, N, T>(view(a, object, {n, n}), rows, d.view(object));
+    }
+}
+
+template <class A, class B, class D>
+void any_shape(Sizes s, const A &a, const B &b, const D &d, int object) {
+    using T = typename D::Element;
+    const auto x = view(a, object, {s.M, s.K});
+    const auto y = view(b, object, {s.K, s.N});
+    const auto z = view(d, object, {s.M, s.N});
+    if (rows_adjacent(b) && rows_adjacent(d))
+        multiply_any<true, T>(x, y, z, s.M, s.K, s.N);
+    else
+        multiply_any<false, T>(x, y, z, s.M, s.K, s.N);
+}
+
+template <int n, int N, class A, class B, class D>
+void in_lanes(int count, const A &a, const B &b, const D &d) {
+    using T = typename D::Element;
+    using S = Lanes<T>;
+    const Footprint left(a, {n, n});
+    const Footprint right(b, {n, N});
+    const Footprint to(d, {n, N});
+    const Overlap overlap(count, {n, N}, to, left, right);
+    S x[n][n], y[n][N];
+    if constexpr (!A::is_array)
+        load_splat<T>(x, view(a, 0, {n, n}));
+    if constexpr (!B::is_array)
+        load_splat<T>(y, view(b, 0, {n, N}));
+    walk<T>(
+        count, overlap,
+        [&](const Group<T> &g) __attribute__((always_inline)) {
+            S p[n][n], q[n][N], r[n][N];
+            if constexpr (A::is_array)
+                load_lanes(p, a, g);
+            if constexpr (B::is_array)
+                load_lanes(q, b, g);
+            multiply(A::is_array ? p : x, B::is_array ? q : y, r);
+            store_lanes(d, g, g.live, r);
+            return g.live;
+        },
+        [&](int object) __attribute__((noinline)) {
+            any_shape({n, n, N}, a, b, d, object);
+            return zelStatusOk;
+        });
+}
+
+template <int n, int N, class A, class B, class D>
+void square(int count, const A &a, const B &b, const D &d) {
+    using T = typename D::Element;
+    if constexpr (N > 1 && !D::is_tabled && (rows_win<T, n> || !D::is_array))
+        if (rows_adjacent(b) && rows_adjacent(d))
+            return along_rows<n, N>(count, a, b, d);
+    if constexpr (D::is_array)
+        in_lanes<n, N>(count, a, b, d);
+    else
+        any_shape({n, n, N}, a, b, d, 0);
+}
+
+template <bool vector, class A, class B, class D>
+ZelStatus y8_ownzelmMul(int count, Sizes s, const A &a, const B &b, const D &d) {
+    if (s.M == s.K && (vector || s.N == s.K)) {
+        switch (s.K) {
+        case 3:
+            square<3, vector ? 1 : 3>(count, a, b, d);
+            return zelStatusOk;
+        case 4:
+            square<4, vector ? 1 : 4>(count, a, b, d);
+            return zelStatusOk;
+        case 5:
+            square<5, vector ? 1 : 5>(count, a, b, d);
+            return zelStatusOk;
+        case 6:
+            square<6, vector ? 1 : 6>(count, a, b, d);
+            return zelStatusOk;
+        }
+    }
+    for (int object = 0; object < count; ++object)
+        any_shape(s, a, b, d, object);
+    return zelStatusOk;
+}
+
+// ---- entries
+// --------------------------------------------------------------------------------------
+
+template <class Operand>
+ZELM_INLINE auto as_matrix(const Operand &op) {
+    if constexpr (Operand::object_rank == 1)
+        return op.as_column();
+    else
+        return op;
+}
+
+template <class A, class B, class D>
+ZELM_INLINE ZelStatus run(const A &a, const B &b, const D &d, Sizes s, int count) {
+    constexpr bool vector = B::object_rank == 1;
+    if constexpr (!D::is_array) {
+        return y8_ownzelmMul<vector>(1, s, as_matrix(a), as_matrix(b), as_matrix(d));
+    } else {
+        const Estimate work = elements<A>(Estimate(s.M) * s.K, count) +
+                              elements<B>(Estimate(s.K) * s.N, count) +
+                              elements<D>(Estimate(s.M) * s.N, count);
+        const bool packed = a.packed() && b.packed() && d.packed();
+        return run_objects(
+            limits<typename D::Element, description_of<D>>.serial(work, packed),
+            [s](int n, const auto &x, const auto &y, const auto &z) {
+                return y8_ownzelmMul<vector>(n, s, x, y, z);
+            },
+            count, as_matrix(a), as_matrix(b), as_matrix(d));
+    }
+}
+
+// The sizes of a matrix as stored become those of the operand as it enters the product.
+struct Stored {
+    int width, height;
+};
+template <bool transposed>
+ZELM_INLINE Stored entering(Stored s) {
+    return transposed ? Stored{s.height, s.width} : s;
+}
+
+template <bool ta, bool tb, class A, class B, class D>
+ZELM_INLINE ZelStatus matrices(const A &a, Stored sa, const B &b, Stored sb, const D &d,
+                               int count = 1) {
+    const Stored x = entering<ta>(sa), y = entering<tb>(sb);
+    if (const ZelStatus s = first_failure(
+            pointers(a, b, d), counts(count), sizes(sa.width, sa.height, sb.width, sb.height),
+            agreement(x.width, y.height), strides(a, b, d), shifts(a, b, d)))
+        return s;
+    return run(a, b, d, {x.height, x.width, y.width}, count);
+}
+template <bool ta, class A, class B, class D>
+ZELM_INLINE ZelStatus vectors(const A &a, Stored sa, const B &b, int len, const D &d,
+                              int count = 1) {
+    const Stored x = entering<ta>(sa);
+    if (const ZelStatus s =
+            first_failure(pointers(a, b, d), counts(count), sizes(sa.width, sa.height, len),
+                          agreement(x.width, len), strides(a, b, d), shifts(a, b, d)))
+        return s;
+    return run(a, b, d, {x.height, x.width, 1}, count);
+}
+
+} // namespace zelm::products
+
+// clang-format off
+#define ZELM_TRANSPOSED_m  false
+#define ZELM_TRANSPOSED_ma false
+#define ZELM_TRANSPOSED_t  true
+#define ZELM_TRANSPOSED_ta true
+
+#define ZELM_MUL_MATRICES_(D, T, suffix, kinds, a, b, d, count_parameter, count)                  \
+    ZELM_MEMBER(zelmMul_##kinds##_##suffix,                                                       \
+                (ZELM_PARAMETERS(D, a, const T, src1), int width1, int height1,                   \
+                 ZELM_PARAMETERS(D, b, const T, src2), int width2, int height2,                   \
+                 ZELM_PARAMETERS(D, d, T, dst) count_parameter),                                  \
+                zelm::products::matrices<ZELM_TRANSPOSED_##a, ZELM_TRANSPOSED_##b>(               \
+                    ZELM_OPERAND(D, a, const T, src1), {width1, height1},                         \
+                    ZELM_OPERAND(D, b, const T, src2), {width2, height2},                         \
+                    ZELM_OPERAND(D, d, T, dst) count))
+#define ZELM_MUL_VECTORS_(D, T, suffix, kinds, a, b, d, count_parameter, count)                   \
+    ZELM_MEMBER(zelmMul_##kinds##_##suffix,                                                       \
+                (ZELM_PARAMETERS(D, a, const T, src1), int width1, int height1,                   \
+                 ZELM_PARAMETERS(D, b, const T, src2), int len2,                                  \
+                 ZELM_PARAMETERS(D, d, T, dst) count_parameter),                                  \
+                zelm::products::vectors<ZELM_TRANSPOSED_##a>(                                     \
+                    ZELM_OPERAND(D, a, const T, src1), {width1, height1},                         \
+                    ZELM_OPERAND(D, b, const T, src2), len2, ZELM_OPERAND(D, d, T, dst) count))
+#define ZELM_COMMA ,
+#define ZELM_MUL_MATRICES(D, T, suffix, kinds, a, b)                                              \
+    ZELM_MUL_MATRICES_(D, T, suffix, kinds, a, b, m, , )
+#define ZELM_MUL_MATRIX_ARRAYS(D, T, suffix, kinds, a, b)                                         \
+    ZELM_MUL_MATRICES_(D, T, suffix, kinds, a, b, ma, ZELM_COMMA int count, ZELM_COMMA count)
+#define ZELM_MUL_VECTOR(D, T, suffix, kinds, a, b)                                                \
+    ZELM_MUL_VECTORS_(D, T, suffix, kinds, a, b, v, , )
+#define ZELM_MUL_VECTOR_ARRAYS(D, T, suffix, kinds, a, b)                                         \
+    ZELM_MUL_VECTORS_(D, T, suffix, kinds, a, b, va, ZELM_COMMA int count, ZELM_COMMA count)
+// clang-format on

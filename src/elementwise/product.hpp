@@ -1,0 +1,106 @@
+// Matrix products, as algorithms over registers. The sum of every element runs over k in ascending
+// order and starts with the first product, so every kernel gives the same bits.
+#pragma once
+
+#include "../frame/operand.hpp"
+
+namespace zelm {
+
+// d = a * b, everything in registers: one object, or one object a lane.
+template <int M, int K, int N, class S>
+ZELM_INLINE void multiply(const S (&a)[M][K], const S (&b)[K][N], S (&d)[M][N]) {
+    unroll<M>(ZELM_EACH(i) {
+        unroll<N>(ZELM_EACH(j) {
+            d[i][j] = a[i][0] * b[0][j];
+            unroll<1, K>(ZELM_EACH(k) { d[i][j] = d[i][j] + a[i][k] * b[k][j]; });
+        });
+    });
+}
+
+// ---- rows in registers
+// ----------------------------------------------------------------------------
+
+// N adjacent elements: whole registers and one that is partly used.
+template <class T, int N>
+struct RowOf {
+    static constexpr int L = lanes_per_register<T>, full = N / L, rest = N % L;
+    static constexpr int registers = full + (rest != 0);
+    Lanes<T> v[registers];
+
+    ZELM_INLINE void load(const char *p) {
+        unroll<full>(ZELM_EACH(c) { v[c] = zelm::load<Lanes<T>>(p + c * register_bytes); });
+        if constexpr (rest != 0)
+            v[full] = load_part<rest, T>(p + full * register_bytes);
+    }
+    ZELM_INLINE void store(char *p) const {
+        unroll<full>(ZELM_EACH(c) { zelm::store<Lanes<T>>(p + c * register_bytes, v[c]); });
+        if constexpr (rest != 0)
+            store_part<rest, T>(p + full * register_bytes, v[full]);
+    }
+};
+
+// d = a * b where the rows of b and d are adjacent: rows of b, each times one element of a.
+template <int M, int K, int N, class T, class A>
+ZELM_INLINE void multiply_rows(const A &a, const RowOf<T, N> (&b)[K], const StridedView<T> &d) {
+    unroll<M>(ZELM_EACH(i) {
+        RowOf<T, N> row;
+        unroll<K>(ZELM_EACH(k) {
+            const Lanes<T> x = splat<Lanes<T>>(get(a, i, k));
+            unroll<RowOf<T, N>::registers>(ZELM_EACH(c) {
+                if constexpr (k == 0)
+                    row.v[c] = x * b[k].v[c];
+                else
+                    row.v[c] = row.v[c] + x * b[k].v[c];
+            });
+        });
+        row.store(d.at(i, 0));
+    });
+}
+
+// ---- any shape
+// ------------------------------------------------------------------------------------
+
+// R rows and V registers of columns of d, from row i and column j on.
+template <class S, int R, int V, class A, class B, class D>
+ZELM_INLINE void multiply_block(const A &a, const B &b, const D &d, int i, int j, int K) {
+    using T = ElementOf<S>;
+    constexpr int L = lanes_of<S>;
+    S sum[R][V];
+    const auto add = [&](int k, bool first) __attribute__((always_inline)) {
+        S row[V];
+        unroll<V>(ZELM_EACH(v) { row[v] = load<S>(b.at(k, j + v * L)); });
+        unroll<R>(ZELM_EACH(r) {
+            const S x = splat<S>(T{get(a, i + r, k)});
+            unroll<V>(ZELM_EACH(v) { sum[r][v] = first ? x * row[v] : sum[r][v] + x * row[v]; });
+        });
+    };
+    add(0, true);
+    for (int k = 1; k < K; ++k)
+        add(k, false);
+    unroll<R>(
+        ZELM_EACH(r) { unroll<V>(ZELM_EACH(v) { store<S>(d.at(i + r, j + v * L), sum[r][v]); }); });
+}
+template <class S, int V, class A, class B, class D>
+ZELM_INLINE void multiply_columns(const A &a, const B &b, const D &d, int M, int K, int j) {
+    int i = 0;
+    for (; i + 4 <= M; i += 4)
+        multiply_block<S, 4, V>(a, b, d, i, j, K);
+    for (; i < M; ++i)
+        multiply_block<S, 1, V>(a, b, d, i, j, K);
+}
+// `adjacent`: the elements of b's and of d's rows are.
+template <bool adjacent, class T, class A, class B, class D>
+void multiply_any(const A &a, const B &b, const D &d, int M, int K, int N) {
+    int j = 0;
+    if constexpr (adjacent) {
+        constexpr int L = lanes_per_register<T>;
+        for (; j + 2 * L <= N; j += 2 * L)
+            multiply_columns<Lanes<T>, 2>(a, b, d, M, K, j);
+        for (; j + L <= N; j += L)
+            multiply_columns<Lanes<T>, 1>(a, b, d, M, K, j);
+    }
+    for (; j < N; ++j)
+        multiply_columns<T, 1>(a, b, d, M, K, j);
+}
+
+} // namespace zelm

@@ -1,0 +1,174 @@
+// Sums and differences: what Add and Sub have in common.
+#pragma once
+
+#include "../frame/checks.hpp"
+#include "../frame/elementwise.hpp"
+#include "../frame/estimate.hpp"
+#include "../frame/member.hpp"
+#include "../frame/parallel.hpp"
+
+namespace zelm::sums {
+
+struct Sum {
+    ZELM_INLINE auto operator()(auto a, auto b) const { return a + b; }
+};
+struct Difference {
+    ZELM_INLINE auto operator()(auto a, auto b) const { return a - b; }
+};
+
+// ---- limits
+// ---------------------------------------------------------------------------------------
+
+template <class T, Description d>
+inline constexpr Limits matrix_limits = d == Description::standard && sizeof(T) == 4
+                                            ? Limits{3000, 2000}
+                                            : Limits{2000, 2000};
+
+template <class T, Description d>
+inline constexpr Limits vector_limits = d == Description::layout    ? Limits{2501, 2501}
+                                        : d == Description::pointer ? Limits{1501, 1501}
+                                        : sizeof(T) == 4            ? Limits{4801, 4801}
+                                                                    : Limits{1401, 1401};
+
+// A constant minus each vector of an array: of 2*count, whatever the length.
+template <class T, Description d>
+inline constexpr Limits constant_first_limits = d == Description::layout    ? Limits{2500, 2500}
+                                                : d == Description::pointer ? Limits{1500, 1500}
+                                                : sizeof(T) == 4            ? Limits{4800, 4800}
+                                                                            : Limits{1400, 1400};
+
+// ---- work
+// -----------------------------------------------------------------------------------------
+
+template <class Op, class... Operands>
+ZELM_INLINE ZelStatus run(Limits limits, Estimate work, Shape shape, int count,
+                          const Operands &...operands) {
+    return run_objects(
+        limits.serial(work, (operands.packed() && ...)),
+        [shape](int n, const Operands &...o) {
+            return y8_ownzelm_elementwise(n, shape, Op{}, o...);
+        },
+        count, operands...);
+}
+template <class Op, class D, class A, class B>
+ZELM_INLINE ZelStatus run_arrays(Limits limits, Shape shape, int count, const D &d, const A &a,
+                                 const B &b) {
+    const Estimate size = Estimate(shape.width) * shape.height;
+    const Estimate work =
+        elements<A>(size, count) + elements<B>(size, count) + elements<D>(size, count);
+    return run<Op>(limits, work, shape, count, d, a, b);
+}
+
+// ---- entries, each with its order of checks
+// -------------------------------------------------------
+
+template <class Op, class A, class B, class D>
+ZELM_INLINE ZelStatus matrices(const A &a, const B &b, const D &d, int width, int height) {
+    if (const ZelStatus s = first_failure(pointers(a, b, d), sizes(width, height), strides(a, b, d),
+                                          shifts(a, b, d)))
+        return s;
+    return y8_ownzelm_elementwise(1, {height, width}, Op{}, d, a, b);
+}
+template <class Op, class A, class B, class D>
+ZELM_INLINE ZelStatus vectors(const A &a, const B &b, const D &d, int len) {
+    if (const ZelStatus s =
+            first_failure(pointers(a, b, d), sizes(len), strides(a, b, d), shifts(a, b, d)))
+        return s;
+    return y8_ownzelm_elementwise(1, {1, len}, Op{}, d, a, b);
+}
+
+template <class Op, class A, class B, class D>
+ZELM_INLINE ZelStatus matrix_arrays(const A &a, const B &b, const D &d, int width, int height,
+                                    int count) {
+    if (const ZelStatus s = first_failure(pointers(a, b, d), counts(count), sizes(width, height),
+                                          strides(a, b, d), shifts(a, b, d)))
+        return s;
+    return run_arrays<Op>(matrix_limits<typename D::Element, description_of<D>>, {height, width},
+                          count, d, a, b);
+}
+// One untransposed matrix beside an array of them: standard operands have their strides checked
+// before the sizes.
+template <class Op, class A, class B, class D>
+ZELM_INLINE ZelStatus matrix_beside_array(const A &a, const B &b, const D &d, int width, int height,
+                                          int count) {
+    if constexpr (description_of<D> != Description::standard)
+        return matrix_arrays<Op>(a, b, d, width, height, count);
+    if (const ZelStatus s =
+            first_failure(pointers(a, b, d), counts(count), strides(a, b, d), sizes(width, height)))
+        return s;
+    return run_arrays<Op>(matrix_limits<typename D::Element, description_of<D>>, {height, width},
+                          count, d, a, b);
+}
+
+template <class Op, class A, class B, class D>
+ZELM_INLINE ZelStatus run_vectors(const A &a, const B &b, const D &d, int len, int count) {
+    return run_arrays<Op>(vector_limits<typename D::Element, description_of<D>>, {1, len}, count, d,
+                          a, b);
+}
+template <class Op, class A, class B, class D>
+ZELM_INLINE ZelStatus vector_arrays(const A &a, const B &b, const D &d, int len, int count) {
+    if (const ZelStatus s = first_failure(pointers(a, b, d), counts(count), sizes(len),
+                                          strides(a, b, d), shifts(a, b, d)))
+        return s;
+    return run_vectors<Op>(a, b, d, len, count);
+}
+// An array with one vector: the count late, in layout form last of all.
+template <class Op, class A, class B, class D>
+ZELM_INLINE ZelStatus array_with_vector(const A &a, const B &b, const D &d, int len, int count) {
+    if constexpr (description_of<D> == Description::layout) {
+        if (const ZelStatus s = first_failure(pointers(a, b, d), sizes(len), strides(a, b, d),
+                                              shifts(a, b, d), counts(count)))
+            return s;
+    } else {
+        if (const ZelStatus s = first_failure(pointers(a, b, d), sizes(len), strides(a, b, d),
+                                              counts(count), shifts(a, b, d)))
+            return s;
+    }
+    return run_vectors<Op>(a, b, d, len, count);
+}
+// The distance between the objects of `a` may be anything.
+template <class Op, class A, class B, class D>
+ZELM_INLINE ZelStatus vector_arrays_any_first_stride(const A &a, const B &b, const D &d, int len,
+                                                     int count) {
+    if (const ZelStatus s = first_failure(pointers(a, b, d), counts(count), sizes(len),
+                                          strides(b, d), shifts(a, b, d)))
+        return s;
+    return run_vectors<Op>(a, b, d, len, count);
+}
+template <class Op, class A, class B, class D>
+ZELM_INLINE ZelStatus constant_with_array(const A &a, const B &b, const D &d, int len, int count) {
+    if (const ZelStatus s = first_failure(pointers(a, b, d), counts(count), sizes(len),
+                                          strides(a, b, d), shifts(a, b, d)))
+        return s;
+    return run<Op>(constant_first_limits<typename D::Element, description_of<D>>,
+                   Estimate(2) * count, {1, len}, count, d, a, b);
+}
+
+} // namespace zelm::sums
+
+// M-macros of the lists: operation, kinds, the two sources' kinds, the destination's, the entry.
+// clang-format off
+#define ZELM_SUM_OPERANDS(D, T, a, b, d)                                                          \
+    ZELM_OPERAND(D, a, const T, src1), ZELM_OPERAND(D, b, const T, src2), ZELM_OPERAND(D, d, T, dst)
+#define ZELM_SUM_PARAMETERS(D, T, a, b, d)                                                        \
+    ZELM_PARAMETERS(D, a, const T, src1), ZELM_PARAMETERS(D, b, const T, src2),                   \
+    ZELM_PARAMETERS(D, d, T, dst)
+
+#define ZELM_SUM_M(D, T, suffix, name, Op, kinds, a, b, entry)                                    \
+    ZELM_MEMBER(name##_##kinds##_##suffix,                                                        \
+                (ZELM_SUM_PARAMETERS(D, T, a, b, m), int width, int height),                      \
+                zelm::sums::entry<zelm::sums::Op>(ZELM_SUM_OPERANDS(D, T, a, b, m), width, height))
+#define ZELM_SUM_MA(D, T, suffix, name, Op, kinds, a, b, entry)                                   \
+    ZELM_MEMBER(name##_##kinds##_##suffix,                                                        \
+                (ZELM_SUM_PARAMETERS(D, T, a, b, ma), int width, int height, int count),          \
+                zelm::sums::entry<zelm::sums::Op>(ZELM_SUM_OPERANDS(D, T, a, b, ma), width,       \
+                                                  height, count))
+#define ZELM_SUM_V(D, T, suffix, name, Op, kinds, a, b, entry)                                    \
+    ZELM_MEMBER(name##_##kinds##_##suffix,                                                        \
+                (ZELM_SUM_PARAMETERS(D, T, a, b, v), int len),                                    \
+                zelm::sums::entry<zelm::sums::Op>(ZELM_SUM_OPERANDS(D, T, a, b, v), len))
+#define ZELM_SUM_VA(D, T, suffix, name, Op, kinds, a, b, entry)                                   \
+    ZELM_MEMBER(name##_##kinds##_##suffix,                                                        \
+                (ZELM_SUM_PARAMETERS(D, T, a, b, va), int len, int count),                        \
+                zelm::sums::entry<zelm::sums::Op>(ZELM_SUM_OPERANDS(D, T, a, b, va), len, count))
+// clang-format on

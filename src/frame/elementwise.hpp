@@ -1,0 +1,358 @@
+// The element-wise engine: destination element = op(first, second) for every element of every
+// object.
+//
+// Standard and layout operands are nests of three axes (object, row, column), each operand with a
+// stride per axis and stride 0 for what is repeated: a single operand beside an array, a constant.
+// Axes that are dense in every operand merge; the axis that is contiguous in the destination goes
+// innermost where the destination does not overlap itself. Packed, padded, planar and transposed
+// memory so end in the same few loops. Operands in the pointer description are one line along the
+// objects for every element.
+//
+// An element is read before its result is written and no other element is read in between, or only
+// elements of the same register: a destination in the memory of a source, element for element, is
+// safe in every loop.
+#pragma once
+
+#include "operand.hpp"
+
+#include <tuple>
+
+namespace zelm {
+namespace elementwise {
+
+// How a line's elements follow one another.
+enum class Run { adjacent, repeated, apart };
+
+template <int operands>
+struct Axis {
+    Distance extent = 1;
+    Distance stride[operands] = {};
+};
+
+// ---- a line: n elements along one axis
+// ------------------------------------------------------------
+
+template <class S, Run run>
+ZELM_INLINE S load_run(const char *p, Distance stride) {
+    using T = ElementOf<S>;
+    if constexpr (lanes_of<S> == 1)
+        return load<T>(p);
+    else if constexpr (run == Run::adjacent)
+        return load<S>(p);
+    else if constexpr (run == Run::repeated)
+        return splat<S>(load<T>(p));
+    else if constexpr (lanes_of<S> == 4)
+        return S{load<T>(p), load<T>(p + stride), load<T>(p + 2 * stride), load<T>(p + 3 * stride)};
+    else
+        return S{load<T>(p), load<T>(p + stride)};
+}
+
+// One step: a register (or an element) of every operand from element j on.
+template <class S, class Op, Run... runs, std::size_t... k>
+ZELM_INLINE void step(const Op &op, char *d, const char *const *s, const Distance *stride,
+                      Distance j, std::index_sequence<k...>) {
+    store<S>(d + j * stride[0], op(load_run<S, runs>(s[k] + j * stride[k + 1], stride[k + 1])...));
+}
+
+// The destination adjacent: registers, then the rest element by element.
+template <class T, class Op, Run... runs>
+void line_adjacent(const Op &op, char *d, const char *const *s, const Distance *stride,
+                   Distance n) {
+    using S = Lanes<T>;
+    constexpr auto sources = std::make_index_sequence<sizeof...(runs)>{};
+    constexpr Distance L = lanes_of<S>;
+    Distance j = 0;
+    for (; j + 4 * L <= n; j += 4 * L)
+        unroll<4>(ZELM_EACH(u) { step<S, Op, runs...>(op, d, s, stride, j + u * L, sources); });
+    for (; j + L <= n; j += L)
+        step<S, Op, runs...>(op, d, s, stride, j, sources);
+    for (; j < n; ++j)
+        step<T, Op, runs...>(op, d, s, stride, j, sources);
+}
+template <class T, class Op, std::size_t... k>
+void line_apart(const Op &op, char *d, const char *const *s, const Distance *stride, Distance n,
+                std::index_sequence<k...> sources) {
+    for (Distance j = 0; j < n; ++j)
+        step<T, Op, (void(k), Run::apart)...>(op, d, s, stride, j, sources);
+}
+
+// Chooses the loop for each source's run.
+template <class T, int sources, class Op, Run... chosen>
+ZELM_INLINE void line(const Op &op, char *d, const char *const *s, const Distance *stride,
+                      Distance n) {
+    constexpr int k = sizeof...(chosen);
+    constexpr Distance element = sizeof(T);
+    if constexpr (k == 0)
+        if (stride[0] != element)
+            return line_apart<T>(op, d, s, stride, n, std::make_index_sequence<sources>{});
+    if constexpr (k == sources)
+        line_adjacent<T, Op, chosen...>(op, d, s, stride, n);
+    else if (stride[k + 1] == element)
+        line<T, sources, Op, chosen..., Run::adjacent>(op, d, s, stride, n);
+    else if (stride[k + 1] == 0)
+        line<T, sources, Op, chosen..., Run::repeated>(op, d, s, stride, n);
+    else
+        line<T, sources, Op, chosen..., Run::apart>(op, d, s, stride, n);
+}
+
+// ---- short rows: W elements, W known at compile time
+// ----------------------------------------------
+
+template <class T, int W, class Op, Run... runs, std::size_t... k>
+ZELM_INLINE void short_row(const Op &op, char *d, const char *const *s, const Distance *stride,
+                           std::index_sequence<k...> sources) {
+    using S = Lanes<T>;
+    constexpr int L = lanes_of<S>, rest = W % L;
+    unroll<W / L>(ZELM_EACH(c) { step<S, Op, runs...>(op, d, s, stride, c * L, sources); });
+    if constexpr (rest == 1) {
+        step<T, Op, runs...>(op, d, s, stride, W - 1, sources);
+    } else if constexpr (rest > 1) {
+        constexpr Distance at = (W - rest) * Distance{sizeof(T)};
+        const auto part = [&]<Run run>(const char *p, Distance apart)
+            __attribute__((always_inline)) {
+            if constexpr (run == Run::adjacent)
+                return load_part<rest, T>(p + at);
+            else if constexpr (run == Run::repeated)
+                return splat<S>(load<T>(p));
+            else {
+                S v = {};
+                unroll<rest>(ZELM_EACH(e) { v[int{e}] = load<T>(p + (W - rest + e) * apart); });
+                return v;
+            }
+        };
+        store_part<rest, T>(d + at, op(part.template operator()<runs>(s[k], stride[k + 1])...));
+    }
+}
+
+// ---- nests: two axes of each object inside, the objects outside
+// ----------------------------------
+
+template <int operands>
+struct Nest {
+    Axis<operands> object, outer, inner;
+};
+
+// Where object n of every operand begins: at a distance, or by a table. In the second case an
+// operand that is not an array is a table of one pointer, read again for every object.
+template <int operands>
+struct AffineObjects {
+    char *base[operands];
+    const Axis<operands> &axis;
+
+    ZELM_INLINE char *operator()(int k, Distance n) const { return base[k] + n * axis.stride[k]; }
+};
+template <int operands>
+struct TableObjects {
+    const char *table[operands];
+    Distance step[operands], shift[operands];
+
+    ZELM_INLINE char *operator()(int k, Distance n) const {
+        return load<char *>(table[k] + n * step[k]) + shift[k];
+    }
+};
+
+template <int operands, class Objects, class Row>
+ZELM_INLINE void for_each_row(const Nest<operands> &nest, const Objects &objects, const Row &row) {
+    for (Distance n = 0; n < nest.object.extent; ++n) {
+        char *p[operands];
+        unroll<operands>(ZELM_EACH(k) { p[k] = objects(k, n); });
+        for (Distance i = 0; i < nest.outer.extent; ++i) {
+            row(p[0], p + 1);
+            unroll<operands>(ZELM_EACH(k) { p[k] += nest.outer.stride[k]; });
+        }
+    }
+}
+
+inline constexpr int longest_short_row = 6;
+
+template <class T, int W, int sources, class Objects, class Op, Run... chosen>
+void short_rows(const Nest<sources + 1> &nest, const Objects &objects, const Op &op) {
+    constexpr int k = sizeof...(chosen);
+    if constexpr (k == sources) {
+        Distance stride[sources + 1];
+        unroll<sources + 1>(ZELM_EACH(i) { stride[i] = nest.inner.stride[i]; });
+        for_each_row(
+            nest, objects, [&](char *d, const char *const *s) __attribute__((always_inline)) {
+                short_row<T, W, Op, chosen...>(op, d, s, stride,
+                                               std::make_index_sequence<sources>{});
+            });
+    } else if (nest.inner.stride[k + 1] == Distance{sizeof(T)}) {
+        short_rows<T, W, sources, Objects, Op, chosen..., Run::adjacent>(nest, objects, op);
+    } else {
+        short_rows<T, W, sources, Objects, Op, chosen..., Run::apart>(nest, objects, op);
+    }
+}
+
+template <class T, int W, int sources, class Objects, class Op>
+ZELM_INLINE void short_rows_of(const Nest<sources + 1> &nest, const Objects &objects,
+                               const Op &op) {
+    if (nest.inner.extent == W)
+        return short_rows<T, W, sources>(nest, objects, op);
+    if constexpr (W > 1)
+        short_rows_of<T, W - 1, sources>(nest, objects, op);
+}
+
+template <class T, int sources, class Objects, class Op>
+void run(const Nest<sources + 1> &nest, const Objects &objects, const Op &op) {
+    if (nest.inner.extent <= longest_short_row && nest.inner.stride[0] == Distance{sizeof(T)})
+        return short_rows_of<T, longest_short_row, sources>(nest, objects, op);
+    for_each_row(nest, objects, [&](char *d, const char *const *s) {
+        line<T, sources, Op>(op, d, s, nest.inner.stride, nest.inner.extent);
+    });
+}
+
+// Merges `from` into `to`, which lies inside it, where both are one axis in every operand.
+template <int operands>
+ZELM_INLINE void merge(Axis<operands> &from, Axis<operands> &to) {
+    bool one = true;
+    for (int k = 0; k < operands; ++k)
+        one = one && from.stride[k] == to.stride[k] * to.extent;
+    if (from.extent == 1 || one) {
+        to.extent *= from.extent;
+        from = {};
+    } else if (to.extent == 1) {
+        to = from;
+        from = {};
+    }
+}
+// Whether the destination's elements lie apart, the axes given from the innermost on.
+template <int operands>
+ZELM_INLINE bool inside(const Axis<operands> &inner, const Axis<operands> &outer) {
+    return outer.extent == 1 || outer.stride[0] >= inner.stride[0] * inner.extent;
+}
+
+template <int operands>
+void merge_axes(Nest<operands> &nest) {
+    merge(nest.outer, nest.inner);
+    merge(nest.object, nest.outer);
+    merge(nest.outer, nest.inner);
+}
+
+// Innermost the axis with the smallest step in the destination, then merge.
+template <int operands>
+void arrange(Nest<operands> &nest, bool objects_too) {
+    Axis<operands> inner = nest.inner, outer = nest.outer, object = nest.object;
+    const auto order = [](Axis<operands> &in, Axis<operands> &out) {
+        if (in.extent == 1 || (out.extent != 1 && out.stride[0] < in.stride[0]))
+            std::swap(in, out);
+    };
+    order(inner, outer);
+    if (objects_too) {
+        order(outer, object);
+        order(inner, outer);
+    }
+    if (inside(inner, outer) && (!objects_too || inside(outer, object)))
+        nest = {object, outer, inner};
+    if (objects_too)
+        merge_axes(nest);
+    else
+        merge(nest.outer, nest.inner);
+}
+
+// ---- operands to nests
+// ----------------------------------------------------------------------------
+
+template <int k, int operands, class Operand>
+ZELM_INLINE void add_operand(Nest<operands> &nest, const Operand &op) {
+    if constexpr (!Operand::has_table)
+        nest.object.stride[k] = op.step();
+    const auto v = op.view(0);
+    nest.outer.stride[k] = v.stride1;
+    nest.inner.stride[k] = v.stride2;
+}
+
+template <class T, class Op, class... Operands, std::size_t... k>
+void nested(int count, Shape shape, const Op &op, std::index_sequence<k...>,
+            const Operands &...operand) {
+    constexpr int operands = sizeof...(Operands);
+    constexpr bool tables = (Operands::has_table || ...);
+    Nest<operands> nest;
+    nest.object.extent = count;
+    nest.outer.extent = shape.height;
+    nest.inner.extent = shape.width;
+    (add_operand<k>(nest, operand), ...);
+    arrange(nest, !tables);
+    if constexpr (tables) {
+        const char *one[operands] = {}; // what stands beside the arrays
+        TableObjects<operands> objects;
+        const auto add = [&]<class Operand>(int i, const Operand &o) {
+            if constexpr (Operand::has_table) {
+                objects.table[i] = reinterpret_cast<const char *>(o.table);
+                objects.step[i] = sizeof(char *);
+                objects.shift[i] = o.shift;
+            } else {
+                one[i] = o.object(0);
+                objects.table[i] = reinterpret_cast<const char *>(&one[i]);
+                objects.step[i] = objects.shift[i] = 0;
+            }
+        };
+        (add(k, operand), ...);
+        run<T, operands - 1>(nest, objects, op);
+    } else {
+        const AffineObjects<operands> objects = {{const_cast<char *>(operand.object(0))...},
+                                                 nest.object};
+        run<T, operands - 1>(nest, objects, op);
+    }
+}
+
+// Elements given by tables: a line along the objects for each. In blocks, so that memory in which
+// objects lie whole is passed over once.
+template <class Operand>
+ZELM_INLINE char *element(const Operand &op, int n, Shape shape, int i, int j) {
+    return const_cast<char *>(view(op, n, shape).at(i, j));
+}
+template <class T, class Op, class Destination, class... Sources>
+void along_objects(int count, Shape shape, const Op &op, const Destination &d,
+                   const Sources &...s) {
+    constexpr int block = 256, sources = sizeof...(Sources);
+    const Distance stride[] = {d.step(), s.step()...};
+    for (int first = 0; first < count; first += block) {
+        const int n = count - first < block ? count - first : block;
+        for (int i = 0; i < shape.height; ++i)
+            for (int j = 0; j < shape.width; ++j) {
+                const char *const from[] = {element(s, first, shape, i, j)...};
+                line<T, sources, Op>(op, element(d, first, shape, i, j), from, stride, n);
+            }
+    }
+}
+
+// One object: its rows, as one line where they are one.
+template <class T, class Op, class Destination, class... Sources>
+ZELM_INLINE void object(Shape shape, const Op &op, const Destination &d, const Sources &...s) {
+    constexpr int sources = sizeof...(Sources);
+    if constexpr (Destination::is_tabled) {
+        for (int i = 0; i < shape.height; ++i)
+            for (int j = 0; j < shape.width; ++j)
+                store<T>(element(d, 0, shape, i, j), op(load<T>(element(s, 0, shape, i, j))...));
+    } else {
+        const Distance stride[] = {d.view(0).stride2, s.view(0).stride2...};
+        const auto dense = [shape](const auto &o) {
+            return o.view(0).stride1 == o.view(0).stride2 * shape.width;
+        };
+        const bool one = shape.height == 1 || (dense(d) && (dense(s) && ...));
+        const Distance n = one ? Distance{shape.width} * shape.height : shape.width;
+        for (int i = 0; i < (one ? 1 : shape.height); ++i) {
+            const char *const from[] = {view(s, 0, shape).at(i, 0)...};
+            line<T, sources, Op>(op, d.view(0).at(i, 0), from, stride, n);
+        }
+    }
+}
+
+} // namespace elementwise
+
+// d = op(s...) on count objects. The operands are of one description; constants are in none.
+template <class Op, class Destination, class... Sources>
+ZelStatus y8_ownzelm_elementwise(int count, Shape shape, const Op &op, const Destination &d,
+                                 const Sources &...s) {
+    using T = typename Destination::Element;
+    if constexpr (!Destination::is_array)
+        elementwise::object<T>(shape, op, d, s...);
+    else if constexpr (Destination::is_tabled)
+        elementwise::along_objects<T>(count, shape, op, d, s...);
+    else
+        elementwise::nested<T>(count, shape, op, std::make_index_sequence<sizeof...(Sources) + 1>{},
+                               d, s...);
+    return zelStatusOk;
+}
+
+} // namespace zelm

@@ -1,0 +1,194 @@
+// Registers of lanes: the one place that knows how wide a register is.
+//
+// An algorithm is a template over a scalar-like type S: an element type T (float, double) or
+// Lanes<T>, one object per lane. It uses + - * /, comparisons, select, magnitude and nothing else,
+// so a lane computes exactly what the scalar instance computes.
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <immintrin.h>
+#include <type_traits>
+#include <utility>
+
+#define ZELM_INLINE [[gnu::always_inline]] inline
+
+namespace zelm {
+
+inline constexpr int register_bytes = 16;
+
+template <class T>
+inline constexpr int lanes_per_register = register_bytes / static_cast<int>(sizeof(T));
+
+namespace detail {
+template <class T>
+struct Register {
+    typedef T type __attribute__((vector_size(register_bytes)));
+};
+template <class S>
+struct Traits { // a plain element: one lane
+    using Element = S;
+    using Mask = bool;
+    using Index = int;
+    static constexpr int lanes = 1;
+};
+template <class T, class Int>
+struct LaneTraits {
+    using Element = T;
+    using Mask = typename Register<Int>::type;
+    using Index = typename Register<Int>::type;
+    static constexpr int lanes = lanes_per_register<T>;
+};
+template <>
+struct Traits<Register<float>::type> : LaneTraits<float, std::int32_t> {};
+template <>
+struct Traits<Register<double>::type> : LaneTraits<double, std::int64_t> {};
+} // namespace detail
+
+template <class T>
+using Lanes = typename detail::Register<T>::type;
+template <class S>
+using ElementOf = typename detail::Traits<S>::Element;
+template <class S>
+using MaskOf = typename detail::Traits<S>::Mask;
+template <class S>
+using IndexOf = typename detail::Traits<S>::Index; // as wide as an element, lane by lane
+template <class S>
+inline constexpr int lanes_of = detail::Traits<S>::lanes;
+
+// Runs f(0) ... f(N - 1) with the number as a compile-time constant: loops over register arrays
+// written this way leave no index behind, so the arrays stay in registers.
+template <int N, class F>
+ZELM_INLINE constexpr void unroll(F &&f) {
+    [&]<int... i>(std::integer_sequence<int, i...>) __attribute__((always_inline)) {
+        (f(std::integral_constant<int, i>{}), ...);
+    }
+    (std::make_integer_sequence<int, N>{});
+}
+template <int From, int To, class F>
+ZELM_INLINE constexpr void unroll(F &&f) {
+    if constexpr (From < To)
+        [&]<int... i>(std::integer_sequence<int, i...>) __attribute__((always_inline)) {
+            (f(std::integral_constant<int, From + i>{}), ...);
+        }
+    (std::make_integer_sequence<int, To - From>{});
+}
+#define ZELM_EACH(i) [&](auto i) __attribute__((always_inline))
+
+// Every lane x.
+template <class S>
+ZELM_INLINE S splat(ElementOf<S> x) {
+    if constexpr (lanes_of<S> == 1)
+        return x;
+    else
+        return S{} + x;
+}
+template <>
+ZELM_INLINE Lanes<float> splat<Lanes<float>>(float x) {
+    return Lanes<float>{x, x, x, x};
+}
+template <>
+ZELM_INLINE Lanes<double> splat<Lanes<double>>(double x) {
+    return Lanes<double>{x, x};
+}
+template <class S>
+ZELM_INLINE IndexOf<S> splat_index(int i) {
+    return IndexOf<S>{} + i;
+}
+
+template <class M, class V>
+ZELM_INLINE V select(M mask, V yes, V no) {
+    return mask ? yes : no;
+}
+
+ZELM_INLINE float magnitude(float x) { return __builtin_fabsf(x); }
+ZELM_INLINE double magnitude(double x) { return __builtin_fabs(x); }
+ZELM_INLINE Lanes<float> magnitude(Lanes<float> x) {
+    return (Lanes<float>)((Lanes<std::int32_t>)x & 0x7fffffff);
+}
+ZELM_INLINE Lanes<double> magnitude(Lanes<double> x) {
+    return (Lanes<double>)((Lanes<std::int64_t>)x & 0x7fffffffffffffff);
+}
+
+// The mask with no lane set, and the lanes of a mask as bits, lane 0 lowest.
+template <class S>
+ZELM_INLINE MaskOf<S> no_lane() {
+    return MaskOf<S>{};
+}
+ZELM_INLINE unsigned lane_bits(bool mask) { return mask; }
+ZELM_INLINE unsigned lane_bits(Lanes<std::int32_t> mask) {
+    return static_cast<unsigned>(_mm_movemask_ps((__m128)mask));
+}
+ZELM_INLINE unsigned lane_bits(Lanes<std::int64_t> mask) {
+    return static_cast<unsigned>(_mm_movemask_pd((__m128d)mask));
+}
+
+// ---- memory -----------------------------------------------------------------------------------
+// Addresses need no alignment, not even the element's.
+
+template <class V>
+ZELM_INLINE V load(const void *p) {
+    V v;
+    __builtin_memcpy(&v, p, sizeof v);
+    return v;
+}
+template <class V>
+ZELM_INLINE void store(void *p, std::type_identity_t<V> v) {
+    __builtin_memcpy(p, &v, sizeof v);
+}
+
+// The first K elements at p, in the low lanes; the other lanes are 0.
+template <int K, class T>
+ZELM_INLINE Lanes<T> load_part(const char *p) {
+    static_assert(K >= 1 && K <= lanes_per_register<T>);
+    if constexpr (K == lanes_per_register<T>)
+        return load<Lanes<T>>(p);
+    else if constexpr (sizeof(T) == 8)
+        return Lanes<T>{load<T>(p), T{0}};
+    else if constexpr (K == 1)
+        return Lanes<T>{load<T>(p), T{0}, T{0}, T{0}};
+    else {
+        const Lanes<T> low = (Lanes<T>)_mm_loadl_epi64(reinterpret_cast<const __m128i *>(p));
+        if constexpr (K == 2)
+            return low;
+        else
+            return (Lanes<T>)_mm_movelh_ps(
+                (__m128)low, (__m128)Lanes<T>{load<T>(p + 2 * sizeof(T)), T{0}, T{0}, T{0}});
+    }
+}
+// The low K lanes of v to p.
+template <int K, class T>
+ZELM_INLINE void store_part(char *p, Lanes<T> v) {
+    static_assert(K >= 1 && K <= lanes_per_register<T>);
+    if constexpr (K == lanes_per_register<T>)
+        store<Lanes<T>>(p, v);
+    else if constexpr (K == 1)
+        store<T>(p, v[0]);
+    else {
+        store<double>(p, ((Lanes<double>)v)[0]);
+        if constexpr (K == 3)
+            store<T>(p + 2 * sizeof(T), v[2]);
+    }
+}
+
+// ---- transposes ---------------------------------------------------------------------------------
+
+// Rows to columns: v[l] holds K consecutive elements of object l; afterwards v[e] holds element e
+// of every object, for e < K. The same exchange turns columns back into rows.
+ZELM_INLINE void transpose(Lanes<float> (&v)[4]) {
+    const __m128 a = (__m128)v[0], b = (__m128)v[1], c = (__m128)v[2], d = (__m128)v[3];
+    const __m128 ab = _mm_unpacklo_ps(a, b), cd = _mm_unpacklo_ps(c, d);
+    const __m128 AB = _mm_unpackhi_ps(a, b), CD = _mm_unpackhi_ps(c, d);
+    v[0] = (Lanes<float>)_mm_movelh_ps(ab, cd);
+    v[1] = (Lanes<float>)_mm_movehl_ps(cd, ab);
+    v[2] = (Lanes<float>)_mm_movelh_ps(AB, CD);
+    v[3] = (Lanes<float>)_mm_movehl_ps(CD, AB);
+}
+ZELM_INLINE void transpose(Lanes<double> (&v)[2]) {
+    const __m128d a = (__m128d)v[0], b = (__m128d)v[1];
+    v[0] = (Lanes<double>)_mm_unpacklo_pd(a, b);
+    v[1] = (Lanes<double>)_mm_unpackhi_pd(a, b);
+}
+
+} // namespace zelm

@@ -1,0 +1,158 @@
+#include "lu.hpp"
+#include "lu_general.hpp"
+
+#include "../frame/checks.hpp"
+#include "../frame/estimate.hpp"
+#include "../frame/member.hpp"
+#include "../frame/parallel.hpp"
+#include "../frame/walk.hpp"
+
+namespace zelm {
+namespace {
+
+constexpr Limits limits = {1001, 1001}; // of n*n*count
+
+// Order 3 to 6. Each row is written once it is final: after a failure the rows before the failing
+// one are, and the exchanges made so far.
+template <int N, class T, class Source, class Destination>
+ZelStatus factor_object(const Source &source, int *index, const Destination &destination) {
+    T a[N][N];
+    int p[N];
+    unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { a[i][j] = get(source, i, j); }); });
+    const bool failed = factor<N>(
+        a, p, straight_line_threshold<T>,
+        ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { put(destination, p[i], j, a[i][j]); }); });
+    unroll<N>(ZELM_EACH(i) { index[i] = p[i]; });
+    return failed ? zelStatusSingular : zelStatusOk;
+}
+
+// Any other order, in the destination; where its elements are apart, on the stack.
+template <class T, class Source, class Destination>
+ZelStatus factor_object(int n, const Source &source, int *index, const Destination &destination,
+                        bool packed) {
+    const auto copy = [n](const auto &from, const auto &to) {
+        for (int i = 0; i < n; ++i)
+            for (int j = 0; j < n; ++j)
+                put(to, i, j, T{get(from, i, j)});
+    };
+    constexpr int largest_tile = 64; // 32 KiB of double
+    if (!packed && n <= largest_tile) {
+        alignas(register_bytes) char tile[largest_tile * largest_tile * sizeof(T)];
+        const StridedView<T> t = {tile, n * Distance{sizeof(T)}, sizeof(T)};
+        copy(source, t);
+        const ZelStatus status = factor_in_place<T, true>(t, index, n);
+        copy(t, destination);
+        return status;
+    }
+    copy(source, destination);
+    return packed ? factor_in_place<T, true>(destination, index, n)
+                  : factor_in_place<T, false>(destination, index, n);
+}
+
+template <class Source, class Destination>
+ZelStatus y8_ownzelmLUDecomp_m(const Source &source, int *index, const Destination &destination,
+                               int n, int object) {
+    using T = typename Source::Element;
+    const auto from = view(source, object, {n, n});
+    const auto to = view(destination, object, {n, n});
+    switch (n) {
+    case 3:
+        return factor_object<3, T>(from, index, to);
+    case 4:
+        return factor_object<4, T>(from, index, to);
+    case 5:
+        return factor_object<5, T>(from, index, to);
+    case 6:
+        return factor_object<6, T>(from, index, to);
+    default:
+        return factor_object<T>(n, from, index, to, rows_adjacent(destination));
+    }
+}
+
+template <int N, class Source, class Destination>
+ZelStatus factor_array(const Source &source, IndexRows<int> index, const Destination &destination,
+                       int count) {
+    using T = typename Source::Element;
+    using S = Lanes<T>;
+    const Shape shape = {N, N};
+    const Footprint from(source, shape);
+    const Footprint to(destination, shape);
+    const Overlap overlap(count, shape, to, from);
+    return walk<T>(
+        count, overlap,
+        [&](const Group<T> &g) __attribute__((always_inline)) {
+            S a[N][N];
+            IndexOf<S> p[N];
+            load_lanes(a, source, g);
+            const auto failing = factor<N>(a, p, straight_line_threshold<T>, ZELM_EACH(){});
+            const int commit = g.passing(failing);
+            store_lanes(destination, g, commit, a, ComputedRows<T, N>{p});
+            store_numbers<T, N>(index, g, commit, p);
+            return commit;
+        },
+        [&](int n) __attribute__((noinline)) {
+            return y8_ownzelmLUDecomp_m(source, index.row(n), destination, N, n);
+        });
+}
+
+template <class Source, class Destination>
+ZelStatus y8_ownzelmLUDecomp_ma(int count, const Source &source, const IndexRows<int> &index,
+                                const Destination &destination) {
+    switch (index.length) {
+    case 3:
+        return factor_array<3>(source, index, destination, count);
+    case 4:
+        return factor_array<4>(source, index, destination, count);
+    case 5:
+        return factor_array<5>(source, index, destination, count);
+    case 6:
+        return factor_array<6>(source, index, destination, count);
+    default:
+        for (int k = 0; k < count; ++k)
+            if (const ZelStatus status =
+                    y8_ownzelmLUDecomp_m(source, index.row(k), destination, index.length, k))
+                return status;
+        return zelStatusOk;
+    }
+}
+
+template <class Source, class Destination>
+ZELM_INLINE ZelStatus lu_decomp(const Source &source, int *index, const Destination &destination,
+                                int n) {
+    if (const ZelStatus s =
+            first_failure(pointers(source, index, destination), sizes(n),
+                          strides(source, destination), shifts(source, destination)))
+        return s;
+    return y8_ownzelmLUDecomp_m(source, index, destination, n, 0);
+}
+
+template <class Source, class Destination>
+ZELM_INLINE ZelStatus lu_decomp(const Source &source, int *index, const Destination &destination,
+                                int n, int count) {
+    if (const ZelStatus s =
+            first_failure(pointers(source, index, destination), counts(count), sizes(n),
+                          strides(source, destination), shifts(source, destination)))
+        return s;
+    return run_objects(limits.serial(Estimate(n) * n * count, true),
+                       y8_ownzelmLUDecomp_ma<Source, Destination>, count, source,
+                       IndexRows<int>{index, n}, destination);
+}
+
+} // namespace
+} // namespace zelm
+
+#define LU_M(D, T, suffix, kind)                                                                   \
+    ZELM_MEMBER(zelmLUDecomp_##kind##_##suffix,                                                    \
+                (ZELM_PARAMETERS(D, kind, const T, src), int *index,                               \
+                 ZELM_PARAMETERS(D, kind, T, dst), int n),                                         \
+                zelm::lu_decomp(ZELM_OPERAND(D, kind, const T, src), index,                        \
+                                ZELM_OPERAND(D, kind, T, dst), n))
+#define LU_MA(D, T, suffix, kind)                                                                  \
+    ZELM_MEMBER(zelmLUDecomp_##kind##_##suffix,                                                    \
+                (ZELM_PARAMETERS(D, kind, const T, src), int *index,                               \
+                 ZELM_PARAMETERS(D, kind, T, dst), int n, int count),                              \
+                zelm::lu_decomp(ZELM_OPERAND(D, kind, const T, src), index,                        \
+                                ZELM_OPERAND(D, kind, T, dst), n, count))
+
+ZELM_SINGLE(LU_M, m)
+ZELM_ARRAY(LU_MA, ma)
