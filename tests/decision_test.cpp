@@ -1,0 +1,249 @@
+// Serial or parallel: seen through the stand-in companion library, which must come first in the
+// library path. Limits are typed here, not read from the library.
+
+#include "stub_core/stub_core.hpp"
+#include "support/problem.hpp"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace zelm_test;
+
+namespace {
+
+// The largest estimates that stay serial: with every stride2 equal to the element size, and else.
+struct Pair {
+    int contiguous, general;
+};
+struct Limits {
+    Pair standard32, standard64, layout32, layout64;
+    int pointer;
+};
+constexpr Pair p1999 = {1999, 1999}, p2500 = {2500, 2500}, p3500 = {3500, 3500};
+constexpr Pair p3600 = {3600, 1440}, p1400 = {1400, 1400}, p2100 = {2100, 2100};
+constexpr Pair p1200 = {1200, 1200}, p1000 = {1000, 1000}, p700 = {700, 700};
+constexpr Limits sum_matrix = {{2999, 1999}, p1999, p1999, p1999, 1999};
+constexpr Limits sum_vector = {{4800, 4800}, p1400, p2500, p2500, 1500};
+constexpr Limits sum_cva = {{4799, 4799}, {1399, 1399}, {2499, 2499}, {2499, 2499}, 1499};
+constexpr Limits product = {{2500, 1440}, p3600, p3600, p3600, 1440};
+constexpr Limits scaled_matrix = {p3500, p3500, {3500, 1500}, p3500, 1700};
+constexpr Limits scaled_vector = {p2100, p2100, p1200, p1200, 650};
+constexpr Limits decomposition = {p1000, p1000, p1000, p1000, 1000};
+constexpr Limits solve_vectors = {p700, p700, p700, p700, 700};
+constexpr Limits solve_pairs = {p1200, p1200, p1200, p1200, 1200};
+
+// Sizes as they enter the operation: the result is h x w, products sum over k, c objects.
+struct N {
+    std::int64_t h, w, k, c;
+};
+using Estimate = std::int64_t (*)(N);
+struct Row {
+    const char *families, *kinds;
+    const Limits &limits;
+    Estimate estimate; // not wrapped
+};
+const Row rows[] = {
+    {"Add Sub", "mam mat tam tat mma mta tma tta", sum_matrix,
+     [](N n) { return n.w * n.h * (2 * n.c + 1); }},
+    {"Add Sub", "mama mata tama tata", sum_matrix, [](N n) { return 3 * n.c * n.w * n.h; }},
+    {"Add Sub", "vav vva vac", sum_vector, [](N n) { return (2 * n.c + 1) * n.w; }},
+    {"Add Sub", "vava", sum_vector, [](N n) { return 3 * n.c * n.w; }},
+    {"Add Sub", "vaca cava", sum_vector, [](N n) { return n.c * (2 * n.w + 1); }},
+    {"Add Sub", "vca cav", sum_vector, [](N n) { return n.w * (n.c + 1) + n.c; }},
+    {"Sub", "cva", sum_cva, [](N n) { return 2 * n.c; }},
+    {"Mul", "mam mat tam tat", product, [](N n) { return n.w * n.k + (n.w + n.k) * n.h * n.c; }},
+    {"Mul", "mma mta tma tta", product,
+     [](N n) { return n.k * n.h + (n.w * n.k + n.w * n.h) * n.c; }},
+    {"Mul", "mama mata tama tata", product,
+     [](N n) { return ((n.k + n.w) * n.h + n.w * n.k) * n.c; }},
+    {"Mul", "mav tav", product, [](N n) { return (n.k * n.h + n.h) * n.c + n.k; }},
+    {"Mul", "mva tva", product, [](N n) { return n.k * n.h + (n.k + n.h) * n.c; }},
+    {"Mul", "mava tava", product, [](N n) { return (n.k * (n.h + 1) + n.h) * n.c; }},
+    {"Mul", "mac tac", scaled_matrix, [](N n) { return 2 * n.w * n.h * n.c; }},
+    {"Mul", "vac", product, [](N n) { return 2 * n.w * n.c; }},
+    {"Mul", "vca", scaled_vector, [](N n) { return n.w * (n.c + 1) + n.c; }},
+    {"Mul", "vaca", scaled_vector, [](N n) { return n.c * (2 * n.w + 1); }},
+    {"LUDecomp", "ma", decomposition, [](N n) { return n.w * n.w * n.c; }},
+    {"LUBackSubst", "mva", solve_vectors, [](N n) { return (n.w + 2 * n.c) * n.w; }},
+    {"LUBackSubst", "mava", solve_pairs, [](N n) { return (n.w + 2) * n.w * n.c; }},
+};
+
+const Row &row_of(const Member &m) {
+    for (const Row &row : rows)
+        if (among(m.family, row.families) && among(m.kinds, row.kinds))
+            return row;
+    throw std::logic_error(m.name + ": no limit is given");
+}
+
+int limit_of(const Row &row, const Member &m, bool contiguous) {
+    const Limits &limits = row.limits;
+    if (m.description == "P")
+        return limits.pointer;
+    const Pair &pair = m.description == "S" ? (m.is_float ? limits.standard32 : limits.standard64)
+                                            : (m.is_float ? limits.layout32 : limits.layout64);
+    return contiguous ? pair.contiguous : pair.general;
+}
+
+std::int64_t estimate(const Row &row, const Sizes &s) {
+    return row.estimate({s.height, s.width, s.inner, s.count});
+}
+
+// The nearest calls on both sides of the limit, for some shapes and among all small ones.
+std::vector<Sizes> around(const Row &row, std::int64_t limit) {
+    std::vector<Sizes> found;
+    Sizes below, above;
+    std::int64_t from_below = limit + 1, from_above = limit + 1;
+    const auto both = [&](Sizes s, bool keep) {
+        int low = 0, high = 1 << 14; // counts
+        while (high - low > 1) {
+            s.count = (low + high) / 2;
+            (estimate(row, s) <= limit ? low : high) = s.count;
+        }
+        for (const bool over : {false, true}) {
+            s.count = over ? high : low;
+            const std::int64_t gap = std::abs(estimate(row, s) - limit);
+            if (s.count > 0 && keep)
+                found.push_back(s);
+            if (s.count > 0 && gap < (over ? from_above : from_below)) {
+                (over ? from_above : from_below) = gap;
+                (over ? above : below) = s;
+            }
+        }
+    };
+    for (int shape = 0; shape < 512; ++shape)
+        both({shape / 64 + 1, shape / 8 % 8 + 1, shape % 8 + 1}, false);
+    for (const Sizes &s : {Sizes{2, 3, 5}, {5, 2, 3}, {4, 7, 2}, {3, 3, 3}})
+        both(s, true);
+    found.insert(found.end(), {below, above});
+    return found;
+}
+
+std::vector<const Member *> array_members() {
+    std::vector<const Member *> those;
+    for (const Member &m : members())
+        if (m.is_array())
+            those.push_back(&m);
+    return those;
+}
+
+TEST(Decision, AtTheLimit) {
+    for (const Member *m : array_members()) {
+        const Row &row = row_of(*m);
+        // Once with all elements contiguous, then with one operand after the other strided.
+        for (std::size_t other = 0; other <= m->operands.size(); ++other) {
+            std::vector<Placement> placements = all_in(*m, packed);
+            const bool contiguous = other == m->operands.size();
+            if (!contiguous) {
+                if (m->description == "P" || !among({&m->operands[other].letter, 1}, "v m t"))
+                    continue;
+                placements[other].shape = strided;
+            }
+            const int limit = limit_of(row, *m, contiguous);
+            for (const Sizes &sizes : around(row, limit)) {
+                Problem problem(*m, sizes, placements);
+                problem.fill(1);
+                stub_core_answers({1});
+                problem.run();
+                ASSERT_EQ(stub_core_questions(), estimate(row, sizes) > limit)
+                    << problem.describe() << ": " << estimate(row, sizes) << " against " << limit;
+            }
+        }
+    }
+}
+
+// What a call on inaccessible memory does first: touch it on the serial path, ask for the number of
+// threads on the parallel one. Huge counts can be tried so.
+enum { touches = 7, asks = 8, returns = 9 };
+int first_act(const Member &m, const Sizes &sizes) {
+    const Problem shape(m, {sizes.height, sizes.width, sizes.inner}, all_in(m, packed));
+    std::vector<Slot> slots = shape.slots;
+    for (std::size_t k = 0; k < slots.size(); ++k)
+        if (m.parameters[k].group == 'p')
+            slots[k].pointer = inaccessible();
+        else if (m.parameters[k].group == 's')
+            slots[k].integer = m.element();
+    slots.back().integer = sizes.count;
+    const pid_t child = fork();
+    if (child == 0) {
+        stub_core_exit(asks);
+        std::signal(SIGSEGV, [](int) { _exit(touches); });
+        m.invoke(m.function, slots.data());
+        _exit(returns);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+// Estimates are taken modulo 2^32: negative ones stay serial, positive ones go by the limit.
+TEST(Decision, WrappedEstimates) {
+    for (const Member *m : array_members()) {
+        const Row &row = row_of(*m);
+        bool seen_negative = false, seen_positive = false;
+        for (const Sizes &shape : {Sizes{1, 1, 1}, {3, 3, 3}, {2, 5, 3}, {9, 7, 8}})
+            for (int count = 1 << 26; count < 31 << 26; count += 1 << 26) {
+                const Sizes sizes = {shape.height, shape.width, shape.inner, count};
+                const std::int64_t full = estimate(row, sizes);
+                const auto wrapped = static_cast<std::int32_t>(static_cast<std::uint32_t>(full));
+                const bool positive = wrapped > limit_of(row, *m, true);
+                bool &seen = positive ? seen_positive : seen_negative;
+                if (wrapped == full || seen || (wrapped >= 0 && !positive))
+                    continue;
+                seen = true;
+                EXPECT_EQ(first_act(*m, sizes), positive ? asks : touches)
+                    << m->name << " width " << sizes.width << " count " << count << ": estimate "
+                    << full << " wraps to " << wrapped;
+            }
+        EXPECT_TRUE(seen_negative) << m->name;
+    }
+}
+
+TEST(Decision, NumberOfQuestions) {
+    for (const Member *m : array_members()) {
+        Problem problem(*m, parallel_sizes(*m), all_in(*m, packed));
+        problem.fill(2);
+        const int count = problem.sizes.count;
+        stub_core_answers({1});
+        problem.run();
+        const std::vector<std::byte> serial = problem.image();
+        struct {
+            std::vector<int> answers;
+            int questions;
+        } const cases[] = {
+            {{1, 4}, 1},      {{0, 4}, 1}, {{-3, 4}, 1}, // no threads to be had
+            {{count + 1}, 1},                            // fewer objects than threads
+            {{count, 2}, 2},  {{2}, 2},    {{2, 3}, 2},  // the second answer is the request
+            {{3, 1}, 2},      {{2, 0}, 2}, {{2, -1}, 2}, // which is raised to 1
+        };
+        for (const auto &each : cases) {
+            problem.clear_destinations();
+            stub_core_answers(each.answers);
+            const auto answers = ::testing::PrintToString(each.answers);
+            ASSERT_EQ(problem.run(), 0) << problem.describe() << ", answers " << answers;
+            ASSERT_EQ(stub_core_questions(), each.questions) << m->name << ", answers " << answers;
+            ASSERT_TRUE(problem.image() == serial) << m->name << ", answers " << answers;
+        }
+    }
+}
+
+TEST(Decision, VersionRecordAsksForFeature128) {
+    for (const int has : {0, 1, 0, 128}) {
+        stub_core_feature(128, has);
+        const ZelLibraryVersion &version = *zelmGetLibVersion();
+        EXPECT_STREQ(version.libraryName, has ? "zelm SSE4.1/4.2 (y8)+" : "zelm SSE4.1/4.2 (y8)");
+        EXPECT_STREQ(version.versionText, "7.1.1 (r37466)");
+        EXPECT_STREQ(version.buildDate, "Sep 24 2012");
+        EXPECT_EQ(std::memcmp(version.cpuCode, "y8\0\0", 4), 0);
+        const int numbers[] = {version.majorVersion, version.minorVersion, version.updateNumber,
+                               version.revision};
+        EXPECT_TRUE(std::equal(numbers, numbers + 4, std::begin({7, 1, 1, 37466})));
+    }
+}
+
+} // namespace

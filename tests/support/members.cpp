@@ -1,0 +1,162 @@
+#include "members.hpp"
+
+#include <algorithm>
+#include <atomic>
+#include <csignal>
+#include <cstdio>
+#include <sstream>
+#include <stdexcept>
+#include <type_traits>
+#include <unistd.h>
+#include <utility>
+
+namespace zelm_test {
+namespace {
+
+template <class A>
+A argument(const Slot &slot) {
+    if constexpr (std::is_pointer_v<A>)
+        return static_cast<A>(slot.pointer);
+    else if constexpr (std::is_integral_v<A>)
+        return slot.integer;
+    else
+        return static_cast<A>(slot.real);
+}
+
+template <class A>
+constexpr char letter_of() {
+    if constexpr (std::is_pointer_v<A>)
+        return std::is_pointer_v<std::remove_pointer_t<A>> ? 't' : 'p';
+    else
+        return std::is_integral_v<A> ? 'i' : 'r';
+}
+
+template <class... A>
+void bind(Member &m, ZelStatus (*function)(A...)) {
+    m.signature = {letter_of<A>()...};
+    m.function = reinterpret_cast<Member::Function>(function);
+    m.invoke = [](Member::Function erased, const Slot *slots) -> int {
+        const auto typed = reinterpret_cast<ZelStatus (*)(A...)>(erased);
+        return [&]<std::size_t... I>(std::index_sequence<I...>) {
+            return typed(argument<A>(slots[I])...);
+        }
+        (std::index_sequence_for<A...>{});
+    };
+}
+
+// A single operand of an _L member keeps the standard description; so does a constant array of a
+// _P member.
+char description_of(const Operand &operand, char of_member) {
+    if (operand.letter == 'i' || operand.letter == 'b')
+        return 'S';
+    const bool standard = of_member == 'L' ? !operand.array : operand.letter == 'c';
+    return standard ? 'S' : of_member;
+}
+
+void add_operand(Member &m, const std::string &name, const std::string &kind) {
+    Operand operand{name, kind[0], kind.size() == 2 && kind[1] == 'a', name.starts_with("dst"), 0};
+    if (kind == "index" || kind == "cindex" || kind == "buffer") {
+        operand.letter = kind == "buffer" ? 'b' : 'i';
+        operand.array = operand.letter == 'i' && m.operands.front().array;
+        operand.destination = kind != "cindex";
+    }
+    operand.description =
+        description_of(operand, operand.destination ? m.description.back() : m.description[0]);
+    const int index = static_cast<int>(m.operands.size());
+    m.operands.push_back(operand);
+
+    const auto add = [&](char group, int axis = 0) {
+        m.parameters.push_back({group, index, axis, name});
+    };
+    const char letter = operand.letter, description = operand.description;
+    if (letter == 'c' && !operand.array && !operand.destination)
+        return add('-');
+    add('p');
+    if (description != 'S')
+        add('o');
+    if (operand.array && letter != 'i' && description != 'L')
+        add('s', 0);
+    if (among({&letter, 1}, "m t") && description != 'P')
+        add('s', 1);
+    if (among({&letter, 1}, "m t v") && description != 'P')
+        add('s', 2);
+}
+
+template <class... A>
+Member make(const char *name, const char *family, const char *kinds, bool is_float,
+            const char *description, const char *arguments, ZelStatus (*function)(A...)) {
+    Member m{name, family, kinds, description, is_float, {}, {}, {}, {}, {}};
+    bind(m, function);
+    std::istringstream words(arguments);
+    for (std::string word; words >> word;) {
+        const auto colon = word.find(':');
+        if (colon != std::string::npos)
+            add_operand(m, word.substr(0, colon), word.substr(colon + 1));
+        else
+            m.parameters.push_back({word == "count" ? 'c' : 'z', -1, 0, word});
+    }
+    std::string expected;
+    for (const Parameter &p : m.parameters) {
+        const bool table = p.group == 'p' && m.operands[std::size_t(p.operand)].description != 'S';
+        expected += p.group == '-' ? 'r' : p.group != 'p' ? 'i' : table ? 't' : 'p';
+    }
+    if (expected != m.signature)
+        throw std::logic_error(m.name + ": table says " + expected + ", prototype " + m.signature);
+    return m;
+}
+
+// Names the member in whose call the process dies, then lets the earlier handler have the signal.
+std::atomic<const char *> current{""};
+struct sigaction earlier;
+
+void name_the_call(int) {
+    const char *name = current;
+    for (const char *text : {"\nsegmentation fault in ", name, "\n"})
+        static_cast<void>(!write(STDERR_FILENO, text, std::char_traits<char>::length(text)));
+    sigaction(SIGSEGV, &earlier, nullptr);
+}
+
+} // namespace
+
+bool Member::is_square() const {
+    return std::any_of(parameters.begin(), parameters.end(),
+                       [](const Parameter &p) { return p.name == "widthHeight"; });
+}
+
+int Member::call(const std::vector<Slot> &slots) const {
+    static const bool installed = [] {
+        struct sigaction action = {};
+        action.sa_handler = name_the_call;
+        return sigaction(SIGSEGV, &action, &earlier) == 0;
+    }();
+    static_cast<void>(installed);
+    current = name.c_str();
+    return invoke(function, slots.data());
+}
+
+const std::vector<Member> &members() {
+#define ZELM_MEMBER(name, family, kinds, type, description, arguments)                             \
+    make(#name, #family, #kinds, std::is_same_v<type, float>, #description, arguments, &name),
+    static const std::vector<Member> all = {
+#include "members.inc"
+    };
+#undef ZELM_MEMBER
+    return all;
+}
+
+const Member &member(std::string_view name) {
+    for (const Member &m : members())
+        if (m.name == name)
+            return m;
+    throw std::logic_error("no member " + std::string(name));
+}
+
+bool among(std::string_view word, std::string_view list) {
+    std::istringstream words{std::string(list)};
+    for (std::string each; words >> each;)
+        if (each == word)
+            return true;
+    return false;
+}
+
+} // namespace zelm_test

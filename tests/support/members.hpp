@@ -1,0 +1,57 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+#include <zelm.h>
+
+namespace zelm_test {
+
+// One argument of a call; the prototype decides which of the three is passed.
+struct Slot {
+    void *pointer = nullptr;
+    int integer = 0;
+    double real = 0;
+};
+
+struct Operand {
+    std::string name;
+    char letter;      // v, m, t, c as in the kind string; i permutation array; b scratch buffer
+    bool array;       // one object per count
+    bool destination; // written by the member
+    char description; // S, P or L as it holds for this operand: _L leaves single ones standard
+};
+
+// Groups as they are checked: p pointer, c count, z size, s stride, o roi shift; - not checked.
+struct Parameter {
+    char group;
+    int operand; // index into Member::operands, -1 for sizes and count
+    int axis;    // of a stride: 0, 1, 2
+    std::string name;
+};
+
+// One exported member as data, made from its line of api/members.inc.
+struct Member {
+    std::string name, family, kinds, description;
+    bool is_float; // 32f, else 64f
+    std::vector<Operand> operands;
+    std::vector<Parameter> parameters;
+    std::string signature; // of the prototype: p pointer, t table of pointers, i int, r constant
+
+    using Function = void (*)();
+    Function function;
+    int (*invoke)(Function, const Slot *);
+
+    int element() const { return is_float ? 4 : 8; }
+    bool is_array() const { return parameters.back().group == 'c'; }
+    bool is_square() const; // takes widthHeight
+    int call(const std::vector<Slot> &slots) const;
+};
+
+const std::vector<Member> &members();
+const Member &member(std::string_view name);
+
+// True when word is one of the blank-separated words of list.
+bool among(std::string_view word, std::string_view list);
+
+} // namespace zelm_test

@@ -1,0 +1,317 @@
+#include "problem.hpp"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <sstream>
+#include <stdexcept>
+#include <sys/mman.h>
+#include <unistd.h>
+
+namespace zelm_test {
+namespace {
+
+std::size_t index(std::ptrdiff_t n) { return static_cast<std::size_t>(n); }
+
+std::size_t page() {
+    static const auto size = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    return size;
+}
+
+std::byte *map(std::size_t size) {
+    void *at = mmap(nullptr, size, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (at == MAP_FAILED)
+        throw std::bad_alloc();
+    return static_cast<std::byte *>(at);
+}
+
+} // namespace
+
+GuardedBytes::GuardedBytes(std::size_t size, Edge edge) {
+    const std::size_t used = size + (edge == Edge::odd);
+    size_ = (used + page() - 1) / page() * page();
+    begin_ = map(size_ + 2 * page()) + page();
+    if (mprotect(begin_, size_, PROT_READ | PROT_WRITE) != 0)
+        throw std::bad_alloc();
+    std::memset(begin_, 0xFF, size_);
+    data_ = edge == Edge::first ? begin_ : begin_ + size_ - used;
+}
+
+GuardedBytes::~GuardedBytes() { munmap(begin_ - page(), size_ + 2 * page()); }
+
+void *inaccessible() {
+    static void *const at = map(page());
+    return at;
+}
+
+Placed::Placed(const Operand &operand, int element, bool is_float, const Sizes &sizes, int rows,
+               int columns, const Placement &placement)
+    : letter_(operand.letter),
+      description_(operand.description),
+      transposed_(operand.letter == 't'),
+      is_float_(is_float),
+      element_(element),
+      objects_(operand.array ? sizes.count : 1),
+      rows_(transposed_ ? columns : rows),
+      columns_(transposed_ ? rows : columns) {
+    const bool dense = letter_ == 'i' || letter_ == 'b';
+    const Shape &shape = shapes[dense ? packed : placement.shape];
+    std::ptrdiff_t step = element_, extent = element_;
+    for (std::size_t k = 0; k < 3; ++k) {
+        const std::size_t axis = std::string_view("nrc").find(shape.axes[k]);
+        step = shape.gaps[k] < 0 ? element_ : step + shape.gaps[k] * element_;
+        stride_[axis] = step;
+        const int length = std::array{objects_, rows_, columns_}[axis];
+        extent += (length - 1) * step;
+        step *= length;
+    }
+    const int entries = description_ == 'P' ? rows_ * columns_ : description_ == 'L' ? objects_ : 1;
+    for (int k = 0; k < entries; ++k)
+        origins_.push_back(description_ == 'P'
+                               ? k / columns_ * stride_[1] + k % columns_ * stride_[2]
+                               : k * stride_[0]);
+    if (placement.order == Order::reversed)
+        std::reverse(origins_.begin(), origins_.end());
+    if (placement.order == Order::shuffled)
+        std::shuffle(origins_.begin(), origins_.end(), std::minstd_rand(1));
+    data_ = std::make_shared<GuardedBytes>(index(extent), placement.edge);
+    describe(operand, placement);
+}
+
+Placed::Placed(const Operand &operand, const Placed &other, const Placement &placement)
+    : Placed(other) {
+    if (other.transposed_) {
+        std::swap(rows_, columns_);
+        std::swap(stride_[1], stride_[2]);
+        if (description_ == 'P')
+            for (int k = 0; k < rows_ * columns_; ++k)
+                origins_[index(k)] = other.origins_[index(k % columns_ * rows_ + k / columns_)];
+    }
+    transposed_ = false;
+    describe(operand, placement);
+}
+
+void Placed::describe(const Operand &operand, const Placement &placement) {
+    letter_ = operand.letter;
+    if (description_ == 'S')
+        return;
+    shift_ = placement.shift * element_;
+    table_ = std::make_shared<GuardedBytes>(origins_.size() * sizeof(void *), Edge::last);
+    for (std::size_t k = 0; k < origins_.size(); ++k) {
+        const auto entry = reinterpret_cast<std::uintptr_t>(data_->data() + origins_[k]) -
+                           static_cast<std::uintptr_t>(shift_);
+        std::memcpy(table_->data() + k * sizeof entry, &entry, sizeof entry);
+    }
+}
+
+std::byte *Placed::address(int n, int i, int j) const {
+    if (transposed_)
+        std::swap(i, j);
+    if (objects_ == 1)
+        n = 0;
+    std::byte *const base = data_->data();
+    if (description_ == 'P')
+        return base + origins_[index(i * columns_ + j)] + n * stride_[0];
+    return base + (description_ == 'L' ? origins_[index(n)] : n * stride_[0]) + i * stride_[1] +
+           j * stride_[2];
+}
+
+std::size_t Placed::place(int n, int i, int j) const {
+    return index((address(n, i, j) - data_->data()) / element_);
+}
+
+double Placed::get(int n, int i, int j) const {
+    const std::uint64_t raw = bits(n, i, j);
+    if (letter_ == 'i')
+        return static_cast<std::int32_t>(raw);
+    return is_float_ ? static_cast<double>(std::bit_cast<float>(static_cast<std::uint32_t>(raw)))
+                     : std::bit_cast<double>(raw);
+}
+
+void Placed::put(int n, int i, int j, double value) {
+    const auto store = [&](auto typed) { std::memcpy(address(n, i, j), &typed, sizeof typed); };
+    if (letter_ == 'i')
+        store(static_cast<std::int32_t>(value));
+    else if (is_float_)
+        store(static_cast<float>(value));
+    else
+        store(value);
+}
+
+std::uint64_t Placed::bits(int n, int i, int j) const {
+    std::uint64_t raw = 0;
+    std::memcpy(&raw, address(n, i, j), index(element_));
+    return raw;
+}
+
+Slot Placed::slot(const Parameter &parameter) const {
+    if (parameter.group == 'p')
+        return {table_ ? table_->data() : data_->data()};
+    if (parameter.group == '-')
+        return {nullptr, 0, get(0, 0, 0)};
+    return {nullptr,
+            parameter.group == 'o' ? shift_ : static_cast<int>(stride_[index(parameter.axis)])};
+}
+
+Problem::Problem(const Member &of, const Sizes &given, const std::vector<Placement> &placements,
+                 std::optional<int> in_place)
+    : member(of), sizes(given), placements_(placements) {
+    if (member.is_square())
+        sizes.height = sizes.width;
+    const auto has = [&](const std::string &name) {
+        return std::any_of(member.parameters.begin(), member.parameters.end(),
+                           [&](const Parameter &p) { return p.name == name; });
+    };
+    const bool product = has("src1Width");
+    for (std::size_t k = 0; k < member.operands.size(); ++k) {
+        const Operand &operand = member.operands[k];
+        int rows = sizes.height, columns = sizes.width;
+        if (has(operand.name + "Width"))
+            (k == 0 ? columns : rows) = sizes.inner;
+        if (operand.letter != 'm' && operand.letter != 't')
+            rows = 1;
+        if (operand.letter == 'c')
+            columns = 1;
+        if (operand.letter == 'b')
+            columns = sizes.buffer;
+        if (operand.letter == 'v' && product)
+            columns = operand.destination ? sizes.height : sizes.inner;
+        const bool index_array = operand.letter == 'i';
+        if (operand.destination && in_place && !index_array)
+            operands.emplace_back(operand, operands[index(*in_place)], placements[k]);
+        else
+            operands.emplace_back(operand, index_array ? 4 : member.element(),
+                                  member.is_float && !index_array, sizes, rows, columns,
+                                  placements[k]);
+    }
+    for (const Parameter &p : member.parameters)
+        slots.push_back(p.operand >= 0 ? operands[index(p.operand)].slot(p)
+                                       : Slot{nullptr, size_of(p.name)});
+}
+
+int Problem::size_of(const std::string &parameter) const {
+    if (parameter == "count")
+        return sizes.count;
+    if (parameter == "height")
+        return sizes.height;
+    for (std::size_t k = 0; k < operands.size(); ++k) {
+        const std::string &name = member.operands[k].name;
+        if (parameter == name + "Height")
+            return operands[k].rows_;
+        if (parameter == name + "Width" || parameter == name + "Len")
+            return operands[k].columns_;
+    }
+    return among(parameter, "width len widthHeight")
+               ? sizes.width
+               : throw std::logic_error(member.name + ": no size for " + parameter);
+}
+
+void Problem::fill(unsigned seed, bool special) {
+    using Limit = std::numeric_limits<double>;
+    using Single = std::numeric_limits<float>;
+    const double tiny = member.is_float ? Single::denorm_min() : Limit::denorm_min();
+    const double huge = member.is_float ? Single::max() : Limit::max();
+    const double infinite = Limit::infinity(), nan = Limit::quiet_NaN();
+    const std::array values{nan, infinite, -infinite, 0.0, -0.0, 3 * tiny, -tiny, huge, -huge};
+    std::mt19937_64 random(seed);
+    for (std::size_t k = 0; k < operands.size(); ++k) {
+        Placed &operand = operands[k];
+        if (!member.operands[k].destination)
+            operand.for_each_element([&](int n, int i, int j) {
+                const double uniform = static_cast<double>(random() >> 11) * 0x1p-52 - 1;
+                const bool pick = special && random() % 4 == 0;
+                operand.put(n, i, j,
+                            operand.letter_ == 'i' ? j
+                            : pick                 ? values[random() % values.size()]
+                                                   : uniform);
+            });
+    }
+}
+
+void Problem::clear_destinations() {
+    for (std::size_t k = 0; k < operands.size(); ++k)
+        if (member.operands[k].destination)
+            std::memset(operands[k].data_->begin(), 0xFF, operands[k].data_->size());
+}
+
+std::vector<GuardedBytes *> Problem::memory() const {
+    std::vector<GuardedBytes *> all;
+    for (const Placed &operand : operands) {
+        all.push_back(operand.data_.get());
+        if (operand.table_)
+            all.push_back(operand.table_.get());
+    }
+    return all;
+}
+
+int Problem::run() {
+    for (std::size_t k = 0; k < slots.size(); ++k)
+        if (const Parameter &p = member.parameters[k]; p.group == '-')
+            slots[k] = operands[index(p.operand)].slot(p);
+    before_.clear();
+    for (const GuardedBytes *bytes : memory())
+        before_.emplace_back(bytes->begin(), bytes->begin() + bytes->size());
+    return member.call(slots);
+}
+
+std::string Problem::disturbed() {
+    const auto all = memory();
+    for (std::size_t m = 0; m < all.size(); ++m) {
+        for (std::size_t k = 0; k < operands.size(); ++k)
+            if (member.operands[k].destination && operands[k].data_.get() == all[m])
+                operands[k].for_each_element([&](int n, int i, int j) {
+                    const std::byte *const at = operands[k].address(n, i, j);
+                    std::copy_n(at, operands[k].element_, &before_[m][index(at - all[m]->begin())]);
+                });
+        const auto [was, at] = std::mismatch(before_[m].begin(), before_[m].end(), all[m]->begin());
+        if (was != before_[m].end())
+            return "byte " + std::to_string(at - all[m]->data()) + " of memory " +
+                   std::to_string(m) + " has changed";
+    }
+    return "";
+}
+
+std::vector<std::byte> Problem::image() const {
+    std::vector<std::byte> bytes;
+    for (std::size_t k = 0; k < operands.size(); ++k) {
+        const GuardedBytes &data = *operands[k].data_;
+        if (member.operands[k].destination)
+            bytes.insert(bytes.end(), data.begin(), data.begin() + data.size());
+    }
+    return bytes;
+}
+
+std::string Problem::describe() const {
+    std::ostringstream text;
+    text << member.name << " height " << sizes.height << " width " << sizes.width << " inner "
+         << sizes.inner << " count " << sizes.count;
+    for (std::size_t k = 0; k < operands.size(); ++k) {
+        const Placement &p = placements_[k];
+        text << ", " << member.operands[k].name << " " << shapes[p.shape].name << " edge "
+             << static_cast<int>(p.edge) << " order " << static_cast<int>(p.order) << " shift "
+             << p.shift;
+    }
+    return text.str();
+}
+
+std::vector<Placement> mixed(const Member &member, int step) {
+    std::vector<Placement> placements;
+    constexpr int count = overlapping;
+    for (int k = 0; k < static_cast<int>(member.operands.size()); ++k)
+        placements.push_back({(step + k * (step / count)) % count,
+                              static_cast<Edge>((step + k) % 3),
+                              static_cast<Order>((step / 2 + k) % 3), (step + k) % 4});
+    return placements;
+}
+
+std::vector<Placement> all_in(const Member &member, int shape) {
+    return std::vector<Placement>(member.operands.size(), Placement{shape});
+}
+
+Sizes parallel_sizes(const Member &member) {
+    return {3, member.is_square() ? 4 : 9, 5, member.kinds == "cva" ? 2500 : 500};
+}
+
+} // namespace zelm_test
