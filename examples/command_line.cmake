@@ -1,0 +1,10 @@
+# Sets `command` to the arguments of the script behind "--".
+set(command)
+set(inside FALSE)
+foreach(index RANGE 1 ${CMAKE_ARGC})
+    if(inside AND index LESS CMAKE_ARGC)
+        list(APPEND command "${CMAKE_ARGV${index}}")
+    elseif("${CMAKE_ARGV${index}}" STREQUAL "--")
+        set(inside TRUE)
+    endif()
+endforeach()

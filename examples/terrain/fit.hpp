@@ -1,0 +1,41 @@
+#pragma once
+
+#include "grid.hpp"
+#include "progress.hpp"
+
+namespace terrain {
+
+constexpr int iterations = 5;
+
+// A cell is a grid point with a full neighbourhood of side x side points around it.
+constexpr int side = 5;
+
+constexpr long long cell_count(long long rows, long long columns) {
+    return (rows - side + 1) * (columns - side + 1);
+}
+
+struct Fit {
+    // One value per cell, taken from the fitted surface at the middle of the cell.
+    Grid height;
+    Grid rise_by_row;    // metres of height per metre towards the next row
+    Grid rise_by_column; // and towards the next column
+
+    // Time in the library by purpose, and in the weighing, which is done outside it.
+    double product_seconds = 0; // normal equations
+    double lu_seconds = 0;
+    double solve_seconds = 0;
+    double residual_seconds = 0;
+    double extract_seconds = 0;
+    double weigh_seconds = 0;
+
+    double largest_residual = 0; // of all solves: |b - A x| / (|A| |x|), 1-norms
+    double reduced_share = 0;    // heights with a weight below 1 in the last iteration, of all
+};
+
+// Fits to every cell the quadratic surface
+//     z = c0 + c1 x + c2 y + c3 x^2 + c4 x y + c5 y^2
+// by iteratively reweighted least squares. `spacing` is the distance of the grid points in metres;
+// heights that miss the surface by about `noise` metres are not taken for outliers.
+Fit fit_surfaces(const Grid &heights, double spacing, double noise, Progress &progress);
+
+} // namespace terrain

@@ -1,0 +1,211 @@
+// Slopes of a volcano: fits a quadratic surface around every point of a grid of heights, with
+// zelmMul, zelmLUDecomp and zelmLUBackSubst on arrays, and draws a map of the slopes.
+// The use of the library is in fit.cpp.
+
+#include "fit.hpp"
+#include "grid.hpp"
+#include "picture.hpp"
+#include "progress.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <filesystem>
+#include <limits>
+#include <memory>
+#include <new>
+#include <numbers>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+constexpr double grid_spacing = 10;     // metres
+constexpr double rounding_noise = 0.29; // metres, the standard deviation of rounding to whole ones
+constexpr int most_refined = 1000;
+constexpr long long most_cells = 1'300'000; // a cell takes about 2.3 kB
+
+// A solve with a residual beyond so many epsilon is wrong.
+constexpr double residual_limit = 10;
+constexpr double epsilon = std::numeric_limits<double>::epsilon();
+
+constexpr const char *usage =
+    "Usage: terrain [--input FILE] [--output FILE] [--refine N]\n"
+    "\n"
+    "Fits a quadratic surface to the 5 x 5 heights around every inner point of a grid\n"
+    "and draws a map of the slopes.\n"
+    "\n"
+    "  --input FILE   heights in metres, 10 m apart, a line per row, commas between\n"
+    "                 them; the first row is the southern edge, the first number of\n"
+    "                 a row the eastern one (default: Maunga Whau, Auckland)\n"
+    "  --output FILE  the map, a PNG (default: terrain.png)\n"
+    "  --refine N     work on a grid that is N times finer in both directions; 14\n"
+    "                 makes a million points of the default grid (about 2.4 GB)\n"
+    "  --help         this text\n";
+
+struct UsageError : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+struct Options {
+    std::string input = TERRAIN_DEFAULT_INPUT;
+    std::string output = "terrain.png";
+    int refine = 1;
+    bool help = false;
+};
+
+int parse_factor(const std::string &text) {
+    int factor = 0;
+    const char *end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, factor);
+    if (error != std::errc() || stop != end || factor < 1 || factor > most_refined)
+        throw UsageError("--refine takes a whole number from 1 to " + std::to_string(most_refined) +
+                         ", not '" + text + "'");
+    return factor;
+}
+
+// Takes both "--name value" and "--name=value".
+Options parse(int argc, char **argv) {
+    Options options;
+    for (int i = 1; i < argc; ++i) {
+        const std::string argument = argv[i];
+        const std::size_t equals = argument.find('=');
+        const std::string name = argument.substr(0, equals);
+        const auto value = [&]() -> std::string {
+            if (equals != std::string::npos)
+                return argument.substr(equals + 1);
+            if (i + 1 == argc)
+                throw UsageError(name + " needs a value");
+            return argv[++i];
+        };
+        if (argument == "--help")
+            options.help = true;
+        else if (name == "--input")
+            options.input = value();
+        else if (name == "--output")
+            options.output = value();
+        else if (name == "--refine")
+            options.refine = parse_factor(value());
+        else
+            throw UsageError("unknown option '" + argument + "'");
+    }
+    return options;
+}
+
+terrain::Grid read_checked(const Options &options) {
+    terrain::Grid grid = terrain::read_grid(options.input);
+    const std::string size = std::to_string(grid.rows) + " rows of " + std::to_string(grid.columns);
+    if (grid.rows < terrain::side || grid.columns < terrain::side)
+        throw std::runtime_error(options.input + ": " + size +
+                                 " heights are too few, a fit needs 5 rows of 5");
+    const long long cells =
+        terrain::cell_count(terrain::refined_points(grid.rows, options.refine),
+                            terrain::refined_points(grid.columns, options.refine));
+    if (cells > most_cells)
+        throw std::runtime_error(
+            options.input + ": " + size + " heights, refined by " + std::to_string(options.refine) +
+            ", make " + std::to_string(cells) + " cells, more than " + std::to_string(most_cells));
+    return grid;
+}
+
+using File = std::unique_ptr<std::FILE, int (*)(std::FILE *)>;
+
+// Opened before the computation, so that a long one is not in vain.
+File open_output(const Options &options) {
+    std::error_code ignored;
+    if (std::filesystem::equivalent(options.input, options.output, ignored))
+        throw std::runtime_error(options.output + ": is the input as well");
+    File file(std::fopen(options.output.c_str(), "wb"), std::fclose);
+    if (!file)
+        throw std::runtime_error(options.output + ": " + std::strerror(errno));
+    return file;
+}
+
+void report_fit(const terrain::Fit &fit) {
+    const int cells = fit.height.rows * fit.height.columns;
+    const double systems = static_cast<double>(cells) * terrain::iterations;
+    const double library = fit.product_seconds + fit.lu_seconds + fit.solve_seconds +
+                           fit.residual_seconds + fit.extract_seconds;
+    const double all = library + fit.weigh_seconds;
+    std::printf("cells       %d, %d iterations, %.0f systems of order 6\n", cells,
+                terrain::iterations, systems);
+    std::printf("speed       %.2f million systems solved per second (decomposition and solution)\n",
+                systems / (fit.lu_seconds + fit.solve_seconds) / 1e6);
+    std::printf("fit         %.1f ms without the check, %.0f %% of it in the library:\n"
+                "            normal equations %.1f ms, decompositions %.1f ms, solutions %.1f ms,\n"
+                "            residuals %.1f ms\n",
+                1e3 * all, 100 * library / all, 1e3 * fit.product_seconds, 1e3 * fit.lu_seconds,
+                1e3 * fit.solve_seconds, 1e3 * fit.residual_seconds);
+    std::printf("weights     %.1f %% of the heights count less than fully\n",
+                100 * fit.reduced_share);
+    std::printf("check       |b - A x| / (|A| |x|) is at most %.2g in all solves, %.1f epsilon\n",
+                fit.largest_residual, fit.largest_residual / epsilon);
+}
+
+void report_slopes(const terrain::Fit &fit) {
+    double sum = 0;
+    double least = std::numeric_limits<double>::infinity();
+    double most = 0;
+    for (std::size_t i = 0; i < fit.height.values.size(); ++i) {
+        const double rise = std::hypot(fit.rise_by_row.values[i], fit.rise_by_column.values[i]);
+        const double degrees = std::atan(rise) * 180 / std::numbers::pi;
+        sum += degrees;
+        least = std::min(least, degrees);
+        most = std::max(most, degrees);
+    }
+    std::printf("slopes      %.1f to %.1f degrees, %.1f on average\n", least, most,
+                sum / static_cast<double>(fit.height.values.size()));
+}
+
+void run(const Options &options) {
+    const terrain::Grid measured = read_checked(options);
+    const File output = open_output(options);
+    const terrain::Grid grid = terrain::refine(measured, options.refine);
+    const double spacing = grid_spacing / options.refine;
+    std::printf("grid        %d x %d heights, %.3g m apart\n", grid.rows, grid.columns, spacing);
+    std::fflush(stdout);
+
+    // The rounding errors are refined with the heights. Of the cubic pieces of the spline a
+    // quadratic surface misses the cubic part, which falls with the third power of the spacing.
+    const double noise = rounding_noise / std::pow(options.refine, 3);
+    const terrain::Fit fit = [&] {
+        terrain::Progress progress(options.refine > 1);
+        return terrain::fit_surfaces(grid, spacing, noise, progress);
+    }();
+    report_fit(fit);
+    if (!(fit.largest_residual <= residual_limit * epsilon))
+        throw std::runtime_error("the solutions are not accurate");
+    report_slopes(fit);
+
+    const terrain::Picture picture = terrain::draw(fit, spacing);
+    terrain::write_png(picture, output.get(), options.output);
+    std::printf("picture     %s, %d x %d pixels\n", options.output.c_str(), picture.width,
+                picture.height);
+    if (std::fflush(stdout) != 0)
+        throw std::runtime_error(std::string("standard output: ") + std::strerror(errno));
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    try {
+        const Options options = parse(argc, argv);
+        if (options.help)
+            std::fputs(usage, stdout);
+        else
+            run(options);
+        return 0;
+    } catch (const UsageError &error) {
+        std::fprintf(stderr, "terrain: %s\nTry terrain --help.\n", error.what());
+        return 2;
+    } catch (const std::bad_alloc &) {
+        std::fprintf(stderr, "terrain: not enough memory, a smaller --refine may help\n");
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "terrain: %s\n", error.what());
+    }
+    return 1;
+}
