@@ -31,7 +31,7 @@ template <class T, int N>
 inline constexpr bool rows_win = sizeof(T) == 8 || N == 4 || N == 6;
 
 template <int n, int N, class A, class B, class D>
-void along_rows(int count, const A &a, const B &b, const D &d) {
+ZELM_INLINE void along_rows(int count, const A &a, const B &b, const D &d) {
     using T = typename D::Element;
     RowOf<T, N> rows[n];
     const auto load_rows = [&](int object) __attribute__((always_inline)) {
@@ -42,7 +42,7 @@ void along_rows(int count, const A &a, const B &b, const D &d) {
     for (int object = 0; object < count; ++object) {
         if (B::is_array)
             load_rows(object);
-        multiply_rows<n, n, N, T>(view(a, object, {n, n}), rows, d.view(object));
+        multiply_rows<n, n, N, T>(a.view(object), rows, d.view(object));
     }
 }
 
@@ -66,34 +66,57 @@ void in_lanes(int count, const A &a, const B &b, const D &d) {
     const Footprint right(b, {n, N});
     const Footprint to(d, {n, N});
     const Overlap overlap(count, {n, N}, to, left, right);
+    const auto alone = [&](int object) __attribute__((noinline)) {
+        any_shape({n, n, N}, a, b, d, object);
+        return zelStatusOk;
+    };
+    // A single operand is loaded once, into every lane.
     S x[n][n], y[n][N];
-    if constexpr (!A::is_array)
+    if constexpr (!A::is_array) {
         load_splat<T>(x, view(a, 0, {n, n}));
-    if constexpr (!B::is_array)
+        walk<T>(
+            count, overlap,
+            [&](const Group &group, const auto &q, const auto &r) __attribute__((always_inline)) {
+                S right_lanes[n][N], product[n][N];
+                load_lanes<T>(right_lanes, q, group.first);
+                multiply(x, right_lanes, product);
+                store_lanes<T>(r, group.first, product);
+                return 0u;
+            },
+            alone, walked<n, N>(b), walked<n, N>(d));
+    } else if constexpr (!B::is_array) {
         load_splat<T>(y, view(b, 0, {n, N}));
-    walk<T>(
-        count, overlap,
-        [&](const Group<T> &g) __attribute__((always_inline)) {
-            S p[n][n], q[n][N], r[n][N];
-            if constexpr (A::is_array)
-                load_lanes(p, a, g);
-            if constexpr (B::is_array)
-                load_lanes(q, b, g);
-            multiply(A::is_array ? p : x, B::is_array ? q : y, r);
-            store_lanes(d, g, g.live, r);
-            return g.live;
-        },
-        [&](int object) __attribute__((noinline)) {
-            any_shape({n, n, N}, a, b, d, object);
-            return zelStatusOk;
-        });
+        walk<T>(
+            count, overlap,
+            [&](const Group &group, const auto &p, const auto &r) __attribute__((always_inline)) {
+                S left_lanes[n][n], product[n][N];
+                load_lanes<T>(left_lanes, p, group.first);
+                multiply(left_lanes, y, product);
+                store_lanes<T>(r, group.first, product);
+                return 0u;
+            },
+            alone, walked<n, n>(a), walked<n, N>(d));
+    } else {
+        walk<T>(
+            count, overlap,
+            [&](const Group &group, const auto &p, const auto &q, const auto &r)
+                __attribute__((always_inline)) {
+                    S product[n][N];
+                    load_lanes<T>(x, p, group.first);
+                    load_lanes<T>(y, q, group.first);
+                    multiply(x, y, product);
+                    store_lanes<T>(r, group.first, product);
+                    return 0u;
+                },
+            alone, walked<n, n>(a), walked<n, N>(b), walked<n, N>(d));
+    }
 }
 
 template <int n, int N, class A, class B, class D>
 void square(int count, const A &a, const B &b, const D &d) {
     using T = typename D::Element;
     if constexpr (N > 1 && !D::is_tabled && (rows_win<T, n> || !D::is_array))
-        if (rows_adjacent(b) && rows_adjacent(d))
+        if (rows_adjacent(a) && rows_adjacent(b) && rows_adjacent(d))
             return along_rows<n, N>(count, a, b, d);
     if constexpr (D::is_array)
         in_lanes<n, N>(count, a, b, d);
@@ -163,15 +186,48 @@ ZELM_INLINE Stored entering(Stored s) {
     return transposed ? Stored{s.height, s.width} : s;
 }
 
+// The short way into single standard products: one test for everything that could be wrong and for
+// the shapes that are worth it, 3x3 and 4x4 without gaps. False: nothing was done.
+template <class T>
+ZELM_INLINE bool small_dense_product(const Standard<const T, 2, false> &a, Stored sa,
+                                     const Standard<const T, 2, false> &b, Stored sb,
+                                     const Standard<T, 2, false> &d) {
+    const int n = sa.width;
+    const bool null = (a.base == nullptr) | (b.base == nullptr) | (d.base == nullptr);
+    const int other = (sa.height ^ n) | (sb.width ^ n) | (sb.height ^ n) | gaps(a, n) |
+                      gaps(b, n) | gaps(d, n);
+    if (null | (other != 0) | (static_cast<unsigned>(n) - 3u > 1u))
+        return false;
+    const auto product = [&](auto N) __attribute__((always_inline)) {
+        constexpr int element = sizeof(T), row = N * element;
+        along_rows<N, N>(1, Standard<const T, 2, false>{a.base, 0, row, element},
+                         Standard<const T, 2, false>{b.base, 0, row, element},
+                         Standard<T, 2, false>{d.base, 0, row, element});
+    };
+    if (n == 4)
+        product(std::integral_constant<int, 4>{});
+    else
+        product(std::integral_constant<int, 3>{});
+    return true;
+}
+
+// Operands by value: what this needs in memory is put there on the way in, not in the entry.
 template <bool ta, bool tb, class A, class B, class D>
-ZELM_INLINE ZelStatus matrices(const A &a, Stored sa, const B &b, Stored sb, const D &d,
-                               int count = 1) {
+[[gnu::noinline]] ZelStatus any_matrices(A a, Stored sa, B b, Stored sb, D d, int count) {
     const Stored x = entering<ta>(sa), y = entering<tb>(sb);
     if (const ZelStatus s = first_failure(
             pointers(a, b, d), counts(count), sizes(sa.width, sa.height, sb.width, sb.height),
             agreement(x.width, y.height), strides(a, b, d), shifts(a, b, d)))
         return s;
     return run(a, b, d, {x.height, x.width, y.width}, count);
+}
+template <bool ta, bool tb, class A, class B, class D>
+ZELM_INLINE ZelStatus matrices(const A &a, Stored sa, const B &b, Stored sb, const D &d,
+                               int count = 1) {
+    if constexpr (!D::is_array && !D::is_tabled)
+        if (small_dense_product(a, sa, b, sb, d)) [[likely]]
+            return zelStatusOk;
+    return any_matrices<ta, tb>(a, sa, b, sb, d, count);
 }
 template <bool ta, class A, class B, class D>
 ZELM_INLINE ZelStatus vectors(const A &a, Stored sa, const B &b, int len, const D &d,

@@ -39,13 +39,25 @@ struct RowOf {
     }
 };
 
-// d = a * b where the rows of b and d are adjacent: rows of b, each times one element of a.
-template <int M, int K, int N, class T, class A>
-ZELM_INLINE void multiply_rows(const A &a, const RowOf<T, N> (&b)[K], const StridedView<T> &d) {
+// Element k of a row of a, in every lane. From memory a double costs no shuffle.
+template <class T, int K, int k>
+ZELM_INLINE Lanes<T> splat_element(const RowOf<T, K> &row, const char *p) {
+    if constexpr (sizeof(T) == 8)
+        return splat<Lanes<T>>(load<T>(p + k * sizeof(T)));
+    else
+        return splat_lane<k % RowOf<T, K>::L>(row.v[k / RowOf<T, K>::L]);
+}
+
+// d = a * b where the elements of all rows are adjacent: rows of b, each times one element of a.
+template <int M, int K, int N, class T>
+ZELM_INLINE void multiply_rows(const StridedView<const T> &a, const RowOf<T, N> (&b)[K],
+                               const StridedView<T> &d) {
     unroll<M>(ZELM_EACH(i) {
+        RowOf<T, K> left;
         RowOf<T, N> row;
+        left.load(a.at(i, 0));
         unroll<K>(ZELM_EACH(k) {
-            const Lanes<T> x = splat<Lanes<T>>(get(a, i, k));
+            const Lanes<T> x = splat_element<T, K, k>(left, a.at(i, 0));
             unroll<RowOf<T, N>::registers>(ZELM_EACH(c) {
                 if constexpr (k == 0)
                     row.v[c] = x * b[k].v[c];

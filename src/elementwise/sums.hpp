@@ -62,12 +62,20 @@ ZELM_INLINE ZelStatus run_arrays(Limits limits, Shape shape, int count, const D 
 // ---- entries, each with its order of checks
 // -------------------------------------------------------
 
+// Operands by value: what this needs in memory is put there on the way in, not in the entry.
 template <class Op, class A, class B, class D>
-ZELM_INLINE ZelStatus matrices(const A &a, const B &b, const D &d, int width, int height) {
-    if (const ZelStatus s = first_failure(pointers(a, b, d), sizes(width, height), strides(a, b, d),
-                                          shifts(a, b, d)))
+[[gnu::noinline]] ZelStatus any_matrices(A a, B b, D d, int width, int height) {
+    if (const ZelStatus s = first_failure(pointers(a, b, d), sizes(width, height),
+                                          strides(a, b, d), shifts(a, b, d)))
         return s;
     return y8_ownzelm_elementwise(1, {height, width}, Op{}, d, a, b);
+}
+template <class Op, class A, class B, class D>
+ZELM_INLINE ZelStatus matrices(const A &a, const B &b, const D &d, int width, int height) {
+    if constexpr (description_of<D> == Description::standard)
+        if (small_dense_object(Op{}, width, height, d, a, b)) [[likely]]
+            return zelStatusOk;
+    return any_matrices<Op>(a, b, d, width, height);
 }
 template <class Op, class A, class B, class D>
 ZELM_INLINE ZelStatus vectors(const A &a, const B &b, const D &d, int len) {

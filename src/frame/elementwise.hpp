@@ -47,11 +47,22 @@ ZELM_INLINE S load_run(const char *p, Distance stride) {
         return S{load<T>(p), load<T>(p + stride)};
 }
 
+// From the line's first element to its element j.
+template <class S, Run run>
+ZELM_INLINE Distance distance(Distance j, Distance stride) {
+    if constexpr (run == Run::adjacent)
+        return j * Distance{sizeof(ElementOf<S>)};
+    else if constexpr (run == Run::repeated)
+        return 0;
+    else
+        return j * stride;
+}
 // One step: a register (or an element) of every operand from element j on.
-template <class S, class Op, Run... runs, std::size_t... k>
+template <class S, Run to, Run... runs, class Op, std::size_t... k>
 ZELM_INLINE void step(const Op &op, char *d, const char *const *s, const Distance *stride,
                       Distance j, std::index_sequence<k...>) {
-    store<S>(d + j * stride[0], op(load_run<S, runs>(s[k] + j * stride[k + 1], stride[k + 1])...));
+    store<S>(d + distance<S, to>(j, stride[0]),
+             op(load_run<S, runs>(s[k] + distance<S, runs>(j, stride[k + 1]), stride[k + 1])...));
 }
 
 // The destination adjacent: registers, then the rest element by element.
@@ -63,17 +74,17 @@ void line_adjacent(const Op &op, char *d, const char *const *s, const Distance *
     constexpr Distance L = lanes_of<S>;
     Distance j = 0;
     for (; j + 4 * L <= n; j += 4 * L)
-        unroll<4>(ZELM_EACH(u) { step<S, Op, runs...>(op, d, s, stride, j + u * L, sources); });
+        unroll<4>(ZELM_EACH(u) { step<S, Run::adjacent, runs...>(op, d, s, stride, j + u * L, sources); });
     for (; j + L <= n; j += L)
-        step<S, Op, runs...>(op, d, s, stride, j, sources);
+        step<S, Run::adjacent, runs...>(op, d, s, stride, j, sources);
     for (; j < n; ++j)
-        step<T, Op, runs...>(op, d, s, stride, j, sources);
+        step<T, Run::adjacent, runs...>(op, d, s, stride, j, sources);
 }
 template <class T, class Op, std::size_t... k>
 void line_apart(const Op &op, char *d, const char *const *s, const Distance *stride, Distance n,
                 std::index_sequence<k...> sources) {
     for (Distance j = 0; j < n; ++j)
-        step<T, Op, (void(k), Run::apart)...>(op, d, s, stride, j, sources);
+        step<T, Run::apart, (void(k), Run::apart)...>(op, d, s, stride, j, sources);
 }
 
 // Chooses the loop for each source's run.
@@ -103,9 +114,9 @@ ZELM_INLINE void short_row(const Op &op, char *d, const char *const *s, const Di
                            std::index_sequence<k...> sources) {
     using S = Lanes<T>;
     constexpr int L = lanes_of<S>, rest = W % L;
-    unroll<W / L>(ZELM_EACH(c) { step<S, Op, runs...>(op, d, s, stride, c * L, sources); });
+    unroll<W / L>(ZELM_EACH(c) { step<S, Run::adjacent, runs...>(op, d, s, stride, c * L, sources); });
     if constexpr (rest == 1) {
-        step<T, Op, runs...>(op, d, s, stride, W - 1, sources);
+        step<T, Run::adjacent, runs...>(op, d, s, stride, W - 1, sources);
     } else if constexpr (rest > 1) {
         constexpr Distance at = (W - rest) * Distance{sizeof(T)};
         const auto part = [&]<Run run>(const char *p, Distance apart)
@@ -316,6 +327,16 @@ void along_objects(int count, Shape shape, const Op &op, const Destination &d,
     }
 }
 
+// N adjacent elements, straight-line.
+template <class T, int N, class Op, class... Source>
+ZELM_INLINE void adjacent(const Op &op, T *d, const Source *...s) {
+    constexpr auto sources = std::make_index_sequence<sizeof...(Source)>{};
+    const Distance stride[] = {sizeof(T), (void(s), Distance{sizeof(T)})...};
+    const char *const from[] = {reinterpret_cast<const char *>(s)...};
+    short_row<T, N, Op, (void(sizeof(Source)), Run::adjacent)...>(op, reinterpret_cast<char *>(d),
+                                                                 from, stride, sources);
+}
+
 // One object: its rows, as one line where they are one.
 template <class T, class Op, class Destination, class... Sources>
 ZELM_INLINE void object(Shape shape, const Op &op, const Destination &d, const Sources &...s) {
@@ -339,6 +360,25 @@ ZELM_INLINE void object(Shape shape, const Op &op, const Destination &d, const S
 }
 
 } // namespace elementwise
+
+// The short way into single standard matrices: one test for everything that could be wrong and for
+// the shape that is worth it, 3x3 to 5x5 without gaps. False: nothing was done.
+template <class Op, class D, class... S>
+ZELM_INLINE bool small_dense_object(const Op &op, int width, int height,
+                                    const Standard<D, 2, false> &d,
+                                    const Standard<S, 2, false> &...s) {
+    const bool null = (d.base == nullptr) | (... | (s.base == nullptr));
+    const int other = (width ^ height) | gaps(d, width) | (... | gaps(s, width));
+    if (null | (other != 0) | (static_cast<unsigned>(width) - 3u > 2u))
+        return false;
+    if (width == 3)
+        elementwise::adjacent<D, 9>(op, d.base, s.base...);
+    else if (width == 4)
+        elementwise::adjacent<D, 16>(op, d.base, s.base...);
+    else
+        elementwise::adjacent<D, 25>(op, d.base, s.base...);
+    return true;
+}
 
 // d = op(s...) on count objects. The operands are of one description; constants are in none.
 template <class Op, class Destination, class... Sources>

@@ -92,6 +92,15 @@ template <>
 ZELM_INLINE Lanes<double> splat<Lanes<double>>(double x) {
     return Lanes<double>{x, x};
 }
+// Lane l of v in every lane.
+template <int l>
+ZELM_INLINE Lanes<float> splat_lane(Lanes<float> v) {
+    return (Lanes<float>)_mm_shuffle_epi32((__m128i)v, l * 0x55);
+}
+template <int l>
+ZELM_INLINE Lanes<double> splat_lane(Lanes<double> v) {
+    return (Lanes<double>)_mm_shuffle_epi32((__m128i)v, l == 0 ? 0x44 : 0xee);
+}
 template <class S>
 ZELM_INLINE IndexOf<S> splat_index(int i) {
     return IndexOf<S>{} + i;

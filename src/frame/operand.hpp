@@ -176,6 +176,29 @@ struct Constant {
     ZELM_INLINE Constant from(int) const { return *this; }
 };
 
+// Row numbers, `length` for each object; length 0 is one row for all of them.
+template <class Int>
+struct IndexRows {
+    Int *base;
+    int length;
+    ZELM_INLINE Int *row(int n) const { return base + static_cast<Distance>(n) * length; }
+    ZELM_INLINE IndexRows from(int first) const { return {row(first), length}; }
+};
+
+// An array in the pointer description, of one fixed shape, with the address of every element of
+// object 0 worked out once: entry i*width + j.
+template <class T, int elements>
+struct Resolved {
+    using Type = T;
+    using Element = std::remove_const_t<T>;
+    static constexpr bool is_array = true, is_tabled = true, has_table = false;
+
+    ByteOf<T> *at[elements];
+    Distance stride0;
+
+    ZELM_INLINE bool planar() const { return stride0 == Distance{sizeof(T)}; }
+};
+
 // One object of any operand; strided views need no shape.
 template <class Operand>
 ZELM_INLINE auto view(const Operand &op, int n, [[maybe_unused]] Shape s) {
@@ -194,10 +217,35 @@ ZELM_INLINE bool rows_adjacent(const Operand &op) {
         return op.view(0).stride2 == Distance{sizeof(typename Operand::Type)};
 }
 
+// Zero where a standard operand's objects, `width` elements to the row as they enter the operation,
+// have no gaps inside. Such strides need no further check.
+template <class T, int rank, bool array>
+ZELM_INLINE int gaps(const Standard<T, rank, array> &op, int width) {
+    constexpr int element = sizeof(T);
+    const int inner = op.exchanged ? op.stride1 : op.stride2;
+    const int outer = op.exchanged ? op.stride2 : op.stride1;
+    return (inner ^ element) | (outer ^ (width * element));
+}
+
 // The description that a destination array is in.
 template <class Operand>
 inline constexpr Description description_of = Operand::is_tabled   ? Description::pointer
                                               : Operand::has_table ? Description::layout
                                                                    : Description::standard;
+
+// The operand as lane kernels of a fixed shape take it.
+template <int H, int W, class Operand>
+ZELM_INLINE auto resolved(const Operand &op) {
+    if constexpr (Operand::is_tabled) {
+        Resolved<typename Operand::Type, H * W> r;
+        const auto v = op.view(0, {H, W});
+        for (int e = 0; e < H * W; ++e)
+            r.at[e] = v.at(e / W, e % W);
+        r.stride0 = op.step();
+        return r;
+    } else {
+        return op;
+    }
+}
 
 } // namespace zelm

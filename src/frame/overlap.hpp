@@ -132,28 +132,55 @@ class Overlap {
 public:
     ZELM_INLINE Overlap(int count, Shape shape, const Footprint<Destination> &d,
                         const Footprint<Sources> &...s)
-        : destination_(d),
-          sources_(s...),
-          clear_(d.disjoint(shape, count) && ((!d.all(count).meets(s.all(count)) ||
-                                               detail::same_memory(d.operand(), s.operand())) &&
-                                              ...)) {}
-
-    template <class T>
-    ZELM_INLINE bool clear(const Group<T> &g) const {
-        return clear_ || group_clear(g);
+        : destination_(d), sources_(s...) {
+        if constexpr (Destination::has_table)
+            scan(count);
+        else
+            clear_ = d.disjoint(shape, count) &&
+                     ((!d.all(count).meets(s.all(count)) ||
+                       detail::same_memory(d.operand(), s.operand())) &&
+                      ...);
     }
 
+    // Whether objects first ... first + live - 1 may be worked on at once.
+    ZELM_INLINE bool clear(int first, int live) const { return clear_ || group_clear(first, live); }
+
 private:
-    template <class T>
-    [[gnu::noinline]] bool group_clear(const Group<T> &g) const {
-        for (int l = 0; l < g.live; ++l) {
-            const Span d = destination_.object(g.first + l);
-            for (int m = 0; m < g.live; ++m)
-                if (m != l &&
-                    (destination_.object(g.first + m).meets(d) ||
-                     std::apply(
-                         [&](const auto &...s) { return (s.object(g.first + m).meets(d) || ...); },
-                         sources_)))
+    // A table of objects is clear where it ascends and each source object lies between the
+    // destination objects before and behind it, or all sources lie elsewhere.
+    [[gnu::noinline]] void scan(int count) {
+        bool ascends = true;
+        Span all = destination_.object(0);
+        for (int n = 1; n < count; ++n) {
+            const Span d = destination_.object(n);
+            ascends = ascends && d.low >= destination_.object(n - 1).high;
+            all = {d.low < all.low ? d.low : all.low, d.high > all.high ? d.high : all.high};
+        }
+        clear_ = ascends && std::apply(
+                                [&](const auto &...s) { return (source_clear(s, all, count) && ...); },
+                                sources_);
+    }
+    template <class Source>
+    bool source_clear(const Source &s, Span destinations, int count) const {
+        bool between = true, outside = true;
+        for (int n = 0; n < count; ++n) {
+            const Span o = s.object(n);
+            outside = outside && !o.meets(destinations);
+            between = between && (n == 0 || o.low >= destination_.object(n - 1).high) &&
+                      (n == count - 1 || o.high <= destination_.object(n + 1).low);
+        }
+        return between || outside;
+    }
+    [[gnu::noinline]] bool group_clear(int first, int live) const {
+        for (int l = 0; l < live; ++l) {
+            const Span d = destination_.object(first + l);
+            for (int m = 0; m < live; ++m)
+                if (m != l && (destination_.object(first + m).meets(d) ||
+                               std::apply(
+                                   [&](const auto &...s) {
+                                       return (s.object(first + m).meets(d) || ...);
+                                   },
+                                   sources_)))
                     return false;
         }
         return true;
@@ -161,7 +188,7 @@ private:
 
     const Footprint<Destination> &destination_;
     std::tuple<const Footprint<Sources> &...> sources_;
-    bool clear_;
+    bool clear_ = false;
 };
 
 } // namespace zelm

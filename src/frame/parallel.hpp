@@ -38,15 +38,6 @@ template <class Kernel, class... Operands>
     return y8_ownOMP_zelm_ranges(ranges, count, 0, nullptr);
 }
 
-// Rows of the caller's index array move with their objects; length 0 is one row for all.
-template <class Int>
-struct IndexRows {
-    Int *base;
-    int length;
-    ZELM_INLINE Int *row(int n) const { return base + static_cast<Distance>(n) * length; }
-    ZELM_INLINE IndexRows from(int first) const { return {row(first), length}; }
-};
-
 // Serial or parallel, by the estimate's verdict.
 template <class Kernel, class... Operands>
 ZELM_INLINE ZelStatus run_objects(bool serial, const Kernel &kernel, int count,

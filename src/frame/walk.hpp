@@ -1,34 +1,94 @@
 // The walk over the objects of an array: lane groups where they are allowed, one object at a time
 // elsewhere, stopping at the first object that fails.
+//
+// There is one commit rule. A kernel stores its group when no lane fails; a group that is not full,
+// or in which a lane has failed, is computed on the stage and the objects before the first failure
+// are copied back. Then the failing object is done alone, to leave it as a failure leaves it.
 #pragma once
 
 #include "overlap.hpp"
+#include "stage.hpp"
+
+#include <tuple>
 
 namespace zelm {
 
-// group(Group) computes a group, commits the objects before its first failure and returns how many
-// it committed; `allowed` tells whether a group may be worked on at once. single(n) does object n
-// and returns its status: it is called for what groups may not do, and for a failing object, to
-// leave it as a failure leaves it. Tail and failure are one rule: a group commits a prefix.
-template <class T, class Allowed, class GroupKernel, class SingleKernel>
-ZELM_INLINE ZelStatus walk(int count, const Allowed &allowed, const GroupKernel &group,
-                           const SingleKernel &single) {
+// Where a kernel's group stands: objects first ... first + lanes - 1 of the operands it is given.
+struct Group {
+    int first;
+    bool staged;
+
+    // A kernel stores what it computed unless this says no; on the stage it always stores.
+    ZELM_INLINE bool stores(unsigned failing) const { return failing == 0 || staged; }
+};
+
+// An array operand of a walk, its objects' shape and the most elements that one can have.
+template <class Operand, int elements>
+struct Walked {
+    Operand operand;
+    Shape shape;
+};
+template <int H, int W, class Operand>
+ZELM_INLINE auto walked(const Operand &op) {
+    const auto r = resolved<H, W>(op);
+    return Walked<std::remove_const_t<decltype(r)>, H * W>{r, {H, W}};
+}
+template <int elements, class Operand>
+ZELM_INLINE auto walked(const Operand &op, Shape shape) {
+    return Walked<Operand, elements>{op, shape};
+}
+
+// kernel(group, operands...) returns the failing lanes as bits; single(n) does object n in the
+// arrays and returns its status; `allowed` tells which objects may be worked on at once.
+template <class T, class Allowed, class Kernel, class Single, class... Operand, int... elements>
+ZELM_INLINE ZelStatus walk(int count, const Allowed &allowed, const Kernel &kernel,
+                           const Single &single, const Walked<Operand, elements> &...arrays) {
     constexpr int L = lanes_per_register<T>;
-    int n = 0;
-    while (n < count) {
-        const Group<T> g{n, count - n < L ? count - n : L};
-        int committed = 0;
-        if (g.live > 1 && allowed.clear(g)) [[likely]] {
-            committed = group(g);
-            if (committed == g.live) [[likely]] {
-                n += committed;
-                continue;
-            }
+    std::tuple<Stage<Operand, elements>...> stages;
+    std::tuple<Operand...> operands = {arrays.operand...};
+    const auto each = [&](const auto &f) {
+        [&]<std::size_t... k>(std::index_sequence<k...>) {
+            (f(std::get<k>(stages), arrays, std::get<k>(operands)), ...);
+        }(std::index_sequence_for<Operand...>{});
+    };
+
+    bool failed_before = false; // and so computed once more, on the stage
+    for (int n = 0; n < count;) {
+        const int live = count - n < L ? count - n : L;
+        if (live == 1 || !allowed.clear(n, live)) [[unlikely]] {
+            if (const ZelStatus status = single(n))
+                return status;
+            ++n;
+            continue;
         }
-        n += committed;
-        if (const ZelStatus status = single(n))
-            return status;
-        ++n;
+        Group group = {n, live < L || failed_before};
+        if (group.staged) [[unlikely]] {
+            group.first = 0;
+            each([&](auto &stage, const auto &array, auto &operand) {
+                operand = stage.enter(array.operand, array.shape, n, live);
+            });
+        }
+        const unsigned failing = std::apply(
+            [&](const Operand &...o) __attribute__((always_inline)) { return kernel(group, o...); },
+            operands);
+        if (!group.staged) [[likely]] {
+            n += failing == 0 ? L : 0;
+            failed_before = failing != 0;
+            continue;
+        }
+        const int first_failing = failing == 0 ? L : __builtin_ctz(failing);
+        const int commit = first_failing < live ? first_failing : live;
+        each([&](auto &stage, const auto &array, auto &operand) {
+            stage.leave(array.operand, array.shape, n, commit);
+            operand = array.operand;
+        });
+        failed_before = false;
+        n += commit;
+        if (commit < live) {
+            if (const ZelStatus status = single(n))
+                return status;
+            ++n;
+        }
     }
     return zelStatusOk;
 }

@@ -69,96 +69,104 @@ ZelStatus y8_ownzelmLUBackSubst_mv(const Factor &factor, const int *index, const
 // ---- arrays
 // ---------------------------------------------------------------------------------------
 
-// The factors of a group, rows in pivot order: one factor for all lanes, or one factor a lane.
-template <class T, int N, class Factor, class Index>
-ZELM_INLINE void load_factor(Lanes<T> (&f)[N][N], const Factor &factor, const Index &index,
-                             const Group<T> &g) {
-    if constexpr (Factor::is_array) {
-        load_lanes(f, factor, g, stored_rows(index, g));
-    } else {
-        const auto v = view(factor, 0, {N, N});
-        unroll<N>(ZELM_EACH(i) {
-            unroll<N>(ZELM_EACH(j) { f[i][j] = splat<Lanes<T>>(get(v, index.row(0)[i], j)); });
-        });
-    }
-}
-
+// One factor beside an array of vectors is loaded once, into every lane.
 template <int N, class Factor, class Index, class Vector, class Result, class Allowed>
 void solve_array(const Factor &factor, const Index &index, const Vector &b, const Result &x,
                  int count, const Allowed &allowed) {
-    using T = typename Factor::Element;
+    using T = typename Vector::Element;
     using S = Lanes<T>;
-    S shared[N][N];
-    if constexpr (!Factor::is_array)
-        load_factor(shared, factor, index, Group<T>{0, 1});
-    walk<T>(
-        count, allowed,
-        [&](const Group<T> &g) __attribute__((always_inline)) {
-            // The vector as a column, so that its elements are the rows that p permutes.
-            S f[N][N], v[N][1], y[N];
-            if constexpr (Factor::is_array)
-                load_factor(f, factor, index, g);
-            load_lanes(v, b.as_column(), g, stored_rows(index, g));
-            unroll<N>(ZELM_EACH(i) { y[i] = v[i][0]; });
-            if constexpr (Factor::is_array)
-                substitute<N>(f, y);
-            else
-                substitute<N>(shared, y);
-            S row[1][N];
-            unroll<N>(ZELM_EACH(i) { row[0][i] = y[i]; });
-            store_lanes(x, g, g.live, row);
-            return g.live;
-        },
-        [&](int n) __attribute__((noinline)) {
-            return y8_ownzelmLUBackSubst_mv(factor, index.row(n), b, x, N, n);
+    const auto solve = [](const Group &group, const S(&f)[N][N], const auto &numbers,
+                          const auto &from, const auto &to) __attribute__((always_inline)) {
+        S v[N][1], row[1][N];
+        load_lanes<T>(v, from, group.first, stored_rows<T>(numbers, group.first));
+        unroll<N>(ZELM_EACH(i) { row[0][i] = v[i][0]; });
+        substitute<N>(f, row[0]);
+        store_lanes<T>(to, group.first, row);
+        return 0u;
+    };
+    const auto alone = [&](int n) __attribute__((noinline)) {
+        return y8_ownzelmLUBackSubst_mv(factor, index.row(n), b, x, N, n);
+    };
+    // The vector as a column, so that its elements are the rows that the numbers permute.
+    const auto from = walked<N, 1>(b.as_column());
+    const auto to = walked<1, N>(x);
+    const auto numbers = walked<N>(index, {});
+    if constexpr (Factor::is_array) {
+        walk<T>(
+            count, allowed,
+            [&](const Group &group, const auto &f, const auto &p, const auto &v, const auto &y)
+                __attribute__((always_inline)) {
+                    S a[N][N];
+                    load_lanes<T>(a, f, group.first, stored_rows<T>(p, group.first));
+                    return solve(group, a, p, v, y);
+                },
+            alone, walked<N, N>(factor), numbers, from, to);
+    } else {
+        S a[N][N];
+        const auto v = view(factor, 0, {N, N});
+        unroll<N>(ZELM_EACH(i) {
+            unroll<N>(ZELM_EACH(j) { a[i][j] = splat<S>(get(v, index.row(0)[i], j)); });
         });
+        walk<T>(
+            count, allowed,
+            [&](const Group &group, const auto &p, const auto &f, const auto &y)
+                __attribute__((always_inline)) { return solve(group, a, p, f, y); },
+            alone, numbers, from, to);
+    }
 }
 
-// Any other order: x grows in lanes on the stack, the factor's rows are read as they are used.
-inline constexpr int largest_lane_order = 512; // 8 KiB of registers
-
-template <class Factor, class Index, class Vector, class Result, class Allowed>
+// Any other order: x grows in registers' memory, the factor's rows are read as they are used.
+template <int largest, class Factor, class Index, class Vector, class Result, class Allowed>
 void solve_array(int n, const Factor &factor, const Index &index, const Vector &b, const Result &x,
                  int count, const Allowed &allowed) {
-    using T = typename Factor::Element;
+    using T = typename Vector::Element;
     using S = Lanes<T>;
-    constexpr int L = lanes_of<S>;
     const Shape shape = {n, n};
-    walk<T>(
-        count, allowed,
-        [&](const Group<T> &g) {
-            const auto rows = stored_rows(index, g);
-            S y[largest_lane_order];
-            const auto subtract = [&](S value, int i, int first, int last) {
-                int j = first;
-                for (; j + L <= last; j += L) {
-                    S f[1][L];
-                    load_row(f, factor, g, shape, rows, i, j);
-                    unroll<L>(ZELM_EACH(e) { value = value - f[0][e] * y[j + e]; });
-                }
-                for (; j < last; ++j) {
-                    S f[1][1];
-                    load_row(f, factor, g, shape, rows, i, j);
-                    value = value - f[0][0] * y[j];
-                }
-                return value;
-            };
-            for (int i = 0; i < n; ++i) {
-                S v[1][1];
-                load_row(v, b.as_column(), g, {n, 1}, rows, i, 0);
-                y[i] = subtract(v[0][0], i, 0, i);
-            }
-            for (int i = n - 1; i >= 0; --i) {
-                S f[1][1];
-                load_row(f, factor, g, shape, rows, i, i);
-                y[i] = subtract(y[i], i, i + 1, n) / f[0][0];
-            }
-            store_vector(x, g, g.live, y, n);
-            return g.live;
-        },
-        [&](int k) __attribute__((noinline)) {
-            return y8_ownzelmLUBackSubst_mv(factor, index.row(k), b, x, n, k);
+    const auto solve = [&](const Group &group, const auto &f, const auto &numbers, const auto &from,
+                           const auto &to) {
+        const int first = group.first;
+        const auto rows = stored_rows<T>(numbers, first);
+        S y[largest];
+        const auto subtract = [&](S value, int i, int begin, int end)
+                                  __attribute__((always_inline)) {
+            in_steps<T>(begin, end, [&](int j, auto K) __attribute__((always_inline)) {
+                S part[K];
+                load_row<T>(part, f, first, shape, i, j, rows);
+                unroll<K>(ZELM_EACH(e) { value = value - part[e] * y[j + e]; });
+            });
+            return value;
+        };
+        for (int i = 0; i < n; ++i) {
+            S v[1];
+            load_row<T>(v, from, first, {n, 1}, i, 0, rows);
+            y[i] = subtract(v[0], i, 0, i);
+        }
+        for (int i = n - 1; i >= 0; --i) {
+            S diagonal[1];
+            load_row<T>(diagonal, f, first, shape, i, i, rows);
+            y[i] = subtract(y[i], i, i + 1, n) / diagonal[0];
+        }
+        in_steps<T>(0, n, [&](int j, auto K) __attribute__((always_inline)) {
+            store_row<T>(to, first, {1, n}, 0, j, *reinterpret_cast<S(*)[K]>(y + j));
         });
+        return 0u;
+    };
+    const auto alone = [&](int k) __attribute__((noinline)) {
+        return y8_ownzelmLUBackSubst_mv(factor, index.row(k), b, x, n, k);
+    };
+    const auto from = walked<largest>(b.as_column(), {n, 1});
+    const auto to = walked<largest>(x, {1, n});
+    const auto numbers = walked<largest>(index, {});
+    if constexpr (Factor::is_array)
+        walk<T>(count, allowed, solve, alone, walked<largest * largest>(factor, shape), numbers,
+                from, to);
+    else
+        walk<T>(
+            count, allowed,
+            [&](const Group &group, const auto &p, const auto &v, const auto &y) {
+                return solve(group, factor, p, v, y);
+            },
+            alone, numbers, from, to);
 }
 
 template <class Factor, class Index, class Vector, class Result>
@@ -182,8 +190,10 @@ ZelStatus y8_ownzelmLUBackSubst(int count, const Factor &factor, const Index &in
         solve_array<6>(factor, index, b, x, count, overlap);
         break;
     default:
-        if (n <= largest_lane_order)
-            solve_array(n, factor, index, b, x, count, overlap);
+        // The stage holds whole factors, or vectors alone.
+        constexpr int largest = Factor::is_array ? 16 : 256;
+        if (n <= largest)
+            solve_array<largest>(n, factor, index, b, x, count, overlap);
         else
             for (int k = 0; k < count; ++k)
                 y8_ownzelmLUBackSubst_mv(factor, index.row(k), b, x, n, k);

@@ -70,8 +70,8 @@ ZelStatus y8_ownzelmLUDecomp_m(const Source &source, int *index, const Destinati
 }
 
 template <int N, class Source, class Destination>
-ZelStatus factor_array(const Source &source, IndexRows<int> index, const Destination &destination,
-                       int count) {
+ZelStatus factor_array(const Source &source, const IndexRows<int> &index,
+                       const Destination &destination, int count) {
     using T = typename Source::Element;
     using S = Lanes<T>;
     const Shape shape = {N, N};
@@ -80,19 +80,67 @@ ZelStatus factor_array(const Source &source, IndexRows<int> index, const Destina
     const Overlap overlap(count, shape, to, from);
     return walk<T>(
         count, overlap,
-        [&](const Group<T> &g) __attribute__((always_inline)) {
-            S a[N][N];
-            IndexOf<S> p[N];
-            load_lanes(a, source, g);
-            const auto failing = factor<N>(a, p, straight_line_threshold<T>, ZELM_EACH(){});
-            const int commit = g.passing(failing);
-            store_lanes(destination, g, commit, a, ComputedRows<T, N>{p});
-            store_numbers<T, N>(index, g, commit, p);
-            return commit;
-        },
+        [](const Group &group, const auto &x, const auto &numbers, const auto &y)
+            __attribute__((always_inline)) {
+                S a[N][N];
+                IndexOf<S> p[N];
+                load_lanes<T>(a, x, group.first);
+                const unsigned failing =
+                    lane_bits(factor<N>(a, p, straight_line_threshold<T>, ZELM_EACH(){}));
+                if (group.stores(failing)) [[likely]] {
+                    store_lanes<T>(y, group.first, a, ComputedRows<T, N>{p});
+                    store_numbers<T, N>(numbers, group.first, p);
+                }
+                return failing;
+            },
         [&](int n) __attribute__((noinline)) {
             return y8_ownzelmLUDecomp_m(source, index.row(n), destination, N, n);
-        });
+        },
+        walked<N, N>(source), walked<N>(index, {}), walked<N, N>(destination));
+}
+
+template <class Source, class Destination>
+ZelStatus factor_array_general(const Source &source, const IndexRows<int> &index,
+                               const Destination &destination, int count) {
+    using T = typename Source::Element;
+    using S = Lanes<T>;
+    constexpr int elements = largest_lane_order * largest_lane_order;
+    const int n = index.length;
+    const Shape shape = {n, n};
+    const Footprint from(source, shape);
+    const Footprint to(destination, shape);
+    const Overlap overlap(count, shape, to, from);
+    return walk<T>(
+        count, overlap,
+        [&](const Group &group, const auto &x, const auto &numbers, const auto &y) {
+            S a[elements];
+            IndexOf<S> p[largest_lane_order];
+            const auto all = [&](const auto &f) __attribute__((always_inline)) {
+                for (int i = 0; i < n; ++i)
+                    in_steps<T>(0, n, [&](int j, auto K) __attribute__((always_inline)) {
+                        f(i, j, *reinterpret_cast<S(*)[K]>(a + i * n + j));
+                    });
+            };
+            all([&](int i, int j, auto &part) __attribute__((always_inline)) {
+                load_row<T>(part, x, group.first, shape, i, j);
+            });
+            const unsigned failing = lane_bits(factor_lanes<S>(a, p, n, general_threshold<T>));
+            if (group.stores(failing)) {
+                const auto row = [&](int i, int lane) { return static_cast<int>(p[i][lane]); };
+                all([&](int i, int j, auto &part) __attribute__((always_inline)) {
+                    store_row<T>(y, group.first, shape, i, j, part, RowNumbers{row});
+                });
+                for (int l = 0; l < lanes_of<S>; ++l)
+                    for (int i = 0; i < n; ++i)
+                        numbers.row(group.first + l)[i] = row(i, l);
+            }
+            return failing;
+        },
+        [&](int k) __attribute__((noinline)) {
+            return y8_ownzelmLUDecomp_m(source, index.row(k), destination, n, k);
+        },
+        walked<elements>(source, shape), walked<largest_lane_order>(index, {}),
+        walked<elements>(destination, shape));
 }
 
 template <class Source, class Destination>
@@ -108,6 +156,8 @@ ZelStatus y8_ownzelmLUDecomp_ma(int count, const Source &source, const IndexRows
     case 6:
         return factor_array<6>(source, index, destination, count);
     default:
+        if (index.length > 1 && index.length <= largest_lane_order)
+            return factor_array_general(source, index, destination, count);
         for (int k = 0; k < count; ++k)
             if (const ZelStatus status =
                     y8_ownzelmLUDecomp_m(source, index.row(k), destination, index.length, k))
