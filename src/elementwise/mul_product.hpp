@@ -46,6 +46,49 @@ ZELM_INLINE void along_rows(int count, const A &a, const B &b, const D &d) {
     }
 }
 
+template <int n, class A, class B, class D>
+void along_row_tiles(int count, const A &a, const B &b, const D &d) {
+    for (int object = 0; object < count; ++object)
+        multiply_row_tiles<n, n, n, 2, typename D::Element>(a.view(object), b.view(object),
+                                                            d.view(object));
+}
+
+// Matrix times vector, adjacent elements everywhere: columns in registers where whole registers
+// make up a column; pairs of lanes are too few to pay for one object in each, so doubles of odd
+// order go one by one.
+template <class T, int n>
+inline constexpr bool columns_win = n % lanes_per_register<T> == 0;
+template <class T, int n>
+inline constexpr bool scalars_win = sizeof(T) == 8 && n % 2 == 1;
+
+template <int n, class A, class B, class D>
+void along_columns(int count, const A &a, const B &b, const D &d) {
+    using T = typename D::Element;
+    ColumnsOf<T, n> columns;
+    columns.load(a.view(0));
+    for (int object = 0; object < count; ++object) {
+        if (A::is_array)
+            columns.load(a.view(object));
+        multiply_columns(columns, b.object(object), d.object(object));
+    }
+}
+template <int n, class A, class B, class D>
+void by_scalars(int count, const A &a, const B &b, const D &d) {
+    using T = typename D::Element;
+    for (int object = 0; object < count; ++object) {
+        const auto x = a.view(object);
+        const char *const y = b.object(object);
+        char *const z = d.object(object);
+        T left[n][n], right[n][1], product[n][1];
+        unroll<n>(ZELM_EACH(i) {
+            unroll<n>(ZELM_EACH(k) { left[i][k] = get(x, i, k); });
+            right[i][0] = load<T>(y + i * sizeof(T));
+        });
+        multiply(left, right, product);
+        unroll<n>(ZELM_EACH(i) { store<T>(z + i * sizeof(T), product[i][0]); });
+    }
+}
+
 template <class A, class B, class D>
 void any_shape(Sizes s, const A &a, const B &b, const D &d, int object) {
     using T = typename D::Element;
@@ -118,14 +161,32 @@ void square(int count, const A &a, const B &b, const D &d) {
     if constexpr (N > 1 && !D::is_tabled && (rows_win<T, n> || !D::is_array))
         if (rows_adjacent(a) && rows_adjacent(b) && rows_adjacent(d))
             return along_rows<n, N>(count, a, b, d);
-    if constexpr (D::is_array)
+    if constexpr (N == 1 && D::is_array && !D::is_tabled &&
+                  (columns_win<T, n> || scalars_win<T, n>))
+        if (rows_adjacent(a) && column_adjacent(b) && column_adjacent(d)) {
+            if constexpr (columns_win<T, n>)
+                return along_columns<n>(count, a, b, d);
+            else
+                return by_scalars<n>(count, a, b, d);
+        }
+    // Layout objects with their elements apart are too rare to have lanes where rows win.
+    if constexpr (D::is_array && !(D::has_table && N > 1 && rows_win<T, n>))
         in_lanes<n, N>(count, a, b, d);
     else
-        any_shape({n, n, N}, a, b, d, 0);
+        for (int object = 0; object < count; ++object)
+            any_shape({n, n, N}, a, b, d, object);
 }
 
 template <bool vector, class A, class B, class D>
 ZelStatus y8_ownzelmMul(int count, Sizes s, const A &a, const B &b, const D &d) {
+    if constexpr (D::is_tabled && D::is_array) {
+        Standard<typename A::Type, 2, A::is_array> x;
+        Standard<typename B::Type, 2, B::is_array> y;
+        Standard<typename D::Type, 2, D::is_array> z;
+        if (is_regular(a, {s.M, s.K}, x) && is_regular(b, {s.K, s.N}, y) &&
+            is_regular(d, {s.M, s.N}, z))
+            return y8_ownzelmMul<vector>(count, s, x, y, z);
+    }
     if (s.M == s.K && (vector || s.N == s.K)) {
         switch (s.K) {
         case 3:
@@ -140,6 +201,12 @@ ZelStatus y8_ownzelmMul(int count, Sizes s, const A &a, const B &b, const D &d) 
         case 6:
             square<6, vector ? 1 : 6>(count, a, b, d);
             return zelStatusOk;
+        case 8:
+            if constexpr (!vector && !D::is_tabled)
+                if (rows_adjacent(a) && rows_adjacent(b) && rows_adjacent(d)) {
+                    along_row_tiles<8>(count, a, b, d);
+                    return zelStatusOk;
+                }
         }
     }
     for (int object = 0; object < count; ++object)

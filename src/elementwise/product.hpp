@@ -69,6 +69,68 @@ ZELM_INLINE void multiply_rows(const StridedView<const T> &a, const RowOf<T, N> 
     });
 }
 
+// The same for rows of b that are too many for the registers: R rows of d at a time, b from memory.
+template <int M, int K, int N, int R, class T>
+ZELM_INLINE void multiply_row_tiles(const StridedView<const T> &a, const StridedView<const T> &b,
+                                    const StridedView<T> &d) {
+    static_assert(M % R == 0);
+    for (int i = 0; i < M; i += R) {
+        RowOf<T, K> left[R];
+        RowOf<T, N> row[R];
+        unroll<R>(ZELM_EACH(r) { left[r].load(a.at(i + r, 0)); });
+        unroll<K>(ZELM_EACH(k) {
+            RowOf<T, N> right;
+            right.load(b.at(k, 0));
+            unroll<R>(ZELM_EACH(r) {
+                const Lanes<T> x = splat_element<T, K, k>(left[r], a.at(i + r, 0));
+                unroll<RowOf<T, N>::registers>(ZELM_EACH(c) {
+                    if constexpr (k == 0)
+                        row[r].v[c] = x * right.v[c];
+                    else
+                        row[r].v[c] = row[r].v[c] + x * right.v[c];
+                });
+            });
+        });
+        unroll<R>(ZELM_EACH(r) { row[r].store(d.at(i + r, 0)); });
+    }
+}
+
+// ---- columns in registers: a matrix times a vector ------------------------------------------------
+
+// The columns of an N x N matrix with adjacent rows, N a multiple of the lanes.
+template <class T, int N>
+struct ColumnsOf {
+    static constexpr int L = lanes_per_register<T>;
+    Lanes<T> v[N][N / L];
+
+    ZELM_INLINE void load(const StridedView<const T> &a) {
+        unroll<N / L>(ZELM_EACH(i) {
+            unroll<N / L>(ZELM_EACH(k) {
+                Lanes<T> block[L];
+                unroll<L>(ZELM_EACH(e) { block[e] = zelm::load<Lanes<T>>(a.at(i * L + e, k * L)); });
+                transpose(block);
+                unroll<L>(ZELM_EACH(e) { v[k * L + e][i] = block[e]; });
+            });
+        });
+    }
+};
+
+template <class T, int N>
+ZELM_INLINE void multiply_columns(const ColumnsOf<T, N> &a, const char *x, char *y) {
+    RowOf<T, N> vector, sum;
+    vector.load(x);
+    unroll<N>(ZELM_EACH(k) {
+        const Lanes<T> element = splat_element<T, N, k>(vector, x);
+        unroll<RowOf<T, N>::registers>(ZELM_EACH(c) {
+            if constexpr (k == 0)
+                sum.v[c] = a.v[k][c] * element;
+            else
+                sum.v[c] = sum.v[c] + a.v[k][c] * element;
+        });
+    });
+    sum.store(y);
+}
+
 // ---- any shape
 // ------------------------------------------------------------------------------------
 
@@ -93,7 +155,7 @@ ZELM_INLINE void multiply_block(const A &a, const B &b, const D &d, int i, int j
         ZELM_EACH(r) { unroll<V>(ZELM_EACH(v) { store<S>(d.at(i + r, j + v * L), sum[r][v]); }); });
 }
 template <class S, int V, class A, class B, class D>
-ZELM_INLINE void multiply_columns(const A &a, const B &b, const D &d, int M, int K, int j) {
+ZELM_INLINE void multiply_strip(const A &a, const B &b, const D &d, int M, int K, int j) {
     int i = 0;
     for (; i + 4 <= M; i += 4)
         multiply_block<S, 4, V>(a, b, d, i, j, K);
@@ -107,12 +169,12 @@ void multiply_any(const A &a, const B &b, const D &d, int M, int K, int N) {
     if constexpr (adjacent) {
         constexpr int L = lanes_per_register<T>;
         for (; j + 2 * L <= N; j += 2 * L)
-            multiply_columns<Lanes<T>, 2>(a, b, d, M, K, j);
+            multiply_strip<Lanes<T>, 2>(a, b, d, M, K, j);
         for (; j + L <= N; j += L)
-            multiply_columns<Lanes<T>, 1>(a, b, d, M, K, j);
+            multiply_strip<Lanes<T>, 1>(a, b, d, M, K, j);
     }
     for (; j < N; ++j)
-        multiply_columns<T, 1>(a, b, d, M, K, j);
+        multiply_strip<T, 1>(a, b, d, M, K, j);
 }
 
 } // namespace zelm

@@ -65,26 +65,42 @@ ZELM_INLINE void step(const Op &op, char *d, const char *const *s, const Distanc
              op(load_run<S, runs>(s[k] + distance<S, runs>(j, stride[k + 1]), stride[k + 1])...));
 }
 
+// The loops copy what they are given: a stored element must not be suspected to change an address.
+template <int n>
+struct Copied {
+    const char *s[n];
+    Distance stride[n + 1];
+
+    ZELM_INLINE Copied(const char *const *from, const Distance *apart) {
+        unroll<n>(ZELM_EACH(k) { s[k] = from[k]; });
+        unroll<n + 1>(ZELM_EACH(k) { stride[k] = apart[k]; });
+    }
+};
+
 // The destination adjacent: registers, then the rest element by element.
 template <class T, class Op, Run... runs>
-void line_adjacent(const Op &op, char *d, const char *const *s, const Distance *stride,
+void line_adjacent(const Op &op, char *d, const char *const *from, const Distance *apart,
                    Distance n) {
     using S = Lanes<T>;
     constexpr auto sources = std::make_index_sequence<sizeof...(runs)>{};
     constexpr Distance L = lanes_of<S>;
+    const Copied<sizeof...(runs)> c(from, apart);
     Distance j = 0;
     for (; j + 4 * L <= n; j += 4 * L)
-        unroll<4>(ZELM_EACH(u) { step<S, Run::adjacent, runs...>(op, d, s, stride, j + u * L, sources); });
+        unroll<4>(ZELM_EACH(u) {
+            step<S, Run::adjacent, runs...>(op, d, c.s, c.stride, j + u * L, sources);
+        });
     for (; j + L <= n; j += L)
-        step<S, Run::adjacent, runs...>(op, d, s, stride, j, sources);
+        step<S, Run::adjacent, runs...>(op, d, c.s, c.stride, j, sources);
     for (; j < n; ++j)
-        step<T, Run::adjacent, runs...>(op, d, s, stride, j, sources);
+        step<T, Run::adjacent, runs...>(op, d, c.s, c.stride, j, sources);
 }
 template <class T, class Op, std::size_t... k>
-void line_apart(const Op &op, char *d, const char *const *s, const Distance *stride, Distance n,
+void line_apart(const Op &op, char *d, const char *const *from, const Distance *apart, Distance n,
                 std::index_sequence<k...> sources) {
+    const Copied<sizeof...(k)> c(from, apart);
     for (Distance j = 0; j < n; ++j)
-        step<T, Run::apart, (void(k), Run::apart)...>(op, d, s, stride, j, sources);
+        step<T, Run::apart, (void(k), Run::apart)...>(op, d, c.s, c.stride, j, sources);
 }
 
 // Chooses the loop for each source's run.
@@ -109,14 +125,18 @@ ZELM_INLINE void line(const Op &op, char *d, const char *const *s, const Distanc
 // ---- short rows: W elements, W known at compile time
 // ----------------------------------------------
 
-template <class T, int W, class Op, Run... runs, std::size_t... k>
+template <class T, int W, Run to, Run... runs, class Op, std::size_t... k>
 ZELM_INLINE void short_row(const Op &op, char *d, const char *const *s, const Distance *stride,
                            std::index_sequence<k...> sources) {
+    if constexpr (to == Run::apart) {
+        unroll<W>(ZELM_EACH(j) { step<T, to, runs...>(op, d, s, stride, j, sources); });
+        return;
+    }
     using S = Lanes<T>;
     constexpr int L = lanes_of<S>, rest = W % L;
-    unroll<W / L>(ZELM_EACH(c) { step<S, Run::adjacent, runs...>(op, d, s, stride, c * L, sources); });
+    unroll<W / L>(ZELM_EACH(c) { step<S, to, runs...>(op, d, s, stride, c * L, sources); });
     if constexpr (rest == 1) {
-        step<T, Run::adjacent, runs...>(op, d, s, stride, W - 1, sources);
+        step<T, to, runs...>(op, d, s, stride, W - 1, sources);
     } else if constexpr (rest > 1) {
         constexpr Distance at = (W - rest) * Distance{sizeof(T)};
         const auto part = [&]<Run run>(const char *p, Distance apart)
@@ -148,7 +168,7 @@ struct Nest {
 template <int operands>
 struct AffineObjects {
     char *base[operands];
-    const Axis<operands> &axis;
+    Axis<operands> axis;
 
     ZELM_INLINE char *operator()(int k, Distance n) const { return base[k] + n * axis.stride[k]; }
 };
@@ -164,49 +184,57 @@ struct TableObjects {
 
 template <int operands, class Objects, class Row>
 ZELM_INLINE void for_each_row(const Nest<operands> &nest, const Objects &objects, const Row &row) {
-    for (Distance n = 0; n < nest.object.extent; ++n) {
+    const Distance count = nest.object.extent, rows = nest.outer.extent;
+    Distance next[operands];
+    unroll<operands>(ZELM_EACH(k) { next[k] = nest.outer.stride[k]; });
+    for (Distance n = 0; n < count; ++n) {
         char *p[operands];
         unroll<operands>(ZELM_EACH(k) { p[k] = objects(k, n); });
-        for (Distance i = 0; i < nest.outer.extent; ++i) {
+        for (Distance i = 0; i < rows; ++i) {
             row(p[0], p + 1);
-            unroll<operands>(ZELM_EACH(k) { p[k] += nest.outer.stride[k]; });
+            unroll<operands>(ZELM_EACH(k) { p[k] += next[k]; });
         }
     }
 }
 
 inline constexpr int longest_short_row = 6;
 
-template <class T, int W, int sources, class Objects, class Op, Run... chosen>
+// A destination apart takes its sources as they come; beside an adjacent one each source is
+// adjacent or is taken element by element.
+template <class T, int W, int sources, class Objects, class Op, Run to, Run... chosen>
 void short_rows(const Nest<sources + 1> &nest, const Objects &objects, const Op &op) {
     constexpr int k = sizeof...(chosen);
     if constexpr (k == sources) {
         Distance stride[sources + 1];
         unroll<sources + 1>(ZELM_EACH(i) { stride[i] = nest.inner.stride[i]; });
-        for_each_row(
-            nest, objects, [&](char *d, const char *const *s) __attribute__((always_inline)) {
-                short_row<T, W, Op, chosen...>(op, d, s, stride,
-                                               std::make_index_sequence<sources>{});
-            });
-    } else if (nest.inner.stride[k + 1] == Distance{sizeof(T)}) {
-        short_rows<T, W, sources, Objects, Op, chosen..., Run::adjacent>(nest, objects, op);
+        const Objects own = objects;
+        for_each_row(nest, own, [&](char *d, const char *const *s) __attribute__((always_inline)) {
+            short_row<T, W, to, chosen...>(op, d, s, stride, std::make_index_sequence<sources>{});
+        });
+    } else if (to == Run::adjacent && nest.inner.stride[k + 1] == Distance{sizeof(T)}) {
+        if constexpr (to == Run::adjacent)
+            short_rows<T, W, sources, Objects, Op, to, chosen..., Run::adjacent>(nest, objects, op);
     } else {
-        short_rows<T, W, sources, Objects, Op, chosen..., Run::apart>(nest, objects, op);
+        short_rows<T, W, sources, Objects, Op, to, chosen..., Run::apart>(nest, objects, op);
     }
 }
 
-template <class T, int W, int sources, class Objects, class Op>
+template <class T, int W, int sources, Run to, class Objects, class Op>
 ZELM_INLINE void short_rows_of(const Nest<sources + 1> &nest, const Objects &objects,
                                const Op &op) {
     if (nest.inner.extent == W)
-        return short_rows<T, W, sources>(nest, objects, op);
+        return short_rows<T, W, sources, Objects, Op, to>(nest, objects, op);
     if constexpr (W > 1)
-        short_rows_of<T, W - 1, sources>(nest, objects, op);
+        short_rows_of<T, W - 1, sources, to>(nest, objects, op);
 }
 
 template <class T, int sources, class Objects, class Op>
 void run(const Nest<sources + 1> &nest, const Objects &objects, const Op &op) {
-    if (nest.inner.extent <= longest_short_row && nest.inner.stride[0] == Distance{sizeof(T)})
-        return short_rows_of<T, longest_short_row, sources>(nest, objects, op);
+    const bool adjacent = nest.inner.stride[0] == Distance{sizeof(T)};
+    if (nest.inner.extent <= longest_short_row)
+        return adjacent
+                   ? short_rows_of<T, longest_short_row, sources, Run::adjacent>(nest, objects, op)
+                   : short_rows_of<T, longest_short_row, sources, Run::apart>(nest, objects, op);
     for_each_row(nest, objects, [&](char *d, const char *const *s) {
         line<T, sources, Op>(op, d, s, nest.inner.stride, nest.inner.extent);
     });
@@ -333,8 +361,8 @@ ZELM_INLINE void adjacent(const Op &op, T *d, const Source *...s) {
     constexpr auto sources = std::make_index_sequence<sizeof...(Source)>{};
     const Distance stride[] = {sizeof(T), (void(s), Distance{sizeof(T)})...};
     const char *const from[] = {reinterpret_cast<const char *>(s)...};
-    short_row<T, N, Op, (void(sizeof(Source)), Run::adjacent)...>(op, reinterpret_cast<char *>(d),
-                                                                 from, stride, sources);
+    short_row<T, N, Run::adjacent, (void(sizeof(Source)), Run::adjacent)...>(
+        op, reinterpret_cast<char *>(d), from, stride, sources);
 }
 
 // One object: its rows, as one line where they are one.

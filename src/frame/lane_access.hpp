@@ -181,8 +181,10 @@ ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
         });
     } else {
         const auto v = op.view(first);
-        if (op.planar())
-            return planar([&](int i, int j) __attribute__((always_inline)) { return v.at(i, j); });
+        if constexpr (!is_dense<Operand>)
+            if (op.planar())
+                return planar(
+                    [&](int i, int j) __attribute__((always_inline)) { return v.at(i, j); });
         const char *base[L];
         detail::lane_objects<T>(base, op, first);
         const bool packed = W == 1 || v.stride2 == Distance{sizeof(T)};
@@ -236,8 +238,10 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
         });
     } else {
         const auto v = op.view(first);
-        if (op.planar())
-            return planar([&](int i, int j) __attribute__((always_inline)) { return v.at(i, j); });
+        if constexpr (!is_dense<Operand>)
+            if (op.planar())
+                return planar(
+                    [&](int i, int j) __attribute__((always_inline)) { return v.at(i, j); });
         char *base[L];
         detail::lane_objects<T>(base, op, first);
         const bool packed = W == 1 || v.stride2 == Distance{sizeof(T)};

@@ -15,6 +15,7 @@
 #include "zelm.h"
 
 #include <cstddef>
+#include <cstdint>
 
 namespace zelm {
 
@@ -217,6 +218,12 @@ ZELM_INLINE bool rows_adjacent(const Operand &op) {
         return op.view(0).stride2 == Distance{sizeof(typename Operand::Type)};
 }
 
+// Whether the elements of a matrix of one column are adjacent.
+template <class Operand>
+ZELM_INLINE bool column_adjacent(const Operand &op) {
+    return op.view(0).stride1 == Distance{sizeof(typename Operand::Type)};
+}
+
 // Zero where a standard operand's objects, `width` elements to the row as they enter the operation,
 // have no gaps inside. Such strides need no further check.
 template <class T, int rank, bool array>
@@ -233,6 +240,28 @@ inline constexpr Description description_of = Operand::is_tabled   ? Description
                                               : Operand::has_table ? Description::layout
                                                                    : Description::standard;
 
+// An array whose objects, of one fixed shape, have no gaps inside.
+template <class T, int H, int W>
+struct Dense {
+    using Type = T;
+    using Element = std::remove_const_t<T>;
+    static constexpr bool is_array = true, is_tabled = false, has_table = false;
+
+    ByteOf<T> *base;
+    Distance stride0;
+
+    ZELM_INLINE Distance step() const { return stride0; }
+    ZELM_INLINE ByteOf<T> *object(int n) const { return base + n * stride0; }
+    ZELM_INLINE StridedView<T> view(int n) const {
+        return {object(n), W * Distance{sizeof(T)}, sizeof(T)};
+    }
+};
+
+template <class Operand>
+inline constexpr bool is_dense = false;
+template <class T, int H, int W>
+inline constexpr bool is_dense<Dense<T, H, W>> = true;
+
 // The operand as lane kernels of a fixed shape take it.
 template <int H, int W, class Operand>
 ZELM_INLINE auto resolved(const Operand &op) {
@@ -246,6 +275,28 @@ ZELM_INLINE auto resolved(const Operand &op) {
     } else {
         return op;
     }
+}
+
+// A table whose entries are rows and columns at even distances says the same as two strides. Returns
+// whether it does, and the standard operand.
+template <class T, int rank, bool array>
+inline bool is_regular(const Tabled<T, rank, array> &op, Shape shape, Standard<T, 2, array> &same) {
+    const auto v = op.view(0, shape);
+    const auto at = [&](int i, int j) { return reinterpret_cast<std::uintptr_t>(v.at(i, j)); };
+    const auto origin = at(0, 0);
+    const auto down = shape.height > 1 ? at(1, 0) - origin : 0;
+    const auto across = shape.width > 1 ? at(0, 1) - origin : 0;
+    for (int i = 0; i < shape.height; ++i)
+        for (int j = 0; j < shape.width; ++j)
+            if (at(i, j) != origin + static_cast<std::uintptr_t>(i) * down +
+                                static_cast<std::uintptr_t>(j) * across)
+                return false;
+    const auto stride1 = static_cast<Distance>(down), stride2 = static_cast<Distance>(across);
+    if (stride1 != static_cast<int>(stride1) || stride2 != static_cast<int>(stride2))
+        return false;
+    same = {reinterpret_cast<T *>(v.at(0, 0)), op.stride0, static_cast<int>(stride1),
+            static_cast<int>(stride2)};
+    return true;
 }
 
 } // namespace zelm

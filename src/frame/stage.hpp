@@ -46,7 +46,9 @@ private:
     Operand described(const Operand &op, Shape shape) {
         Operand staged = op;
         constexpr int element = sizeof(T), object = elements * element;
-        if constexpr (requires { op.at[0]; }) {
+        if constexpr (is_dense<Operand>) {
+            staged = {reinterpret_cast<decltype(op.base)>(data_), object};
+        } else if constexpr (requires { op.at[0]; }) {
             for (int e = 0; e < elements; ++e)
                 staged.at[e] = reinterpret_cast<char *>(data_ + e);
             staged.stride0 = object;

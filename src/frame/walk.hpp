@@ -22,8 +22,9 @@ struct Group {
     ZELM_INLINE bool stores(unsigned failing) const { return failing == 0 || staged; }
 };
 
-// An array operand of a walk, its objects' shape and the most elements that one can have.
-template <class Operand, int elements>
+// An array operand of a walk, its objects' shape and the most elements that one can have. H and W
+// are 0 where the shape is known at run time only.
+template <class Operand, int elements, int H = 0, int W = 0>
 struct Walked {
     Operand operand;
     Shape shape;
@@ -31,18 +32,48 @@ struct Walked {
 template <int H, int W, class Operand>
 ZELM_INLINE auto walked(const Operand &op) {
     const auto r = resolved<H, W>(op);
-    return Walked<std::remove_const_t<decltype(r)>, H * W>{r, {H, W}};
+    return Walked<std::remove_const_t<decltype(r)>, H * W, H, W>{r, {H, W}};
 }
 template <int elements, class Operand>
 ZELM_INLINE auto walked(const Operand &op, Shape shape) {
     return Walked<Operand, elements>{op, shape};
 }
 
-// kernel(group, operands...) returns the failing lanes as bits; single(n) does object n in the
-// arrays and returns its status; `allowed` tells which objects may be worked on at once.
-template <class T, class Allowed, class Kernel, class Single, class... Operand, int... elements>
-ZELM_INLINE ZelStatus walk(int count, const Allowed &allowed, const Kernel &kernel,
-                           const Single &single, const Walked<Operand, elements> &...arrays) {
+namespace detail {
+// Standard objects of a fixed shape may turn out dense; row numbers always are.
+template <class W>
+inline constexpr bool may_be_dense = false;
+template <class T, int rank, int elements, int H, int W>
+inline constexpr bool may_be_dense<Walked<Standard<T, rank, true>, elements, H, W>> = H != 0;
+template <class Int, int elements>
+inline constexpr bool may_be_dense<Walked<IndexRows<Int>, elements>> = true;
+
+template <class T, int rank, int elements, int H, int W>
+ZELM_INLINE bool dense_now(const Walked<Standard<T, rank, true>, elements, H, W> &w) {
+    const auto v = w.operand.view(0);
+    return (W == 1 || v.stride2 == Distance{sizeof(T)}) &&
+           (H == 1 || v.stride1 == W * Distance{sizeof(T)});
+}
+template <class Int, int elements>
+ZELM_INLINE bool dense_now(const Walked<IndexRows<Int>, elements> &) {
+    return true;
+}
+template <class T, int rank, int elements, int H, int W>
+ZELM_INLINE auto as_dense(const Walked<Standard<T, rank, true>, elements, H, W> &w) {
+    return Walked<Dense<T, H, W>, elements, H, W>{
+        {w.operand.object(0), w.operand.step()}, w.shape};
+}
+template <class Int, int elements>
+ZELM_INLINE auto as_dense(const Walked<IndexRows<Int>, elements> &w) {
+    return w;
+}
+} // namespace detail
+
+template <class T, class Allowed, class Kernel, class Single, class... Operand, int... elements,
+          int... H, int... W>
+ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kernel &kernel,
+                                  const Single &single,
+                                  const Walked<Operand, elements, H, W> &...arrays) {
     constexpr int L = lanes_per_register<T>;
     std::tuple<Stage<Operand, elements>...> stages;
     std::tuple<Operand...> operands = {arrays.operand...};
@@ -91,6 +122,18 @@ ZELM_INLINE ZelStatus walk(int count, const Allowed &allowed, const Kernel &kern
         }
     }
     return zelStatusOk;
+}
+
+// kernel(group, operands...) returns the failing lanes as bits; single(n) does object n in the
+// arrays and returns its status; `allowed` tells which objects may be worked on at once. Where all
+// objects are dense the kernel is compiled for that, without a question asked in the loop.
+template <class T, class Allowed, class Kernel, class Single, class... Arrays>
+ZELM_INLINE ZelStatus walk(int count, const Allowed &allowed, const Kernel &kernel,
+                           const Single &single, const Arrays &...arrays) {
+    if constexpr ((detail::may_be_dense<Arrays> && ...))
+        if ((detail::dense_now(arrays) && ...))
+            return walk_groups<T>(count, allowed, kernel, single, detail::as_dense(arrays)...);
+    return walk_groups<T>(count, allowed, kernel, single, arrays...);
 }
 
 } // namespace zelm

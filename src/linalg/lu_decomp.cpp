@@ -146,6 +146,13 @@ ZelStatus factor_array_general(const Source &source, const IndexRows<int> &index
 template <class Source, class Destination>
 ZelStatus y8_ownzelmLUDecomp_ma(int count, const Source &source, const IndexRows<int> &index,
                                 const Destination &destination) {
+    if constexpr (Destination::is_tabled) {
+        Standard<typename Source::Type, 2, true> from;
+        Standard<typename Destination::Type, 2, true> to;
+        const Shape shape = {index.length, index.length};
+        if (is_regular(source, shape, from) && is_regular(destination, shape, to))
+            return y8_ownzelmLUDecomp_ma(count, from, index, to);
+    }
     switch (index.length) {
     case 3:
         return factor_array<3>(source, index, destination, count);
