@@ -1,0 +1,79 @@
+// GLM stores by columns: memory with rows holds the transposes, and the factors change places.
+// "GLM" uses the packed types and leaves them to the compiler, "GLM aligned" the types with
+// intrinsics.
+#define GLM_FORCE_INTRINSICS
+#define GLM_FORCE_ALIGNED_GENTYPES
+#include <glm/glm.hpp>
+#include <glm/gtc/type_aligned.hpp>
+
+#include "peer_list.hpp"
+
+namespace {
+
+template <class Object>
+void add(const BenchProblem *p) {
+    const auto *a = objects<Object>(p->a);
+    const auto *b = objects<Object>(p->b);
+    auto *c = results<Object>(p->c);
+    for (int n = 0; n < p->count; ++n)
+        c[n] = a[n] + b[n];
+}
+
+template <class Matrix, bool SingleA, bool SingleB>
+void mul(const BenchProblem *p) {
+    const auto *a = objects<Matrix>(p->a);
+    const auto *b = objects<Matrix>(p->b);
+    auto *c = results<Matrix>(p->c);
+    for (int n = 0; n < p->count; ++n)
+        c[n] = b[SingleB ? 0 : n] * a[SingleA ? 0 : n];
+}
+
+template <class Matrix, class Vector>
+void mul_vector(const BenchProblem *p) {
+    const auto *a = objects<Matrix>(p->a);
+    const auto *b = objects<Vector>(p->b);
+    auto *c = results<Vector>(p->c);
+    for (int n = 0; n < p->count; ++n)
+        c[n] = b[n] * a[n];
+}
+
+template <class Matrix, class Vector>
+void mul_vector_by_columns(const BenchProblem *p) {
+    const auto *a = objects<Matrix>(p->a);
+    const auto *b = objects<Vector>(p->b);
+    auto *c = results<Vector>(p->c);
+    for (int n = 0; n < p->count; ++n)
+        c[n] = a[n] * b[n];
+}
+
+template <class T, int N, glm::qualifier Q>
+void offer_order(PeerList &list, const char *name) {
+    using Matrix = glm::mat<N, N, T, Q>;
+    using Vector = glm::vec<N, T, Q>;
+    static_assert(sizeof(Matrix) == sizeof(T) * N * N);
+    list.offer<T>(name, bench_add, sum(N, N), bench_packed, add<Matrix>);
+    list.offer<T>(name, bench_add, sum(1, N), bench_packed, add<Vector>);
+    list.offer<T>(name, bench_mul, square(N), bench_packed, mul<Matrix, false, false>);
+    list.offer<T>(name, bench_mul_mam, square(N), bench_packed, mul<Matrix, false, true>);
+    list.offer<T>(name, bench_mul_mma, square(N), bench_packed, mul<Matrix, true, false>);
+    list.offer<T>(name, bench_mul_vector, matrix_vector(N), bench_packed,
+                  mul_vector<Matrix, Vector>);
+    list.offer<T>(name, bench_mul_vector, matrix_vector(N), bench_columns,
+                  mul_vector_by_columns<Matrix, Vector>);
+}
+
+} // namespace
+
+BenchPeerList bench_peers() {
+    static const PeerList list = [] {
+        PeerList made;
+        offer_order<float, 3, glm::packed_highp>(made, "GLM");
+        offer_order<float, 4, glm::packed_highp>(made, "GLM");
+        offer_order<float, 4, glm::aligned_highp>(made, "GLM aligned");
+        offer_order<double, 3, glm::packed_highp>(made, "GLM");
+        offer_order<double, 4, glm::packed_highp>(made, "GLM");
+        offer_order<double, 4, glm::aligned_highp>(made, "GLM aligned");
+        return made;
+    }();
+    return list.list();
+}

@@ -1,0 +1,109 @@
+// OpenBLAS, linked statically so that each build has a copy of its own: the kernels are chosen when
+// a copy is loaded, by OPENBLAS_CORETYPE. LAPACK stores by columns: memory with rows holds the
+// transpose, and the solve is asked for the transposed system.
+#include <algorithm>
+
+#include <cblas.h>
+#include <lapack.h>
+
+#include "peer_list.hpp"
+
+namespace {
+
+template <class T, bool SingleA, bool SingleB>
+void mul(const BenchProblem *p) {
+    const int m = p->rows, k = p->inner, n = p->columns;
+    for (int i = 0; i < p->count; ++i) {
+        const T *a = object_at<const T>(p->a, SingleA ? 0 : i);
+        const T *b = object_at<const T>(p->b, SingleB ? 0 : i);
+        T *c = object_at<T>(p->c, i);
+        if constexpr (sizeof(T) == 4)
+            cblas_sgemm(CblasRowMajor, CblasNoTrans, CblasNoTrans, m, n, k, 1, a, k, b, n, 0, c, n);
+        else
+            cblas_dgemm(CblasRowMajor, CblasNoTrans, CblasNoTrans, m, n, k, 1, a, k, b, n, 0, c, n);
+    }
+}
+
+template <class T, CBLAS_ORDER Order>
+void mul_vector(const BenchProblem *p) {
+    const int n = p->rows;
+    for (int i = 0; i < p->count; ++i) {
+        const T *a = object_at<const T>(p->a, i);
+        const T *b = object_at<const T>(p->b, i);
+        T *c = object_at<T>(p->c, i);
+        if constexpr (sizeof(T) == 4)
+            cblas_sgemv(Order, CblasNoTrans, n, n, 1, a, n, b, 1, 0, c, 1);
+        else
+            cblas_dgemv(Order, CblasNoTrans, n, n, 1, a, n, b, 1, 0, c, 1);
+    }
+}
+
+template <class T>
+void factor(int n, T *a, int *pivots) {
+    int info = 0;
+    if constexpr (sizeof(T) == 4)
+        LAPACK_sgetrf(&n, &n, a, &n, pivots, &info);
+    else
+        LAPACK_dgetrf(&n, &n, a, &n, pivots, &info);
+}
+
+template <class T>
+void lu(const BenchProblem *p) {
+    const int n = p->rows;
+    for (int i = 0; i < p->count; ++i) {
+        const T *a = object_at<const T>(p->a, i);
+        T *c = object_at<T>(p->c, i);
+        std::copy(a, a + n * n, c);
+        factor(n, c, p->index + std::ptrdiff_t{i} * n);
+    }
+}
+
+template <class T>
+void lu_solve(const BenchProblem *p) {
+    constexpr int largest = 16;
+    T factors[largest * largest];
+    int pivots[largest];
+    const int n = p->rows, one = 1;
+    int info = 0;
+    for (int i = 0; i < p->count; ++i) {
+        const T *a = object_at<const T>(p->a, i);
+        const T *b = object_at<const T>(p->b, i);
+        T *c = object_at<T>(p->c, i);
+        std::copy(a, a + n * n, factors);
+        std::copy(b, b + n, c);
+        factor(n, factors, pivots);
+        if constexpr (sizeof(T) == 4)
+            LAPACK_sgetrs("T", &n, &one, factors, &n, pivots, c, &n, &info);
+        else
+            LAPACK_dgetrs("T", &n, &one, factors, &n, pivots, c, &n, &info);
+    }
+}
+
+template <class T>
+void offer_all(PeerList &list) {
+    for (int n : {3, 4, 5, 6, 8}) {
+        list.offer<T>("OpenBLAS", bench_mul, square(n), bench_packed, mul<T, false, false>);
+        list.offer<T>("OpenBLAS", bench_mul_mam, square(n), bench_packed, mul<T, false, true>);
+        list.offer<T>("OpenBLAS", bench_mul_mma, square(n), bench_packed, mul<T, true, false>);
+        list.offer<T>("OpenBLAS", bench_mul_vector, matrix_vector(n), bench_packed,
+                      mul_vector<T, CblasRowMajor>);
+        list.offer<T>("OpenBLAS", bench_mul_vector, matrix_vector(n), bench_columns,
+                      mul_vector<T, CblasColMajor>);
+    }
+    for (int n : {3, 4, 5, 6, 8, 16}) {
+        list.offer<T>("LAPACK", bench_lu, square(n), bench_packed, lu<T>, bench_pivots_swaps_of_at);
+        list.offer<T>("LAPACK", bench_lu_solve, square(n), bench_packed, lu_solve<T>);
+    }
+}
+
+} // namespace
+
+BenchPeerList bench_peers() {
+    static const PeerList list = [] {
+        PeerList made;
+        offer_all<float>(made);
+        offer_all<double>(made);
+        return made;
+    }();
+    return list.list();
+}

@@ -1,0 +1,79 @@
+/*
+ * What a peer module offers: a list of functions, each for one work, one element type, one shape
+ * and one kind of memory. Every module is built twice, for SSE4.2 and for the machine, as a shared
+ * object that exports bench_peers and nothing else: inline functions and templates of the two
+ * builds have the same names, and only hidden ones are kept apart.
+ */
+#ifndef BENCH_PEER_H
+#define BENCH_PEER_H
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef enum BenchWork {
+    bench_add,        /* c = a + b, rows x columns; a vector is one row */
+    bench_mul,        /* c = a * b, (rows x inner) * (inner x columns) */
+    bench_mul_mam,    /* the same with one b for all objects */
+    bench_mul_mma,    /* the same with one a for all objects */
+    bench_mul_vector, /* c = a * b, (rows x inner) * (vector of length inner) */
+    bench_lu,         /* c = the factors of a, with row pivots; rows = inner = columns */
+    bench_lu_solve    /* c = the solution of a * c = b with vectors b and c */
+} BenchWork;
+
+typedef enum BenchMemory {
+    bench_packed,  /* rows and objects follow one another */
+    bench_padded,  /* one unused element behind each row */
+    bench_gaps,    /* one unused element behind each element */
+    bench_planar,  /* the same element of all objects adjacent */
+    bench_columns, /* packed, matrices stored by columns */
+    bench_strided  /* offered by a peer: any memory but packed, told by the strides */
+} BenchMemory;
+
+/* How the result of bench_lu tells the order of its rows. */
+typedef enum BenchPivots {
+    bench_pivots_none,
+    bench_pivots_stay,          /* pivot row i is row index[i] of c and of a */
+    bench_pivots_order,         /* pivot row i is row i of c and row index[i] of a */
+    bench_pivots_inverse,       /* row i of a is pivot row index[i] of c */
+    bench_pivots_inverse_of_at, /* as above, a and c read by columns */
+    bench_pivots_swaps_of_at    /* row i was exchanged with row index[i] - 1; read by columns */
+} BenchPivots;
+
+/* Strides in bytes: between objects, rows and elements of a row. */
+typedef struct BenchOperand {
+    void *base;
+    int object, row, element;
+} BenchOperand;
+
+typedef struct BenchProblem {
+    BenchOperand a, b, c;
+    BenchOperand factors; /* of bench_lu_solve, for who keeps them between the two steps */
+    int *index;           /* rows entries per object */
+    int rows, inner, columns;
+    int count;
+} BenchProblem;
+
+typedef struct BenchPeer {
+    const char *name;
+    BenchWork work;
+    int element_size;
+    int rows, inner, columns;
+    BenchMemory memory;
+    BenchPivots pivots;
+    int is_bound; /* does part of the work only, to show what limits it */
+    void (*run)(const BenchProblem *);
+} BenchPeer;
+
+typedef struct BenchPeerList {
+    const BenchPeer *peers;
+    int count;
+} BenchPeerList;
+
+__attribute__((visibility("default"))) BenchPeerList bench_peers(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

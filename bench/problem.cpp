@@ -1,0 +1,329 @@
+#include "problem.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <new>
+#include <type_traits>
+
+namespace zelm::bench {
+namespace {
+
+template <class T>
+T &at(const BenchOperand &o, int n, int i, int j) {
+    return *reinterpret_cast<T *>(static_cast<std::byte *>(o.base) + std::ptrdiff_t{n} * o.object +
+                                  std::ptrdiff_t{i} * o.row + std::ptrdiff_t{j} * o.element);
+}
+
+// xorshift32: enough to keep branch predictors guessing.
+class Random {
+public:
+    explicit Random(unsigned seed) : state_(seed * 2654435761u | 1u) {}
+    double next() {
+        state_ ^= state_ << 13;
+        state_ ^= state_ >> 17;
+        state_ ^= state_ << 5;
+        return static_cast<std::int32_t>(state_) * 0x1p-31;
+    }
+
+private:
+    std::uint32_t state_;
+};
+
+template <class T>
+using Wider = std::conditional_t<sizeof(T) == 4, double, long double>;
+template <class T>
+constexpr Wider<T> epsilon = std::numeric_limits<T>::epsilon();
+
+// Collects the largest |found - expected| / bound.
+template <class T>
+class Worst {
+public:
+    void add(Wider<T> found, Wider<T> expected, Wider<T> bound) {
+        const Wider<T> difference = std::abs(found - expected);
+        if (difference == 0)
+            return;
+        const auto ratio = static_cast<double>(difference / bound);
+        worst_ = ratio <= worst_ ? worst_ : ratio; // takes NaN, and keeps it
+    }
+    double worst() const { return worst_; }
+
+private:
+    double worst_ = 0;
+};
+
+template <class T>
+double sum_error(const BenchProblem &p) {
+    Worst<T> worst;
+    for (int n = 0; n < p.count; ++n)
+        for (int i = 0; i < p.rows; ++i)
+            for (int j = 0; j < p.columns; ++j)
+                worst.add(at<T>(p.c, n, i, j), at<T>(p.a, n, i, j) + at<T>(p.b, n, i, j), 0);
+    return worst.worst();
+}
+
+// vector: b and c are rows in memory, columns in the product.
+template <class T>
+double product_error(const BenchProblem &p, bool vector) {
+    Worst<T> worst;
+    for (int n = 0; n < p.count; ++n)
+        for (int i = 0; i < p.rows; ++i)
+            for (int j = 0; j < p.columns; ++j) {
+                Wider<T> s = 0, magnitude = 0;
+                for (int k = 0; k < p.inner; ++k) {
+                    const auto b = vector ? at<T>(p.b, n, 0, k) : at<T>(p.b, n, k, j);
+                    const auto term = Wider<T>{at<T>(p.a, n, i, k)} * Wider<T>{b};
+                    s += term;
+                    magnitude += std::abs(term);
+                }
+                worst.add(vector ? at<T>(p.c, n, 0, i) : at<T>(p.c, n, i, j), s,
+                          p.inner * epsilon<T> * magnitude);
+            }
+    return worst.worst();
+}
+
+struct RowOrder {
+    std::vector<int> source; // pivot row i is this row of a
+    std::vector<int> stored; // and this row of c
+};
+
+RowOrder row_order(const int *index, int order, BenchPivots pivots) {
+    RowOrder rows;
+    for (int i = 0; i < order; ++i)
+        rows.source.push_back(i);
+    rows.stored = rows.source;
+    for (int i = 0; i < order; ++i) {
+        const auto at_i = static_cast<std::size_t>(i);
+        const int last = pivots == bench_pivots_swaps_of_at ? order : order - 1;
+        const int entry = std::clamp(index[i], 0, last);
+        switch (pivots) {
+        case bench_pivots_none:
+            break;
+        case bench_pivots_stay:
+            rows.source[at_i] = rows.stored[at_i] = entry;
+            break;
+        case bench_pivots_order:
+            rows.source[at_i] = entry;
+            break;
+        case bench_pivots_inverse:
+        case bench_pivots_inverse_of_at:
+            rows.source[static_cast<std::size_t>(entry)] = i;
+            break;
+        case bench_pivots_swaps_of_at:
+            std::swap(rows.source[at_i],
+                      rows.source[static_cast<std::size_t>(std::max(entry, 1) - 1)]);
+            break;
+        }
+    }
+    return rows;
+}
+
+template <class T>
+double factor_error(const BenchProblem &p, BenchPivots pivots) {
+    Worst<T> worst;
+    const int order = p.rows;
+    const bool by_columns =
+        pivots == bench_pivots_inverse_of_at || pivots == bench_pivots_swaps_of_at;
+    const auto element = [&](const BenchOperand &o, int n, int i, int j) -> Wider<T> {
+        return by_columns ? at<T>(o, n, j, i) : at<T>(o, n, i, j);
+    };
+    for (int n = 0; n < p.count; ++n) {
+        const RowOrder rows = row_order(p.index + std::ptrdiff_t{n} * order, order, pivots);
+        for (int i = 0; i < order; ++i) {
+            const auto stored = rows.stored[static_cast<std::size_t>(i)];
+            for (int j = 0; j < order; ++j) {
+                Wider<T> s = 0, magnitude = 0;
+                for (int k = 0; k <= std::min(i, j); ++k) {
+                    const auto l = k == i ? Wider<T>{1} : element(p.c, n, stored, k);
+                    const auto u = element(p.c, n, rows.stored[static_cast<std::size_t>(k)], j);
+                    s += l * u;
+                    magnitude += std::abs(l * u);
+                }
+                worst.add(s, element(p.a, n, rows.source[static_cast<std::size_t>(i)], j),
+                          2 * order * epsilon<T> * magnitude);
+                // Pivots are the largest of their columns, so no multiplier is above 1.
+                if (j < i && !(std::abs(element(p.c, n, stored, j)) <= 1 + 4 * epsilon<T>))
+                    worst.add(2, 0, 1);
+            }
+        }
+    }
+    return worst.worst();
+}
+
+// The residual in units of what backward stable elimination leaves, with room for the growth of
+// the factors.
+template <class T>
+double solution_error(const BenchProblem &p) {
+    Worst<T> worst;
+    for (int n = 0; n < p.count; ++n)
+        for (int i = 0; i < p.rows; ++i) {
+            Wider<T> s = 0, largest = 0;
+            for (int j = 0; j < p.rows; ++j) {
+                s += Wider<T>{at<T>(p.a, n, i, j)} * Wider<T>{at<T>(p.c, n, 0, j)};
+                largest = std::max(largest, std::abs(Wider<T>{at<T>(p.c, n, 0, j)}));
+            }
+            worst.add(s, at<T>(p.b, n, 0, i),
+                      16 * p.rows * epsilon<T> * std::max<Wider<T>>(largest, 1));
+        }
+    return worst.worst();
+}
+
+template <class T>
+double work_error(const BenchProblem &p, BenchWork work, BenchPivots pivots) {
+    switch (work) {
+    case bench_add:
+        return sum_error<T>(p);
+    case bench_mul:
+    case bench_mul_mam:
+    case bench_mul_mma:
+        return product_error<T>(p, false);
+    case bench_mul_vector:
+        return product_error<T>(p, true);
+    case bench_lu:
+        return factor_error<T>(p, pivots);
+    case bench_lu_solve:
+        return solution_error<T>(p);
+    }
+    return std::numeric_limits<double>::quiet_NaN();
+}
+
+} // namespace
+
+Workspace::Workspace(BenchWork work, ElementType type, Shape shape, BenchMemory memory, int count,
+                     bool tables)
+    : work_(work), type_(type) {
+    problem_.rows = shape.rows;
+    problem_.inner = shape.inner;
+    problem_.columns = shape.columns;
+    problem_.count = count;
+
+    const Extent square{shape.rows, shape.rows}, vector{1, shape.rows};
+    switch (work) {
+    case bench_add:
+        a_ = b_ = c_ = {shape.rows, shape.columns};
+        break;
+    case bench_mul:
+    case bench_mul_mam:
+    case bench_mul_mma:
+        a_ = {shape.rows, shape.inner};
+        b_ = {shape.inner, shape.columns};
+        c_ = {shape.rows, shape.columns};
+        break;
+    case bench_mul_vector:
+        a_ = {shape.rows, shape.inner};
+        b_ = {1, shape.inner};
+        c_ = vector;
+        break;
+    case bench_lu:
+        a_ = c_ = square;
+        break;
+    case bench_lu_solve:
+        a_ = square;
+        b_ = c_ = vector;
+        break;
+    }
+    problem_.a = place(a_, memory, work == bench_mul_mma);
+    if (b_.rows > 0)
+        problem_.b = place(b_, memory, work == bench_mul_mam);
+    problem_.c = place(c_, memory, false);
+    if (work == bench_lu || work == bench_lu_solve) {
+        index_.resize(static_cast<std::size_t>(count) * static_cast<std::size_t>(shape.rows));
+        problem_.index = index_.data();
+    }
+    if (work == bench_lu_solve)
+        problem_.factors = place(square, memory, false);
+
+    const auto list = [&](const BenchOperand &o, Extent extent, std::vector<void *> &elements,
+                          std::vector<void *> &objects) {
+        for (int i = 0; i < extent.rows; ++i)
+            for (int j = 0; j < extent.columns; ++j)
+                elements.push_back(&at<char>(o, 0, i, j));
+        for (int n = 0; extent.rows > 0 && n < count; ++n)
+            objects.push_back(&at<char>(o, n, 0, 0));
+    };
+    if (tables) {
+        list(problem_.a, a_, problem_.a_elements, problem_.a_objects);
+        list(problem_.b, b_, problem_.b_elements, problem_.b_objects);
+        list(problem_.c, c_, problem_.c_elements, problem_.c_objects);
+    }
+}
+
+// Operands start on cache lines, and no two at the same place of a 4096-byte page: there loads wait
+// for stores to the other operand.
+BenchOperand Workspace::place(Extent extent, BenchMemory memory, bool single) {
+    const int size = type_ == ElementType::f32 ? 4 : 8;
+    const int rows = extent.rows, columns = extent.columns, count = single ? 1 : problem_.count;
+    BenchOperand o{};
+    switch (memory) {
+    case bench_packed:
+    case bench_strided:
+        o = {nullptr, rows * columns * size, columns * size, size};
+        break;
+    case bench_padded:
+        o = {nullptr, rows * (columns + 1) * size, (columns + 1) * size, size};
+        break;
+    case bench_gaps:
+        o = {nullptr, rows * columns * 2 * size, columns * 2 * size, 2 * size};
+        break;
+    case bench_planar:
+        o = {nullptr, size, columns * count * size, count * size};
+        break;
+    case bench_columns:
+        o = {nullptr, rows * columns * size, size, rows * size};
+        break;
+    }
+    constexpr std::size_t page = 4096, stagger = 17 * 64;
+    const std::size_t shift = blocks_.size() * stagger % page;
+    const std::ptrdiff_t last = std::ptrdiff_t{count - 1} * o.object +
+                                std::ptrdiff_t{rows - 1} * o.row +
+                                std::ptrdiff_t{columns - 1} * o.element;
+    const std::size_t bytes = (static_cast<std::size_t>(last + size) + shift + page) / page * page;
+    blocks_.emplace_back(static_cast<std::byte *>(std::aligned_alloc(page, bytes)));
+    if (!blocks_.back())
+        throw std::bad_alloc();
+    std::fill_n(blocks_.back().get(), bytes, std::byte{0});
+    o.base = blocks_.back().get() + shift;
+    if (single)
+        o.object = 0;
+    return o;
+}
+
+void Workspace::fill(unsigned seed) {
+    Random random(seed);
+    const auto fill_operand = [&]<class T>(const BenchOperand &o, Extent extent, T) {
+        const int count = o.object == 0 ? 1 : problem_.count;
+        for (int n = 0; n < count; ++n)
+            for (int i = 0; i < extent.rows; ++i)
+                for (int j = 0; j < extent.columns; ++j)
+                    at<T>(o, n, i, j) = static_cast<T>(random.next());
+    };
+    for (const auto &[operand, extent] : {std::pair{problem_.a, a_}, std::pair{problem_.b, b_}}) {
+        if (type_ == ElementType::f32)
+            fill_operand(operand, extent, float{});
+        else
+            fill_operand(operand, extent, double{});
+    }
+}
+
+void Workspace::poison() {
+    const auto spoil = [&]<class T>(T value) {
+        for (int n = 0; n < problem_.count; ++n)
+            for (int i = 0; i < c_.rows; ++i)
+                for (int j = 0; j < c_.columns; ++j)
+                    at<T>(problem_.c, n, i, j) = value;
+    };
+    if (type_ == ElementType::f32)
+        spoil(std::numeric_limits<float>::quiet_NaN());
+    else
+        spoil(std::numeric_limits<double>::quiet_NaN());
+    if (work_ == bench_lu)
+        std::fill(index_.begin(), index_.end(), -1);
+}
+
+double Workspace::error(BenchPivots pivots) const {
+    return type_ == ElementType::f32 ? work_error<float>(problem_, work_, pivots)
+                                     : work_error<double>(problem_, work_, pivots);
+}
+
+} // namespace zelm::bench
