@@ -76,7 +76,9 @@ Placed::Placed(const Operand &operand, int element, bool is_float, const Sizes &
         std::reverse(origins_.begin(), origins_.end());
     if (placement.order == Order::shuffled)
         std::shuffle(origins_.begin(), origins_.end(), std::minstd_rand(1));
-    data_ = std::make_shared<GuardedBytes>(index(extent), placement.edge);
+    // Row numbers are int objects of the caller's and so aligned.
+    const bool aligned = letter_ == 'i' && placement.edge == Edge::odd;
+    data_ = std::make_shared<GuardedBytes>(index(extent), aligned ? Edge::last : placement.edge);
     describe(operand, placement);
 }
 

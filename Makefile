@@ -1,0 +1,90 @@
+# A thin front over CMakePresets.json.
+
+MAKEFLAGS += --no-print-directory
+
+JOBS ?= $(shell nproc)
+PREFIX ?= /usr/local
+CMAKE_ARGS ?=
+ARGS ?=
+NEW ?= build/bench/results.json
+
+packages := cmake/packages.sh
+ctest_options := --parallel $(JOBS) --no-tests=error
+# The sanitizers' runtimes do not know the most random of address layouts.
+fixed_addresses := $(shell setarch -R true 2>/dev/null && echo setarch -R)
+sources := api bench core examples include src tests
+clang_format = find $(sources) \( -name '*.[ch]' -o -name '*.[ch]pp' \) -print0 | \
+	xargs -0 $$(command -v clang-format-14 || echo clang-format)
+
+# $(call build,preset,options,target...)
+build = cmake --preset $(1) $(2) $(CMAKE_ARGS) && \
+	cmake --build --preset $(1) --parallel $(JOBS) $(addprefix --target ,$(3))
+
+.PHONY: all help demo test bench bench-compare install deb sanitize thread abi format check-format \
+	doc clean
+
+all: ## build the libraries
+	$(packages) build
+	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=OFF,zelm zelcore)
+
+help: ## list the targets
+	@sed -n 's/^\([a-z-]*\):.*## /\1\t/p' $(MAKEFILE_LIST) | expand -t 16
+
+demo: ## build and run examples/terrain, ARGS="--refine 14" for a finer grid
+	$(packages) build example
+	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=ON,terrain)
+	build/release/examples/terrain --output '$(CURDIR)/terrain.png' $(ARGS)
+
+test: ## build everything, warnings being errors, and run all tests
+	$(packages) build example test
+	$(call build,release,-DZELM_BUILD_TESTS=ON -DZELM_BUILD_EXAMPLES=ON)
+	ctest --preset release $(ctest_options) $(ARGS)
+
+bench: ## measure the library beside its peers, ARGS="--filter lu --quick"
+	$(packages) build bench
+	$(call build,bench)
+	build/bench/bench/zelm_bench --json '$(NEW)' $(ARGS)
+
+bench-compare: ## compare results: OLD=file of an earlier `make bench`, NEW=file of the last one
+	bench/compare.py '$(OLD)' '$(NEW)'
+
+install: ## install to PREFIX=/usr/local, below DESTDIR if that is set
+	$(packages) build
+	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=OFF \
+		-DCMAKE_INSTALL_PREFIX='$(PREFIX)',zelm zelcore)
+	DESTDIR='$(DESTDIR)' cmake --install build/release
+
+deb: ## make a Debian package in build/release
+	$(packages) build
+	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=OFF \
+		-DCMAKE_INSTALL_PREFIX=/usr)
+	cd build/release && cpack
+
+sanitize: ## run all tests with the address and undefined-behaviour sanitizers
+	$(packages) build example test
+	$(call build,sanitize)
+	$(fixed_addresses) ctest --preset sanitize $(ctest_options) $(ARGS)
+
+thread: ## run all tests with the thread sanitizer, with Clang and its OpenMP runtime
+	$(packages) build example test sanitize
+	$(call build,thread)
+	$(fixed_addresses) ctest --preset thread $(ctest_options) $(ARGS)
+
+abi: ## compare the binary interface with the one kept in abi/
+	$(packages) build abi
+	cmake/abi.sh check
+
+format: ## format the sources
+	$(packages) format
+	$(clang_format) -i
+
+check-format: ## check the format of the sources
+	$(packages) format
+	$(clang_format) --dry-run --Werror
+
+doc: ## make the reference from the headers, in build/doc/html
+	$(packages) doc
+	doxygen docs/Doxyfile
+
+clean: ## remove all that was built
+	rm -rf build terrain.png

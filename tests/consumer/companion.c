@@ -1,0 +1,3 @@
+#include <zelcore.h>
+
+int main(void) { return ownGetNumThreads() < 1; }

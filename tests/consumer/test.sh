@@ -1,0 +1,74 @@
+#!/bin/sh
+# Builds and runs a program that uses the library, as its users do.
+#   test.sh installed|subdirectory WORK_DIRECTORY BUILD_DIRECTORY CMAKE CC CXX
+set -eu
+way=$1 work=$2 build=$3 cmake=$4 cc=$5 cxx=$6
+here=$(cd "$(dirname "$0")" && pwd)
+unset DESTDIR LD_LIBRARY_PATH PKG_CONFIG_PATH CFLAGS CXXFLAGS CPPFLAGS LDFLAGS
+fail() {
+    echo "consumer test: $1"
+    exit 1
+}
+run() {
+    echo "run $1"
+    output=$("$1") || fail "$1 failed: $output"
+    [ "$output" = "status 0, the last solution: 1.000 2.000 3.000" ] || fail "$1 prints: $output"
+}
+# consumer DIRECTORY OPTION...: builds the CMake project
+consumer() {
+    directory=$1
+    shift
+    "$cmake" -S "$here" -B "$directory" -DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx" "$@"
+    "$cmake" --build "$directory" --parallel "$(nproc)"
+    for program in c90 c99 cxx17; do run "$directory/$program"; done
+    "$directory/companion" || fail "the companion library does not answer"
+}
+# The same with nothing but a compiler: each_language DIRECTORY FLAG...
+each_language() {
+    directory=$1
+    shift
+    mkdir "$directory"
+    for language in c90 c99 c++17; do
+        compiler=$cc
+        [ $language = c++17 ] && compiler="$cxx -x c++"
+        $compiler -std=$language -Wall -Wextra -Wpedantic -Werror "$here/ten_lines.c" -x none \
+            -o "$directory/$language" "$@"
+        run "$directory/$language"
+    done
+}
+
+rm -rf "$work"
+mkdir -p "$work"
+if [ "$way" = subdirectory ]; then
+    # Unoptimized, the always inlined code takes longer to compile.
+    consumer "$work/subdirectory" -DZELM_SOURCE_DIR="$here/../.." -DCMAKE_CXX_FLAGS=-O1
+    exit 0
+fi
+
+# Installed for /opt/before by way of a staging directory, and used at another place.
+DESTDIR=$work/stage "$cmake" --install "$build" --prefix /opt/before >/dev/null
+prefix=$work/moved
+mv "$work/stage/opt/before" "$prefix"
+[ -z "$(find "$work/stage" -type f)" ] || fail "files outside the prefix: $(find "$work/stage")"
+libraries=$(dirname "$(find "$prefix" -name libzelmy8.so)")
+for library in zelmy8 zelcore; do
+    file=lib$library.so.7.1
+    [ "$(readlink "$libraries/lib$library.so")" = $file ] || fail "lib$library.so is no link to it"
+    readelf -d "$libraries/$file" >"$work/dynamic"
+    grep -q "SONAME.*\[$file\]" "$work/dynamic" || fail "SONAME of $file"
+    grep -q "(RPATH)" "$work/dynamic" && fail "$file has an RPATH"
+done
+readelf -d "$libraries/libzelmy8.so.7.1" | grep -q 'RUNPATH.*\[$ORIGIN\]' || fail "RUNPATH"
+build_path=$(cd "$build" && pwd)
+fixed=$(grep -rIl -e /opt/before -e "$build_path" "$prefix" || true)
+[ -z "$fixed" ] || fail "fixed paths in $fixed"
+
+consumer "$work/package" -DCMAKE_PREFIX_PATH="$prefix"
+
+export PKG_CONFIG_PATH="$libraries/pkgconfig"
+flags=$(pkg-config --cflags --libs zelm)
+# shellcheck disable=SC2086 # a list of flags
+each_language "$work/pkg-config" $flags "-Wl,-rpath,$(pkg-config --variable=libdir zelm)"
+pkg-config --exact-version=7.1.1 zelm || fail "version of zelm.pc"
+
+each_language "$work/bare" "-I$prefix/include" "-L$libraries" -lzelmy8 "-Wl,-rpath,$libraries"
