@@ -261,8 +261,8 @@ ZELM_INLINE bool small_dense_product(const Standard<const T, 2, false> &a, Store
                                      const Standard<T, 2, false> &d) {
     const int n = sa.width;
     const bool null = (a.base == nullptr) | (b.base == nullptr) | (d.base == nullptr);
-    const int other = (sa.height ^ n) | (sb.width ^ n) | (sb.height ^ n) | gaps(a, n) |
-                      gaps(b, n) | gaps(d, n);
+    const int other =
+        (sa.height ^ n) | (sb.width ^ n) | (sb.height ^ n) | gaps(a, n) | gaps(b, n) | gaps(d, n);
     if (null | (other != 0) | (static_cast<unsigned>(n) - 3u > 1u))
         return false;
     const auto product = [&](auto N) __attribute__((always_inline)) {

@@ -95,7 +95,8 @@ ZELM_INLINE void multiply_row_tiles(const StridedView<const T> &a, const Strided
     }
 }
 
-// ---- columns in registers: a matrix times a vector ------------------------------------------------
+// ---- columns in registers: a matrix times a vector
+// ------------------------------------------------
 
 // The columns of an N x N matrix with adjacent rows, N a multiple of the lanes.
 template <class T, int N>
@@ -107,7 +108,8 @@ struct ColumnsOf {
         unroll<N / L>(ZELM_EACH(i) {
             unroll<N / L>(ZELM_EACH(k) {
                 Lanes<T> block[L];
-                unroll<L>(ZELM_EACH(e) { block[e] = zelm::load<Lanes<T>>(a.at(i * L + e, k * L)); });
+                unroll<L>(
+                    ZELM_EACH(e) { block[e] = zelm::load<Lanes<T>>(a.at(i * L + e, k * L)); });
                 transpose(block);
                 unroll<L>(ZELM_EACH(e) { v[k * L + e][i] = block[e]; });
             });

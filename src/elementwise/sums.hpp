@@ -65,8 +65,8 @@ ZELM_INLINE ZelStatus run_arrays(Limits limits, Shape shape, int count, const D 
 // Operands by value: what this needs in memory is put there on the way in, not in the entry.
 template <class Op, class A, class B, class D>
 [[gnu::noinline]] ZelStatus any_matrices(A a, B b, D d, int width, int height) {
-    if (const ZelStatus s = first_failure(pointers(a, b, d), sizes(width, height),
-                                          strides(a, b, d), shifts(a, b, d)))
+    if (const ZelStatus s = first_failure(pointers(a, b, d), sizes(width, height), strides(a, b, d),
+                                          shifts(a, b, d)))
         return s;
     return y8_ownzelm_elementwise(1, {height, width}, Op{}, d, a, b);
 }

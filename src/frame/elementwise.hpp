@@ -208,9 +208,11 @@ void short_rows(const Nest<sources + 1> &nest, const Objects &objects, const Op 
         Distance stride[sources + 1];
         unroll<sources + 1>(ZELM_EACH(i) { stride[i] = nest.inner.stride[i]; });
         const Objects own = objects;
-        for_each_row(nest, own, [&](char *d, const char *const *s) __attribute__((always_inline)) {
-            short_row<T, W, to, chosen...>(op, d, s, stride, std::make_index_sequence<sources>{});
-        });
+        for_each_row(
+            nest, own, [&](char *d, const char *const *s) __attribute__((always_inline)) {
+                short_row<T, W, to, chosen...>(op, d, s, stride,
+                                               std::make_index_sequence<sources>{});
+            });
     } else if (to == Run::adjacent && nest.inner.stride[k + 1] == Distance{sizeof(T)}) {
         if constexpr (to == Run::adjacent)
             short_rows<T, W, sources, Objects, Op, to, chosen..., Run::adjacent>(nest, objects, op);

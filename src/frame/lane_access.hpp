@@ -108,8 +108,7 @@ ZELM_INLINE void store_runs(char *const (&at)[lanes_per_register<T>], const Lane
 
 // Rows of a register array by number: out row r is in row rows(r), or the inverse of that.
 template <class T, bool inverse, int H, int W, class Rows>
-ZELM_INLINE void permute_rows(Lanes<T> (&out)[H][W], const Lanes<T> (&in)[H][W],
-                              const Rows &rows) {
+ZELM_INLINE void permute_rows(Lanes<T> (&out)[H][W], const Lanes<T> (&in)[H][W], const Rows &rows) {
     unroll<H>(ZELM_EACH(r) {
         unroll<W>(ZELM_EACH(j) { out[r][j] = in[0][j]; });
         unroll<1, H>(ZELM_EACH(i) {
@@ -143,9 +142,8 @@ ZELM_INLINE int row_of(const Rows &rows, int i, int lane) {
 // One object in every lane.
 template <class T, int H, int W, class View>
 ZELM_INLINE void load_splat(Lanes<T> (&a)[H][W], const View &v) {
-    unroll<H>(ZELM_EACH(i) {
-        unroll<W>(ZELM_EACH(j) { a[i][j] = splat<Lanes<T>>(get(v, i, j)); });
-    });
+    unroll<H>(
+        ZELM_EACH(i) { unroll<W>(ZELM_EACH(j) { a[i][j] = splat<Lanes<T>>(get(v, i, j)); }); });
 }
 
 // Row i of `a` is row i of each lane's object, or row rows(i, lane).
@@ -155,9 +153,8 @@ ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
     constexpr int L = lanes_per_register<T>;
     const auto planar = [&](const auto &at) __attribute__((always_inline)) {
         Lanes<T> b[H][W];
-        unroll<H>(ZELM_EACH(i) {
-            unroll<W>(ZELM_EACH(j) { b[i][j] = load<Lanes<T>>(at(i, j)); });
-        });
+        unroll<H>(
+            ZELM_EACH(i) { unroll<W>(ZELM_EACH(j) { b[i][j] = load<Lanes<T>>(at(i, j)); }); });
         if constexpr (Rows::natural)
             unroll<H>(ZELM_EACH(i) { unroll<W>(ZELM_EACH(j) { a[i][j] = b[i][j]; }); });
         else
@@ -173,9 +170,8 @@ ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
         unroll<H>(ZELM_EACH(i) {
             unroll<W>(ZELM_EACH(j) {
                 const char *at[L];
-                unroll<L>(ZELM_EACH(l) {
-                    at[l] = op.at[detail::row_of(rows, i, l) * W + j] + lane[l];
-                });
+                unroll<L>(
+                    ZELM_EACH(l) { at[l] = op.at[detail::row_of(rows, i, l) * W + j] + lane[l]; });
                 a[i][j] = detail::gather<T>(at, 0);
             });
         });
@@ -183,8 +179,8 @@ ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
         const auto v = op.view(first);
         if constexpr (!is_dense<Operand>)
             if (op.planar())
-                return planar(
-                    [&](int i, int j) __attribute__((always_inline)) { return v.at(i, j); });
+                return planar([&](int i, int j)
+                                  __attribute__((always_inline)) { return v.at(i, j); });
         const char *base[L];
         detail::lane_objects<T>(base, op, first);
         const bool packed = W == 1 || v.stride2 == Distance{sizeof(T)};
@@ -193,9 +189,8 @@ ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
         } else {
             unroll<H>(ZELM_EACH(i) {
                 const char *row[L];
-                unroll<L>(ZELM_EACH(l) {
-                    row[l] = base[l] + detail::row_of(rows, i, l) * v.stride1;
-                });
+                unroll<L>(
+                    ZELM_EACH(l) { row[l] = base[l] + detail::row_of(rows, i, l) * v.stride1; });
                 if (packed)
                     detail::load_runs<T, W>(a[i], row);
                 else
@@ -216,9 +211,8 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
             unroll<H>(ZELM_EACH(i) { unroll<W>(ZELM_EACH(j) { b[i][j] = a[i][j]; }); });
         else
             detail::permute_rows<T, true>(b, a, rows);
-        unroll<H>(ZELM_EACH(i) {
-            unroll<W>(ZELM_EACH(j) { store<Lanes<T>>(at(i, j), b[i][j]); });
-        });
+        unroll<H>(
+            ZELM_EACH(i) { unroll<W>(ZELM_EACH(j) { store<Lanes<T>>(at(i, j), b[i][j]); }); });
     };
     if constexpr (Operand::is_tabled) {
         Distance lane[L]; // from object 0 to the lanes' objects
@@ -230,9 +224,8 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
         unroll<H>(ZELM_EACH(i) {
             unroll<W>(ZELM_EACH(j) {
                 char *at[L];
-                unroll<L>(ZELM_EACH(l) {
-                    at[l] = op.at[detail::row_of(rows, i, l) * W + j] + lane[l];
-                });
+                unroll<L>(
+                    ZELM_EACH(l) { at[l] = op.at[detail::row_of(rows, i, l) * W + j] + lane[l]; });
                 detail::scatter<T>(at, 0, a[i][j]);
             });
         });
@@ -240,8 +233,8 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
         const auto v = op.view(first);
         if constexpr (!is_dense<Operand>)
             if (op.planar())
-                return planar(
-                    [&](int i, int j) __attribute__((always_inline)) { return v.at(i, j); });
+                return planar([&](int i, int j)
+                                  __attribute__((always_inline)) { return v.at(i, j); });
         char *base[L];
         detail::lane_objects<T>(base, op, first);
         const bool packed = W == 1 || v.stride2 == Distance{sizeof(T)};
@@ -250,9 +243,8 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
         } else {
             unroll<H>(ZELM_EACH(i) {
                 char *row[L];
-                unroll<L>(ZELM_EACH(l) {
-                    row[l] = base[l] + detail::row_of(rows, i, l) * v.stride1;
-                });
+                unroll<L>(
+                    ZELM_EACH(l) { row[l] = base[l] + detail::row_of(rows, i, l) * v.stride1; });
                 if (packed)
                     detail::store_runs<T, W>(row, a[i]);
                 else
@@ -293,7 +285,8 @@ ZELM_INLINE void load_row(Lanes<T> (&a)[K], const Operand &op, int first, Shape 
     constexpr int L = lanes_per_register<T>;
     if constexpr (!Operand::is_array) {
         const auto v = view(op, 0, shape);
-        unroll<K>(ZELM_EACH(e) { a[e] = splat<Lanes<T>>(get(v, detail::row_of(rows, i, 0), j + e)); });
+        unroll<K>(
+            ZELM_EACH(e) { a[e] = splat<Lanes<T>>(get(v, detail::row_of(rows, i, 0), j + e)); });
     } else {
         const char *at[L];
         if (K == 1 || rows_adjacent(op)) {
@@ -316,9 +309,8 @@ ZELM_INLINE void store_row(const Operand &op, int first, Shape shape, int i, int
     constexpr int L = lanes_per_register<T>;
     char *at[L];
     if (K == 1 || rows_adjacent(op)) {
-        unroll<L>(ZELM_EACH(l) {
-            at[l] = view(op, first + l, shape).at(detail::row_of(rows, i, l), j);
-        });
+        unroll<L>(
+            ZELM_EACH(l) { at[l] = view(op, first + l, shape).at(detail::row_of(rows, i, l), j); });
         return detail::store_runs<T, K>(at, a);
     }
     unroll<K>(ZELM_EACH(e) {

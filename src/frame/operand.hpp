@@ -277,8 +277,8 @@ ZELM_INLINE auto resolved(const Operand &op) {
     }
 }
 
-// A table whose entries are rows and columns at even distances says the same as two strides. Returns
-// whether it does, and the standard operand.
+// A table whose entries are rows and columns at even distances says the same as two strides.
+// Returns whether it does, and the standard operand.
 template <class T, int rank, bool array>
 inline bool is_regular(const Tabled<T, rank, array> &op, Shape shape, Standard<T, 2, array> &same) {
     const auto v = op.view(0, shape);

@@ -136,10 +136,9 @@ public:
         if constexpr (Destination::has_table)
             scan(count);
         else
-            clear_ = d.disjoint(shape, count) &&
-                     ((!d.all(count).meets(s.all(count)) ||
-                       detail::same_memory(d.operand(), s.operand())) &&
-                      ...);
+            clear_ = d.disjoint(shape, count) && ((!d.all(count).meets(s.all(count)) ||
+                                                   detail::same_memory(d.operand(), s.operand())) &&
+                                                  ...);
     }
 
     // Whether objects first ... first + live - 1 may be worked on at once.
@@ -156,9 +155,9 @@ private:
             ascends = ascends && d.low >= destination_.object(n - 1).high;
             all = {d.low < all.low ? d.low : all.low, d.high > all.high ? d.high : all.high};
         }
-        clear_ = ascends && std::apply(
-                                [&](const auto &...s) { return (source_clear(s, all, count) && ...); },
-                                sources_);
+        clear_ = ascends &&
+                 std::apply([&](const auto &...s) { return (source_clear(s, all, count) && ...); },
+                            sources_);
     }
     template <class Source>
     bool source_clear(const Source &s, Span destinations, int count) const {
@@ -175,12 +174,11 @@ private:
         for (int l = 0; l < live; ++l) {
             const Span d = destination_.object(first + l);
             for (int m = 0; m < live; ++m)
-                if (m != l && (destination_.object(first + m).meets(d) ||
-                               std::apply(
-                                   [&](const auto &...s) {
-                                       return (s.object(first + m).meets(d) || ...);
-                                   },
-                                   sources_)))
+                if (m != l &&
+                    (destination_.object(first + m).meets(d) ||
+                     std::apply(
+                         [&](const auto &...s) { return (s.object(first + m).meets(d) || ...); },
+                         sources_)))
                     return false;
         }
         return true;

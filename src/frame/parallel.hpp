@@ -18,13 +18,6 @@ struct RangeKernel {
 ZelStatus y8_ownOMP_zelm_ranges(RangeKernel kernel, int count, std::size_t scratch_bytes,
                                 void *own_scratch);
 
-namespace detail {
-template <class Operand>
-ZELM_INLINE Operand moved(const Operand &op, int first) {
-    return op.from(first);
-}
-} // namespace detail
-
 // kernel(n, operands...) over all objects, the operands moved to each range's first object.
 template <class Kernel, class... Operands>
 [[gnu::noinline]] ZelStatus y8_ownOMP_zelm(const Kernel &kernel, int count,

@@ -1,6 +1,6 @@
-// The stage: a group of objects copied to the stack, described by an operand of the same type as the
-// one they come from. The walk sends there what is not a full group or must not be written whole, so
-// that lane kernels only know full groups.
+// The stage: a group of objects copied to the stack, described by an operand of the same type as
+// the one they come from. The walk sends there what is not a full group or must not be written
+// whole, so that lane kernels only know full groups.
 #pragma once
 
 #include "lane_access.hpp"
@@ -19,8 +19,9 @@ public:
         for (int lane = 0; lane < lanes; ++lane)
             for (int i = 0; i < shape.height; ++i)
                 for (int j = 0; j < shape.width; ++j)
-                    store<T>(at(shape, lane, i, j),
-                             load<T>(element(op, shape, first + (lane < live ? lane : live - 1), i, j)));
+                    store<T>(
+                        at(shape, lane, i, j),
+                        load<T>(element(op, shape, first + (lane < live ? lane : live - 1), i, j)));
         return described(op, shape);
     }
     // Copies the first n objects back.

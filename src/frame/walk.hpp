@@ -60,8 +60,7 @@ ZELM_INLINE bool dense_now(const Walked<IndexRows<Int>, elements> &) {
 }
 template <class T, int rank, int elements, int H, int W>
 ZELM_INLINE auto as_dense(const Walked<Standard<T, rank, true>, elements, H, W> &w) {
-    return Walked<Dense<T, H, W>, elements, H, W>{
-        {w.operand.object(0), w.operand.step()}, w.shape};
+    return Walked<Dense<T, H, W>, elements, H, W>{{w.operand.object(0), w.operand.step()}, w.shape};
 }
 template <class Int, int elements>
 ZELM_INLINE auto as_dense(const Walked<IndexRows<Int>, elements> &w) {
@@ -80,7 +79,8 @@ ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kerne
     const auto each = [&](const auto &f) {
         [&]<std::size_t... k>(std::index_sequence<k...>) {
             (f(std::get<k>(stages), arrays, std::get<k>(operands)), ...);
-        }(std::index_sequence_for<Operand...>{});
+        }
+        (std::index_sequence_for<Operand...>{});
     };
 
     bool failed_before = false; // and so computed once more, on the stage

@@ -128,12 +128,13 @@ void solve_array(int n, const Factor &factor, const Index &index, const Vector &
         const auto rows = stored_rows<T>(numbers, first);
         S y[largest];
         const auto subtract = [&](S value, int i, int begin, int end)
-                                  __attribute__((always_inline)) {
-            in_steps<T>(begin, end, [&](int j, auto K) __attribute__((always_inline)) {
-                S part[K];
-                load_row<T>(part, f, first, shape, i, j, rows);
-                unroll<K>(ZELM_EACH(e) { value = value - part[e] * y[j + e]; });
-            });
+            __attribute__((always_inline)) {
+            in_steps<T>(
+                begin, end, [&](int j, auto K) __attribute__((always_inline)) {
+                    S part[K];
+                    load_row<T>(part, f, first, shape, i, j, rows);
+                    unroll<K>(ZELM_EACH(e) { value = value - part[e] * y[j + e]; });
+                });
             return value;
         };
         for (int i = 0; i < n; ++i) {
@@ -146,9 +147,10 @@ void solve_array(int n, const Factor &factor, const Index &index, const Vector &
             load_row<T>(diagonal, f, first, shape, i, i, rows);
             y[i] = subtract(y[i], i, i + 1, n) / diagonal[0];
         }
-        in_steps<T>(0, n, [&](int j, auto K) __attribute__((always_inline)) {
-            store_row<T>(to, first, {1, n}, 0, j, *reinterpret_cast<S(*)[K]>(y + j));
-        });
+        in_steps<T>(
+            0, n, [&](int j, auto K) __attribute__((always_inline)) {
+                store_row<T>(to, first, {1, n}, 0, j, *reinterpret_cast<S(*)[K]>(y + j));
+            });
         return 0u;
     };
     const auto alone = [&](int k) __attribute__((noinline)) {

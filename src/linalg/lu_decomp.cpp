@@ -117,9 +117,10 @@ ZelStatus factor_array_general(const Source &source, const IndexRows<int> &index
             IndexOf<S> p[largest_lane_order];
             const auto all = [&](const auto &f) __attribute__((always_inline)) {
                 for (int i = 0; i < n; ++i)
-                    in_steps<T>(0, n, [&](int j, auto K) __attribute__((always_inline)) {
-                        f(i, j, *reinterpret_cast<S(*)[K]>(a + i * n + j));
-                    });
+                    in_steps<T>(
+                        0, n, [&](int j, auto K) __attribute__((always_inline)) {
+                            f(i, j, *reinterpret_cast<S(*)[K]>(a + i * n + j));
+                        });
             };
             all([&](int i, int j, auto &part) __attribute__((always_inline)) {
                 load_row<T>(part, x, group.first, shape, i, j);

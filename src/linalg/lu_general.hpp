@@ -10,10 +10,11 @@ namespace zelm {
 
 inline constexpr int largest_lane_order = 16; // 4 KiB of registers
 
-// ---- in lanes -------------------------------------------------------------------------------------
+// ---- in lanes
+// -------------------------------------------------------------------------------------
 
-// Factors a (n x n, row by row) in place; rows stand in pivot order afterwards, p[i] is the caller's
-// row in row i. Returns the lanes that met a candidate at or below the threshold.
+// Factors a (n x n, row by row) in place; rows stand in pivot order afterwards, p[i] is the
+// caller's row in row i. Returns the lanes that met a candidate at or below the threshold.
 template <class S>
 MaskOf<S> factor_lanes(S *a, IndexOf<S> *p, int n, ElementOf<S> threshold) {
     MaskOf<S> failing = no_lane<S>();
@@ -34,15 +35,13 @@ MaskOf<S> factor_lanes(S *a, IndexOf<S> *p, int n, ElementOf<S> threshold) {
         }
         failing = failing | (best <= splat<S>(threshold));
 
-        // The exchange and the update of C columns: the pivot row is picked from the rows, then each
-        // row that was it becomes the old row k.
+        // The exchange and the update of C columns: the pivot row is picked from the rows, then
+        // each row that was it becomes the old row k.
         const auto columns = [&](int j, auto C, const auto &update) __attribute__((always_inline)) {
             S old[C], pivot[C];
             unroll<C>(ZELM_EACH(c) { old[c] = pivot[c] = top[j + c]; });
             for (int i = k + 1; i < n; ++i)
-                unroll<C>(ZELM_EACH(c) {
-                    pivot[c] = select(here[i], a[i * n + j + c], pivot[c]);
-                });
+                unroll<C>(ZELM_EACH(c) { pivot[c] = select(here[i], a[i * n + j + c], pivot[c]); });
             unroll<C>(ZELM_EACH(c) { top[j + c] = pivot[c]; });
             for (int i = k + 1; i < n; ++i)
                 unroll<C>(ZELM_EACH(c) {
@@ -51,7 +50,7 @@ MaskOf<S> factor_lanes(S *a, IndexOf<S> *p, int n, ElementOf<S> threshold) {
                 });
         };
         const auto in_columns = [&](int from, int to, const auto &update)
-                                    __attribute__((always_inline)) {
+            __attribute__((always_inline)) {
             int j = from;
             for (; j + 4 <= to; j += 4)
                 columns(j, std::integral_constant<int, 4>{}, update);
@@ -65,18 +64,21 @@ MaskOf<S> factor_lanes(S *a, IndexOf<S> *p, int n, ElementOf<S> threshold) {
             p[k] = select(here[i], p[i], p[k]);
             p[i] = select(here[i], number, p[i]);
         }
-        in_columns(0, k + 1, [](int, S x, S) __attribute__((always_inline)) { return x; });
+        in_columns(
+            0, k + 1, [](int, S x, S) __attribute__((always_inline)) { return x; });
         const S r = splat<S>(1) / top[k];
         for (int i = k + 1; i < n; ++i)
             f[i] = a[i * n + k] = a[i * n + k] * r;
-        in_columns(k + 1, n, [&](int i, S x, S pivot) __attribute__((always_inline)) {
-            return x - f[i] * pivot;
-        });
+        in_columns(
+            k + 1, n, [&](int i, S x, S pivot) __attribute__((always_inline)) {
+                return x - f[i] * pivot;
+            });
     }
     return failing;
 }
 
-// ---- alone ----------------------------------------------------------------------------------------
+// ---- alone
+// ----------------------------------------------------------------------------------------
 
 // d(i, j) -= f * d(pivot, j) for j from first to n - 1.
 template <class T, bool packed, template <class> class View>
@@ -92,8 +94,8 @@ ZELM_INLINE void subtract_row(const View<T> &d, int i, int pivot, T f, int first
         put(d, i, j, get(d, i, j) - f * get(d, pivot, j));
 }
 
-// Factors d in place; p[i] is the row in pivot position i. On failure d holds the elimination of the
-// columns before the failing one and p the exchanges made so far.
+// Factors d in place; p[i] is the row in pivot position i. On failure d holds the elimination of
+// the columns before the failing one and p the exchanges made so far.
 template <class T, bool packed, template <class> class View>
 ZelStatus factor_in_place(const View<T> &d, int *p, int n) {
     for (int i = 0; i < n; ++i)
