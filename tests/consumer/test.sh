@@ -45,6 +45,10 @@ if [ "$way" = subdirectory ]; then
     exit 0
 fi
 
+awk '/^```c$/ { on = 1; next } /^```$/ && on { exit } on' "$here/../../README.md" >"$work/shown"
+sed -n '/#include <zelm.h>/,/^}/p' "$here/ten_lines.c" | cmp - "$work/shown" ||
+    fail "README.md shows another program"
+
 # Installed for /opt/before by way of a staging directory, and used at another place.
 DESTDIR=$work/stage "$cmake" --install "$build" --prefix /opt/before >/dev/null
 prefix=$work/moved
