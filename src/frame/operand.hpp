@@ -228,10 +228,11 @@ ZELM_INLINE bool column_adjacent(const Operand &op) {
 // have no gaps inside. Such strides need no further check.
 template <class T, int rank, bool array>
 ZELM_INLINE int gaps(const Standard<T, rank, array> &op, int width) {
-    constexpr int element = sizeof(T);
-    const int inner = op.exchanged ? op.stride1 : op.stride2;
-    const int outer = op.exchanged ? op.stride2 : op.stride1;
-    return (inner ^ element) | (outer ^ (width * element));
+    const auto bits = [](int stride) { return static_cast<unsigned>(stride); };
+    const unsigned row = static_cast<unsigned>(width) * unsigned{sizeof(T)}; // may wrap: no match
+    const unsigned inner = bits(op.exchanged ? op.stride1 : op.stride2);
+    const unsigned outer = bits(op.exchanged ? op.stride2 : op.stride1);
+    return static_cast<int>((inner ^ unsigned{sizeof(T)}) | (outer ^ row));
 }
 
 // The description that a destination array is in.
