@@ -22,8 +22,7 @@ struct Sizes {
     int M, K, N;
 };
 
-// ---- kernels
-// --------------------------------------------------------------------------------------
+// ---- kernels ----
 
 // Where rows are adjacent, products of these shapes are faster with the rows of b in registers than
 // with an object in each lane.
@@ -214,8 +213,7 @@ ZelStatus y8_ownzelmMul(int count, Sizes s, const A &a, const B &b, const D &d) 
     return zelStatusOk;
 }
 
-// ---- entries
-// --------------------------------------------------------------------------------------
+// ---- entries ----
 
 template <class Operand>
 ZELM_INLINE auto as_matrix(const Operand &op) {

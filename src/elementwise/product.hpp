@@ -17,8 +17,7 @@ ZELM_INLINE void multiply(const S (&a)[M][K], const S (&b)[K][N], S (&d)[M][N]) 
     });
 }
 
-// ---- rows in registers
-// ----------------------------------------------------------------------------
+// ---- rows in registers ----
 
 // N adjacent elements: whole registers and one that is partly used.
 template <class T, int N>
@@ -95,8 +94,7 @@ ZELM_INLINE void multiply_row_tiles(const StridedView<const T> &a, const Strided
     }
 }
 
-// ---- columns in registers: a matrix times a vector
-// ------------------------------------------------
+// ---- columns in registers: a matrix times a vector ----
 
 // The columns of an N x N matrix with adjacent rows, N a multiple of the lanes.
 template <class T, int N>
@@ -133,8 +131,7 @@ ZELM_INLINE void multiply_columns(const ColumnsOf<T, N> &a, const char *x, char 
     sum.store(y);
 }
 
-// ---- any shape
-// ------------------------------------------------------------------------------------
+// ---- any shape ----
 
 // R rows and V registers of columns of d, from row i and column j on.
 template <class S, int R, int V, class A, class B, class D>

@@ -16,8 +16,7 @@ struct Difference {
     ZELM_INLINE auto operator()(auto a, auto b) const { return a - b; }
 };
 
-// ---- limits
-// ---------------------------------------------------------------------------------------
+// ---- limits ----
 
 template <class T, Description d>
 inline constexpr Limits matrix_limits = d == Description::standard && sizeof(T) == 4
@@ -37,8 +36,7 @@ inline constexpr Limits constant_first_limits = d == Description::layout    ? Li
                                                 : sizeof(T) == 4            ? Limits{4800, 4800}
                                                                             : Limits{1400, 1400};
 
-// ---- work
-// -----------------------------------------------------------------------------------------
+// ---- work ----
 
 template <class Op, class... Operands>
 ZELM_INLINE ZelStatus run(Limits limits, Estimate work, Shape shape, int count,
@@ -59,8 +57,7 @@ ZELM_INLINE ZelStatus run_arrays(Limits limits, Shape shape, int count, const D 
     return run<Op>(limits, work, shape, count, d, a, b);
 }
 
-// ---- entries, each with its order of checks
-// -------------------------------------------------------
+// ---- entries, each with its order of checks ----
 
 // Operands by value: what this needs in memory is put there on the way in, not in the entry.
 template <class Op, class A, class B, class D>
@@ -99,13 +96,15 @@ ZELM_INLINE ZelStatus matrix_arrays(const A &a, const B &b, const D &d, int widt
 template <class Op, class A, class B, class D>
 ZELM_INLINE ZelStatus matrix_beside_array(const A &a, const B &b, const D &d, int width, int height,
                                           int count) {
-    if constexpr (description_of<D> != Description::standard)
+    if constexpr (description_of<D> != Description::standard) {
         return matrix_arrays<Op>(a, b, d, width, height, count);
-    if (const ZelStatus s =
-            first_failure(pointers(a, b, d), counts(count), strides(a, b, d), sizes(width, height)))
-        return s;
-    return run_arrays<Op>(matrix_limits<typename D::Element, description_of<D>>, {height, width},
-                          count, d, a, b);
+    } else {
+        if (const ZelStatus s = first_failure(pointers(a, b, d), counts(count), strides(a, b, d),
+                                              sizes(width, height)))
+            return s;
+        return run_arrays<Op>(matrix_limits<typename D::Element, Description::standard>,
+                              {height, width}, count, d, a, b);
+    }
 }
 
 template <class Op, class A, class B, class D>

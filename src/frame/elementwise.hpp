@@ -29,8 +29,7 @@ struct Axis {
     Distance stride[operands] = {};
 };
 
-// ---- a line: n elements along one axis
-// ------------------------------------------------------------
+// ---- a line: n elements along one axis ----
 
 template <class S, Run run>
 ZELM_INLINE S load_run(const char *p, Distance stride) {
@@ -122,8 +121,7 @@ ZELM_INLINE void line(const Op &op, char *d, const char *const *s, const Distanc
         line<T, sources, Op, chosen..., Run::apart>(op, d, s, stride, n);
 }
 
-// ---- short rows: W elements, W known at compile time
-// ----------------------------------------------
+// ---- short rows: W elements, W known at compile time ----
 
 template <class T, int W, Run to, Run... runs, class Op, std::size_t... k>
 ZELM_INLINE void short_row(const Op &op, char *d, const char *const *s, const Distance *stride,
@@ -155,8 +153,7 @@ ZELM_INLINE void short_row(const Op &op, char *d, const char *const *s, const Di
     }
 }
 
-// ---- nests: two axes of each object inside, the objects outside
-// ----------------------------------
+// ---- nests: two axes of each object inside, the objects outside ----
 
 template <int operands>
 struct Nest {
@@ -290,8 +287,7 @@ void arrange(Nest<operands> &nest, bool objects_too) {
         merge(nest.outer, nest.inner);
 }
 
-// ---- operands to nests
-// ----------------------------------------------------------------------------
+// ---- operands to nests ----
 
 template <int k, int operands, class Operand>
 ZELM_INLINE void add_operand(Nest<operands> &nest, const Operand &op) {

@@ -321,7 +321,7 @@ ZELM_INLINE void store_row(const Operand &op, int first, Shape shape, int i, int
     });
 }
 
-// f(j, K) over 0 ... n - 1 in steps of a register's lanes, then of one: K is a constant.
+// f(j, K) over from ... to - 1 in steps of a register's lanes, then of one: K is a constant.
 template <class T, class F>
 ZELM_INLINE void in_steps(int from, int to, const F &f) {
     constexpr int L = lanes_per_register<T>;

@@ -183,8 +183,8 @@ ZELM_INLINE void store_part(char *p, Lanes<T> v) {
 
 // ---- transposes ---------------------------------------------------------------------------------
 
-// Rows to columns: v[l] holds K consecutive elements of object l; afterwards v[e] holds element e
-// of every object, for e < K. The same exchange turns columns back into rows.
+// Rows to columns: v[l] holds consecutive elements of object l; afterwards v[e] holds element e of
+// every object. The same exchange turns columns back into rows.
 ZELM_INLINE void transpose(Lanes<float> (&v)[4]) {
     const __m128 a = (__m128)v[0], b = (__m128)v[1], c = (__m128)v[2], d = (__m128)v[3];
     const __m128 ab = _mm_unpacklo_ps(a, b), cd = _mm_unpacklo_ps(c, d);

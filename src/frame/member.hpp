@@ -91,9 +91,3 @@
     M(L, float, 32f_L, __VA_ARGS__)                                                               \
     M(L, double, 64f_L, __VA_ARGS__)
 // clang-format on
-
-// The letters as values.
-namespace zelm::letter {
-inline constexpr Description S = Description::standard, P = Description::pointer,
-                             L = Description::layout;
-} // namespace zelm::letter

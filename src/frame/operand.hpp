@@ -100,7 +100,9 @@ struct Standard {
     ZELM_INLINE Standard from(int first) const {
         return {reinterpret_cast<T *>(object(first)), stride0, stride1, stride2, exchanged};
     }
-    ZELM_INLINE Standard transposed() const { return {base, stride0, stride1, stride2, true}; }
+    ZELM_INLINE Standard transposed() const {
+        return {base, stride0, stride1, stride2, !exchanged};
+    }
     // A vector as a matrix of one column.
     ZELM_INLINE Standard<T, 2, array> as_column() const {
         return {base, stride0, stride2, sizeof(T)};
@@ -129,7 +131,7 @@ struct Layout {
     ZELM_INLINE Layout from(int first) const {
         return {table + first, shift, stride1, stride2, exchanged};
     }
-    ZELM_INLINE Layout transposed() const { return {table, shift, stride1, stride2, true}; }
+    ZELM_INLINE Layout transposed() const { return {table, shift, stride1, stride2, !exchanged}; }
     ZELM_INLINE Layout<T, 2> as_column() const { return {table, shift, stride2, sizeof(T)}; }
 };
 
@@ -293,7 +295,9 @@ inline bool is_regular(const Tabled<T, rank, array> &op, Shape shape, Standard<T
                                 static_cast<std::uintptr_t>(j) * across)
                 return false;
     const auto stride1 = static_cast<Distance>(down), stride2 = static_cast<Distance>(across);
-    if (stride1 != static_cast<int>(stride1) || stride2 != static_cast<int>(stride2))
+    // Standard strides are positive; so what is said of their extents holds.
+    if (stride1 < 0 || stride2 < 0 || stride1 != static_cast<int>(stride1) ||
+        stride2 != static_cast<int>(stride2))
         return false;
     same = {reinterpret_cast<T *>(v.at(0, 0)), op.stride0, static_cast<int>(stride1),
             static_cast<int>(stride2)};

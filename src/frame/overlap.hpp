@@ -85,6 +85,7 @@ public:
         }
     }
     ZELM_INLINE const Operand &operand() const { return op_; }
+    ZELM_INLINE Number extent() const { return extent_; } // bytes
 
 private:
     // Element pointers in ascending or descending order, at least `run` bytes apart.
@@ -136,9 +137,11 @@ public:
         if constexpr (Destination::has_table)
             scan(count);
         else
-            clear_ = d.disjoint(shape, count) && ((!d.all(count).meets(s.all(count)) ||
-                                                   detail::same_memory(d.operand(), s.operand())) &&
-                                                  ...);
+            clear_ =
+                d.disjoint(shape, count) &&
+                ((!d.all(count).meets(s.all(count)) ||
+                  (d.extent() == s.extent() && detail::same_memory(d.operand(), s.operand()))) &&
+                 ...);
     }
 
     // Whether objects first ... first + live - 1 may be worked on at once.

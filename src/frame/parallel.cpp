@@ -12,6 +12,8 @@ ZelStatus y8_ownOMP_zelm_ranges(RangeKernel kernel, int count, std::size_t scrat
     if (threads <= 1 || count < threads)
         return kernel.run(kernel.context, 0, count, own_scratch);
 
+    // Asked again, as the answer may have changed: the first one sized the split that was worth it,
+    // this one is the team that is requested.
     const int answer = ownGetNumThreads();
     const int request = answer < 1 ? 1 : answer; // the runtime takes no request below 1
     const int slices = request > threads ? request : threads;

@@ -61,8 +61,9 @@ ZELM_INLINE MaskOf<S> factor(S (&a)[N][N], IndexOf<S> (&p)[N], ElementOf<S> thre
     return failing;
 }
 
-// Solves with a factor whose rows stand in pivot order: factor(i, j), right-hand side b(i)
-// likewise. Products are subtracted one by one, j ascending in both directions.
+// Solves with a factor f whose rows stand in pivot order; x holds the right-hand side in the same
+// order and becomes the solution. Products are subtracted one by one, j ascending in both
+// directions.
 template <int N, class S>
 ZELM_INLINE void substitute(const S (&f)[N][N], S (&x)[N]) {
     unroll<1, N>(ZELM_EACH(i) { unroll<i>(ZELM_EACH(j) { x[i] = x[i] - f[i][j] * x[j]; }); });

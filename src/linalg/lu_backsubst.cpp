@@ -12,8 +12,7 @@ namespace {
 constexpr Limits one_matrix_limits = {701, 701};     // of (n + 2*count)*n
 constexpr Limits matrix_array_limits = {1201, 1201}; // of (n + 2)*n*count
 
-// ---- one object
-// -----------------------------------------------------------------------------------
+// ---- one object ----
 
 template <int N, class T, class Factor, class Vector, class Result>
 void solve_object(const Factor &factor, const int *index, const Vector &b, const Result &result) {
@@ -66,8 +65,7 @@ ZelStatus y8_ownzelmLUBackSubst_mv(const Factor &factor, const int *index, const
     return zelStatusOk;
 }
 
-// ---- arrays
-// ---------------------------------------------------------------------------------------
+// ---- arrays ----
 
 // One factor beside an array of vectors is loaded once, into every lane.
 template <int N, class Factor, class Index, class Vector, class Result, class Allowed>
@@ -203,8 +201,7 @@ ZelStatus y8_ownzelmLUBackSubst(int count, const Factor &factor, const Index &in
     return zelStatusOk;
 }
 
-// ---- entries
-// --------------------------------------------------------------------------------------
+// ---- entries ----
 
 template <class Factor, class Vector, class Result>
 ZELM_INLINE ZelStatus lu_backsubst(const Factor &factor, const int *index, const Vector &b,

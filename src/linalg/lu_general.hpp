@@ -10,8 +10,7 @@ namespace zelm {
 
 inline constexpr int largest_lane_order = 16; // 4 KiB of registers
 
-// ---- in lanes
-// -------------------------------------------------------------------------------------
+// ---- in lanes ----
 
 // Factors a (n x n, row by row) in place; rows stand in pivot order afterwards, p[i] is the
 // caller's row in row i. Returns the lanes that met a candidate at or below the threshold.
@@ -77,8 +76,7 @@ MaskOf<S> factor_lanes(S *a, IndexOf<S> *p, int n, ElementOf<S> threshold) {
     return failing;
 }
 
-// ---- alone
-// ----------------------------------------------------------------------------------------
+// ---- alone ----
 
 // d(i, j) -= f * d(pivot, j) for j from first to n - 1.
 template <class T, bool packed, template <class> class View>
