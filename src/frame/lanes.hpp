@@ -125,6 +125,12 @@ template <class S>
 ZELM_INLINE MaskOf<S> no_lane() {
     return MaskOf<S>{};
 }
+// The lanes of `mask` without those of `other`.
+ZELM_INLINE bool and_not(bool mask, bool other) { return mask && !other; }
+template <class M>
+ZELM_INLINE M and_not(M mask, M other) {
+    return mask & ~other;
+}
 ZELM_INLINE unsigned lane_bits(bool mask) { return mask; }
 ZELM_INLINE unsigned lane_bits(Lanes<std::int32_t> mask) {
     return static_cast<unsigned>(_mm_movemask_ps((__m128)mask));
