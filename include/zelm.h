@@ -1950,6 +1950,846 @@ ZELM_API ZelStatus zelmMul_vaca_64f_L(const double *const *ppSrc, int srcRoiShif
                                       int len, int count);
 
 /* ============================================================================================== */
+/* Copy: Arrays moved from one description to another */
+/* ============================================================================================== */
+
+/* dst_n(i, j) = src_n(i, j), n = 0 .. count - 1: matrices of height rows and width columns, vectors
+ * of len elements. The two letters of the name are the descriptions of source and destination:
+ * S standard, P pointer, L layout. Elements move as bit patterns: signalling NaN and the sign of
+ * zero arrive as they are.
+ *
+ * In place, at the same address with the same strides, nothing changes. No other overlap is
+ * allowed. Always on the calling thread.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad size, bad count, bad stride (Stride1, Stride2), bad offset, bad stride
+ *   (Stride0).
+ *   ma_PP, va_PP, va_32f_SP, va_32f_LP:  the offset before all strides.
+ * The distances from object to object, Stride0, are checked only where count is at least 2: one
+ * object does not need them. */
+ZELM_API ZelStatus zelmCopy_ma_32f_SS(const float *pSrc, int srcStride0, int srcStride1,
+                                      int srcStride2, float *pDst, int dstStride0, int dstStride1,
+                                      int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_64f_SS(const double *pSrc, int srcStride0, int srcStride1,
+                                      int srcStride2, double *pDst, int dstStride0, int dstStride1,
+                                      int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_32f_SP(const float *pSrc, int srcStride0, int srcStride1,
+                                      int srcStride2, float *const *ppDst, int dstRoiShift,
+                                      int dstStride0, int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_64f_SP(const double *pSrc, int srcStride0, int srcStride1,
+                                      int srcStride2, double *const *ppDst, int dstRoiShift,
+                                      int dstStride0, int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_32f_SL(const float *pSrc, int srcStride0, int srcStride1,
+                                      int srcStride2, float *const *ppDst, int dstRoiShift,
+                                      int dstStride1, int dstStride2, int width, int height,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_ma_64f_SL(const double *pSrc, int srcStride0, int srcStride1,
+                                      int srcStride2, double *const *ppDst, int dstRoiShift,
+                                      int dstStride1, int dstStride2, int width, int height,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_ma_32f_PS(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      float *pDst, int dstStride0, int dstStride1, int dstStride2,
+                                      int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_64f_PS(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      double *pDst, int dstStride0, int dstStride1, int dstStride2,
+                                      int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_32f_PP(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      float *const *ppDst, int dstRoiShift, int dstStride0,
+                                      int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_64f_PP(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      double *const *ppDst, int dstRoiShift, int dstStride0,
+                                      int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_32f_PL(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      float *const *ppDst, int dstRoiShift, int dstStride1,
+                                      int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_64f_PL(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      double *const *ppDst, int dstRoiShift, int dstStride1,
+                                      int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_32f_LS(const float *const *ppSrc, int srcRoiShift, int srcStride1,
+                                      int srcStride2, float *pDst, int dstStride0, int dstStride1,
+                                      int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_64f_LS(const double *const *ppSrc, int srcRoiShift, int srcStride1,
+                                      int srcStride2, double *pDst, int dstStride0, int dstStride1,
+                                      int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_32f_LP(const float *const *ppSrc, int srcRoiShift, int srcStride1,
+                                      int srcStride2, float *const *ppDst, int dstRoiShift,
+                                      int dstStride0, int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_64f_LP(const double *const *ppSrc, int srcRoiShift, int srcStride1,
+                                      int srcStride2, double *const *ppDst, int dstRoiShift,
+                                      int dstStride0, int width, int height, int count);
+ZELM_API ZelStatus zelmCopy_ma_32f_LL(const float *const *ppSrc, int srcRoiShift, int srcStride1,
+                                      int srcStride2, float *const *ppDst, int dstRoiShift,
+                                      int dstStride1, int dstStride2, int width, int height,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_ma_64f_LL(const double *const *ppSrc, int srcRoiShift, int srcStride1,
+                                      int srcStride2, double *const *ppDst, int dstRoiShift,
+                                      int dstStride1, int dstStride2, int width, int height,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_va_32f_SS(const float *pSrc, int srcStride0, int srcStride2,
+                                      float *pDst, int dstStride0, int dstStride2, int len,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_va_64f_SS(const double *pSrc, int srcStride0, int srcStride2,
+                                      double *pDst, int dstStride0, int dstStride2, int len,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_va_32f_SP(const float *pSrc, int srcStride0, int srcStride2,
+                                      float *const *ppDst, int dstRoiShift, int dstStride0, int len,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_va_64f_SP(const double *pSrc, int srcStride0, int srcStride2,
+                                      double *const *ppDst, int dstRoiShift, int dstStride0,
+                                      int len, int count);
+ZELM_API ZelStatus zelmCopy_va_32f_SL(const float *pSrc, int srcStride0, int srcStride2,
+                                      float *const *ppDst, int dstRoiShift, int dstStride2, int len,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_va_64f_SL(const double *pSrc, int srcStride0, int srcStride2,
+                                      double *const *ppDst, int dstRoiShift, int dstStride2,
+                                      int len, int count);
+ZELM_API ZelStatus zelmCopy_va_32f_PS(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      float *pDst, int dstStride0, int dstStride2, int len,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_va_64f_PS(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      double *pDst, int dstStride0, int dstStride2, int len,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_va_32f_PP(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      float *const *ppDst, int dstRoiShift, int dstStride0, int len,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_va_64f_PP(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      double *const *ppDst, int dstRoiShift, int dstStride0,
+                                      int len, int count);
+ZELM_API ZelStatus zelmCopy_va_32f_PL(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      float *const *ppDst, int dstRoiShift, int dstStride2, int len,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_va_64f_PL(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      double *const *ppDst, int dstRoiShift, int dstStride2,
+                                      int len, int count);
+ZELM_API ZelStatus zelmCopy_va_32f_LS(const float *const *ppSrc, int srcRoiShift, int srcStride2,
+                                      float *pDst, int dstStride0, int dstStride2, int len,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_va_64f_LS(const double *const *ppSrc, int srcRoiShift, int srcStride2,
+                                      double *pDst, int dstStride0, int dstStride2, int len,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_va_32f_LP(const float *const *ppSrc, int srcRoiShift, int srcStride2,
+                                      float *const *ppDst, int dstRoiShift, int dstStride0, int len,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_va_64f_LP(const double *const *ppSrc, int srcRoiShift, int srcStride2,
+                                      double *const *ppDst, int dstRoiShift, int dstStride0,
+                                      int len, int count);
+ZELM_API ZelStatus zelmCopy_va_32f_LL(const float *const *ppSrc, int srcRoiShift, int srcStride2,
+                                      float *const *ppDst, int dstRoiShift, int dstStride2, int len,
+                                      int count);
+ZELM_API ZelStatus zelmCopy_va_64f_LL(const double *const *ppSrc, int srcRoiShift, int srcStride2,
+                                      double *const *ppDst, int dstRoiShift, int dstStride2,
+                                      int len, int count);
+
+/* ============================================================================================== */
+/* Extract: Objects packed into a buffer */
+/* ============================================================================================== */
+
+/* pDst is filled without gaps, row by row and object by object: element (i, j) of object n goes to
+ * pDst[(n * height + i) * width + j], element k of vector n to pDst[n * len + k]. The shape is that
+ * of the operand: of a t operand element (i, j) is stored element (j, i), it has width rows and
+ * height columns in memory. Elements move as bit patterns. The buffer must not overlap the source.
+ * Always on the calling thread.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   single objects, standard:  null pointer, bad size, bad stride.
+ *   single objects, _P:        bad size, null pointer, bad offset; v_32f_P: the pointer first.
+ *   arrays:                    null pointer, bad size, bad count, bad offset, bad stride. */
+ZELM_API ZelStatus zelmExtract_m_32f(const float *pSrc, int srcStride1, int srcStride2, float *pDst,
+                                     int width, int height);
+ZELM_API ZelStatus zelmExtract_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                     double *pDst, int width, int height);
+ZELM_API ZelStatus zelmExtract_m_32f_P(const float *const *ppSrc, int srcRoiShift, float *pDst,
+                                       int width, int height);
+ZELM_API ZelStatus zelmExtract_m_64f_P(const double *const *ppSrc, int srcRoiShift, double *pDst,
+                                       int width, int height);
+ZELM_API ZelStatus zelmExtract_t_32f(const float *pSrc, int srcStride1, int srcStride2, float *pDst,
+                                     int width, int height);
+ZELM_API ZelStatus zelmExtract_t_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                     double *pDst, int width, int height);
+ZELM_API ZelStatus zelmExtract_t_32f_P(const float *const *ppSrc, int srcRoiShift, float *pDst,
+                                       int width, int height);
+ZELM_API ZelStatus zelmExtract_t_64f_P(const double *const *ppSrc, int srcRoiShift, double *pDst,
+                                       int width, int height);
+ZELM_API ZelStatus zelmExtract_v_32f(const float *pSrc, int srcStride2, float *pDst, int len);
+ZELM_API ZelStatus zelmExtract_v_64f(const double *pSrc, int srcStride2, double *pDst, int len);
+ZELM_API ZelStatus zelmExtract_v_32f_P(const float *const *ppSrc, int srcRoiShift, float *pDst,
+                                       int len);
+ZELM_API ZelStatus zelmExtract_v_64f_P(const double *const *ppSrc, int srcRoiShift, double *pDst,
+                                       int len);
+ZELM_API ZelStatus zelmExtract_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                      int srcStride2, float *pDst, int width, int height,
+                                      int count);
+ZELM_API ZelStatus zelmExtract_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                      int srcStride2, double *pDst, int width, int height,
+                                      int count);
+ZELM_API ZelStatus zelmExtract_ma_32f_P(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                        float *pDst, int width, int height, int count);
+ZELM_API ZelStatus zelmExtract_ma_64f_P(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                        double *pDst, int width, int height, int count);
+ZELM_API ZelStatus zelmExtract_ma_32f_L(const float *const *ppSrc, int srcRoiShift, int srcStride1,
+                                        int srcStride2, float *pDst, int width, int height,
+                                        int count);
+ZELM_API ZelStatus zelmExtract_ma_64f_L(const double *const *ppSrc, int srcRoiShift, int srcStride1,
+                                        int srcStride2, double *pDst, int width, int height,
+                                        int count);
+ZELM_API ZelStatus zelmExtract_ta_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                      int srcStride2, float *pDst, int width, int height,
+                                      int count);
+ZELM_API ZelStatus zelmExtract_ta_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                      int srcStride2, double *pDst, int width, int height,
+                                      int count);
+ZELM_API ZelStatus zelmExtract_ta_32f_P(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                        float *pDst, int width, int height, int count);
+ZELM_API ZelStatus zelmExtract_ta_64f_P(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                        double *pDst, int width, int height, int count);
+ZELM_API ZelStatus zelmExtract_ta_32f_L(const float *const *ppSrc, int srcRoiShift, int srcStride1,
+                                        int srcStride2, float *pDst, int width, int height,
+                                        int count);
+ZELM_API ZelStatus zelmExtract_ta_64f_L(const double *const *ppSrc, int srcRoiShift, int srcStride1,
+                                        int srcStride2, double *pDst, int width, int height,
+                                        int count);
+ZELM_API ZelStatus zelmExtract_va_32f(const float *pSrc, int srcStride0, int srcStride2,
+                                      float *pDst, int len, int count);
+ZELM_API ZelStatus zelmExtract_va_64f(const double *pSrc, int srcStride0, int srcStride2,
+                                      double *pDst, int len, int count);
+ZELM_API ZelStatus zelmExtract_va_32f_P(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                        float *pDst, int len, int count);
+ZELM_API ZelStatus zelmExtract_va_64f_P(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                        double *pDst, int len, int count);
+ZELM_API ZelStatus zelmExtract_va_32f_L(const float *const *ppSrc, int srcRoiShift, int srcStride2,
+                                        float *pDst, int len, int count);
+ZELM_API ZelStatus zelmExtract_va_64f_L(const double *const *ppSrc, int srcRoiShift, int srcStride2,
+                                        double *pDst, int len, int count);
+
+/* ============================================================================================== */
+/* LoadIdentity: Identity matrices */
+/* ============================================================================================== */
+
+/* dst_n(i, j) = 1 where i = j, else 0; any shape. The objects of the array must not overlap. Always
+ * on the calling thread.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad size, bad count, bad stride, bad offset.
+ *   64f_P:  bad offset before bad stride.     32f_P:  bad offset before bad count.
+ * dstStride0 is checked only where count is at least 2. */
+ZELM_API ZelStatus zelmLoadIdentity_ma_32f(float *pDst, int dstStride0, int dstStride1,
+                                           int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmLoadIdentity_ma_64f(double *pDst, int dstStride0, int dstStride1,
+                                           int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmLoadIdentity_ma_32f_P(float *const *ppDst, int dstRoiShift, int dstStride0,
+                                             int width, int height, int count);
+ZELM_API ZelStatus zelmLoadIdentity_ma_64f_P(double *const *ppDst, int dstRoiShift, int dstStride0,
+                                             int width, int height, int count);
+ZELM_API ZelStatus zelmLoadIdentity_ma_32f_L(float *const *ppDst, int dstRoiShift, int dstStride1,
+                                             int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmLoadIdentity_ma_64f_L(double *const *ppDst, int dstRoiShift, int dstStride1,
+                                             int dstStride2, int width, int height, int count);
+
+/* ============================================================================================== */
+/* Transpose: Transposed matrices */
+/* ============================================================================================== */
+
+/* dst(j, i) = src(i, j): the source has height rows and width columns, the destination width rows
+ * and height columns. Elements move as bit patterns.
+ *
+ * In place at the same address: square matrices of order 3 to 6 whose rows are without gaps inside
+ * (both Stride2 the element size). No other overlap is allowed. Always on the calling thread. Large
+ * 32f matrices (more than 128 rows and columns) that do not fit the largest cache are written past
+ * the caches.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   single objects:  no count. */
+ZELM_API ZelStatus zelmTranspose_m_32f(const float *pSrc, int srcStride1, int srcStride2, int width,
+                                       int height, float *pDst, int dstStride1, int dstStride2);
+ZELM_API ZelStatus zelmTranspose_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                       int width, int height, double *pDst, int dstStride1,
+                                       int dstStride2);
+ZELM_API ZelStatus zelmTranspose_m_32f_P(const float *const *ppSrc, int srcRoiShift, int width,
+                                         int height, float *const *ppDst, int dstRoiShift);
+ZELM_API ZelStatus zelmTranspose_m_64f_P(const double *const *ppSrc, int srcRoiShift, int width,
+                                         int height, double *const *ppDst, int dstRoiShift);
+ZELM_API ZelStatus zelmTranspose_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                        int srcStride2, int width, int height, float *pDst,
+                                        int dstStride0, int dstStride1, int dstStride2, int count);
+ZELM_API ZelStatus zelmTranspose_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                        int srcStride2, int width, int height, double *pDst,
+                                        int dstStride0, int dstStride1, int dstStride2, int count);
+ZELM_API ZelStatus zelmTranspose_ma_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                          int srcStride0, int width, int height,
+                                          float *const *ppDst, int dstRoiShift, int dstStride0,
+                                          int count);
+ZELM_API ZelStatus zelmTranspose_ma_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                          int srcStride0, int width, int height,
+                                          double *const *ppDst, int dstRoiShift, int dstStride0,
+                                          int count);
+ZELM_API ZelStatus zelmTranspose_ma_32f_L(const float *const *ppSrc, int srcRoiShift,
+                                          int srcStride1, int srcStride2, int width, int height,
+                                          float *const *ppDst, int dstRoiShift, int dstStride1,
+                                          int dstStride2, int count);
+ZELM_API ZelStatus zelmTranspose_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                          int srcStride1, int srcStride2, int width, int height,
+                                          double *const *ppDst, int dstRoiShift, int dstStride1,
+                                          int dstStride2, int count);
+
+/* ============================================================================================== */
+/* DotProduct: Dot products of vectors */
+/* ============================================================================================== */
+
+/* pDst[n] = sum of src1_n(k) * src2_n(k), k = 0 .. len - 1, n = 0 .. count - 1, in the element type.
+ * vav has one second vector for all objects.
+ *
+ * Lengths below 8 are summed in the order of k. Longer ones are summed in blocks of eight by two
+ * accumulators of four; what stands before the blocks (a single pair of adjacent 32f vectors up to
+ * a multiple of 16 of pSrc2's address, a single pair in pointer description up to that of the
+ * table ppSrc2) and behind them is added in the order of k. So a single pair may round otherwise
+ * than the same pair in an array.
+ *
+ * pDst must not overlap a source.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   vv:  no count. */
+ZELM_API ZelStatus zelmDotProduct_vv_32f(const float *pSrc1, int src1Stride2, const float *pSrc2,
+                                         int src2Stride2, float *pDst, int len);
+ZELM_API ZelStatus zelmDotProduct_vv_64f(const double *pSrc1, int src1Stride2, const double *pSrc2,
+                                         int src2Stride2, double *pDst, int len);
+ZELM_API ZelStatus zelmDotProduct_vv_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                           const float *const *ppSrc2, int src2RoiShift,
+                                           float *pDst, int len);
+ZELM_API ZelStatus zelmDotProduct_vv_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                           const double *const *ppSrc2, int src2RoiShift,
+                                           double *pDst, int len);
+ZELM_API ZelStatus zelmDotProduct_vav_32f(const float *pSrc1, int src1Stride0, int src1Stride2,
+                                          const float *pSrc2, int src2Stride2, float *pDst, int len,
+                                          int count);
+ZELM_API ZelStatus zelmDotProduct_vav_64f(const double *pSrc1, int src1Stride0, int src1Stride2,
+                                          const double *pSrc2, int src2Stride2, double *pDst,
+                                          int len, int count);
+ZELM_API ZelStatus zelmDotProduct_vav_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                            int src1Stride0, const float *const *ppSrc2,
+                                            int src2RoiShift, float *pDst, int len, int count);
+ZELM_API ZelStatus zelmDotProduct_vav_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                            int src1Stride0, const double *const *ppSrc2,
+                                            int src2RoiShift, double *pDst, int len, int count);
+ZELM_API ZelStatus zelmDotProduct_vav_32f_L(const float *const *ppSrc1, int src1RoiShift,
+                                            int src1Stride2, const float *pSrc2, int src2Stride2,
+                                            float *pDst, int len, int count);
+ZELM_API ZelStatus zelmDotProduct_vav_64f_L(const double *const *ppSrc1, int src1RoiShift,
+                                            int src1Stride2, const double *pSrc2, int src2Stride2,
+                                            double *pDst, int len, int count);
+ZELM_API ZelStatus zelmDotProduct_vava_32f(const float *pSrc1, int src1Stride0, int src1Stride2,
+                                           const float *pSrc2, int src2Stride0, int src2Stride2,
+                                           float *pDst, int len, int count);
+ZELM_API ZelStatus zelmDotProduct_vava_64f(const double *pSrc1, int src1Stride0, int src1Stride2,
+                                           const double *pSrc2, int src2Stride0, int src2Stride2,
+                                           double *pDst, int len, int count);
+ZELM_API ZelStatus zelmDotProduct_vava_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                             int src1Stride0, const float *const *ppSrc2,
+                                             int src2RoiShift, int src2Stride0, float *pDst,
+                                             int len, int count);
+ZELM_API ZelStatus zelmDotProduct_vava_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                             int src1Stride0, const double *const *ppSrc2,
+                                             int src2RoiShift, int src2Stride0, double *pDst,
+                                             int len, int count);
+ZELM_API ZelStatus zelmDotProduct_vava_32f_L(const float *const *ppSrc1, int src1RoiShift,
+                                             int src1Stride2, const float *const *ppSrc2,
+                                             int src2RoiShift, int src2Stride2, float *pDst,
+                                             int len, int count);
+ZELM_API ZelStatus zelmDotProduct_vava_64f_L(const double *const *ppSrc1, int src1RoiShift,
+                                             int src1Stride2, const double *const *ppSrc2,
+                                             int src2RoiShift, int src2Stride2, double *pDst,
+                                             int len, int count);
+
+/* ============================================================================================== */
+/* CrossProduct: Cross products of vectors of three elements */
+/* ============================================================================================== */
+
+/* dst_n = src1_n x src2_n, the operands in the order of the kind letters, n = 0 .. count - 1:
+ *   dst(0) = src1(1) * src2(2) - src1(2) * src2(1)
+ *   dst(1) = src1(2) * src2(0) - src1(0) * src2(2)
+ *   dst(2) = src1(0) * src2(1) - src1(1) * src2(0)
+ * A single operand beside an array is used for every object.
+ *
+ * In place: the destination array may be a source array, at the same address with the same strides.
+ * No other overlap is allowed.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   vv:             null pointer, bad stride, bad offset.
+ *   vav, standard:  null pointer, bad stride, bad count.
+ *   vav, _L:        null pointer, bad stride, bad offset, bad count.
+ *   vav, _P:        null pointer, bad stride, bad count, bad offset.
+ *   vva, vava:      null pointer, bad count, bad stride, bad offset. */
+ZELM_API ZelStatus zelmCrossProduct_vv_32f(const float *pSrc1, int src1Stride2, const float *pSrc2,
+                                           int src2Stride2, float *pDst, int dstStride2);
+ZELM_API ZelStatus zelmCrossProduct_vv_64f(const double *pSrc1, int src1Stride2,
+                                           const double *pSrc2, int src2Stride2, double *pDst,
+                                           int dstStride2);
+ZELM_API ZelStatus zelmCrossProduct_vv_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                             const float *const *ppSrc2, int src2RoiShift,
+                                             float *const *ppDst, int dstRoiShift);
+ZELM_API ZelStatus zelmCrossProduct_vv_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                             const double *const *ppSrc2, int src2RoiShift,
+                                             double *const *ppDst, int dstRoiShift);
+ZELM_API ZelStatus zelmCrossProduct_vav_32f(const float *pSrc1, int src1Stride0, int src1Stride2,
+                                            const float *pSrc2, int src2Stride2, float *pDst,
+                                            int dstStride0, int dstStride2, int count);
+ZELM_API ZelStatus zelmCrossProduct_vav_64f(const double *pSrc1, int src1Stride0, int src1Stride2,
+                                            const double *pSrc2, int src2Stride2, double *pDst,
+                                            int dstStride0, int dstStride2, int count);
+ZELM_API ZelStatus zelmCrossProduct_vav_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                              int src1Stride0, const float *const *ppSrc2,
+                                              int src2RoiShift, float *const *ppDst,
+                                              int dstRoiShift, int dstStride0, int count);
+ZELM_API ZelStatus zelmCrossProduct_vav_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                              int src1Stride0, const double *const *ppSrc2,
+                                              int src2RoiShift, double *const *ppDst,
+                                              int dstRoiShift, int dstStride0, int count);
+ZELM_API ZelStatus zelmCrossProduct_vav_32f_L(const float *const *ppSrc1, int src1RoiShift,
+                                              int src1Stride2, const float *pSrc2, int src2Stride2,
+                                              float *const *ppDst, int dstRoiShift, int dstStride2,
+                                              int count);
+ZELM_API ZelStatus zelmCrossProduct_vav_64f_L(const double *const *ppSrc1, int src1RoiShift,
+                                              int src1Stride2, const double *pSrc2, int src2Stride2,
+                                              double *const *ppDst, int dstRoiShift, int dstStride2,
+                                              int count);
+ZELM_API ZelStatus zelmCrossProduct_vva_32f(const float *pSrc1, int src1Stride2, const float *pSrc2,
+                                            int src2Stride0, int src2Stride2, float *pDst,
+                                            int dstStride0, int dstStride2, int count);
+ZELM_API ZelStatus zelmCrossProduct_vva_64f(const double *pSrc1, int src1Stride2,
+                                            const double *pSrc2, int src2Stride0, int src2Stride2,
+                                            double *pDst, int dstStride0, int dstStride2,
+                                            int count);
+ZELM_API ZelStatus zelmCrossProduct_vva_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                              const float *const *ppSrc2, int src2RoiShift,
+                                              int src2Stride0, float *const *ppDst, int dstRoiShift,
+                                              int dstStride0, int count);
+ZELM_API ZelStatus zelmCrossProduct_vva_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                              const double *const *ppSrc2, int src2RoiShift,
+                                              int src2Stride0, double *const *ppDst,
+                                              int dstRoiShift, int dstStride0, int count);
+ZELM_API ZelStatus zelmCrossProduct_vva_32f_L(const float *pSrc1, int src1Stride2,
+                                              const float *const *ppSrc2, int src2RoiShift,
+                                              int src2Stride2, float *const *ppDst, int dstRoiShift,
+                                              int dstStride2, int count);
+ZELM_API ZelStatus zelmCrossProduct_vva_64f_L(const double *pSrc1, int src1Stride2,
+                                              const double *const *ppSrc2, int src2RoiShift,
+                                              int src2Stride2, double *const *ppDst,
+                                              int dstRoiShift, int dstStride2, int count);
+ZELM_API ZelStatus zelmCrossProduct_vava_32f(const float *pSrc1, int src1Stride0, int src1Stride2,
+                                             const float *pSrc2, int src2Stride0, int src2Stride2,
+                                             float *pDst, int dstStride0, int dstStride2,
+                                             int count);
+ZELM_API ZelStatus zelmCrossProduct_vava_64f(const double *pSrc1, int src1Stride0, int src1Stride2,
+                                             const double *pSrc2, int src2Stride0, int src2Stride2,
+                                             double *pDst, int dstStride0, int dstStride2,
+                                             int count);
+ZELM_API ZelStatus zelmCrossProduct_vava_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                               int src1Stride0, const float *const *ppSrc2,
+                                               int src2RoiShift, int src2Stride0,
+                                               float *const *ppDst, int dstRoiShift, int dstStride0,
+                                               int count);
+ZELM_API ZelStatus zelmCrossProduct_vava_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                               int src1Stride0, const double *const *ppSrc2,
+                                               int src2RoiShift, int src2Stride0,
+                                               double *const *ppDst, int dstRoiShift,
+                                               int dstStride0, int count);
+ZELM_API ZelStatus zelmCrossProduct_vava_32f_L(const float *const *ppSrc1, int src1RoiShift,
+                                               int src1Stride2, const float *const *ppSrc2,
+                                               int src2RoiShift, int src2Stride2,
+                                               float *const *ppDst, int dstRoiShift, int dstStride2,
+                                               int count);
+ZELM_API ZelStatus zelmCrossProduct_vava_64f_L(const double *const *ppSrc1, int src1RoiShift,
+                                               int src1Stride2, const double *const *ppSrc2,
+                                               int src2RoiShift, int src2Stride2,
+                                               double *const *ppDst, int dstRoiShift,
+                                               int dstStride2, int count);
+
+/* ============================================================================================== */
+/* L2Norm: Euclidean norms of vectors */
+/* ============================================================================================== */
+
+/* pDst[n] = square root of the sum of src_n(k)^2, k = 0 .. len - 1, n = 0 .. count - 1. The sum is
+ * in the element type and is not scaled: it is infinite where a square overflows and loses what is
+ * below the smallest normal number. Its order is that of zelmDotProduct, without a start before the
+ * blocks. pDst must not overlap the source.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   v:  no count. */
+ZELM_API ZelStatus zelmL2Norm_v_32f(const float *pSrc, int srcStride2, float *pDst, int len);
+ZELM_API ZelStatus zelmL2Norm_v_64f(const double *pSrc, int srcStride2, double *pDst, int len);
+ZELM_API ZelStatus zelmL2Norm_v_32f_P(const float *const *ppSrc, int srcRoiShift, float *pDst,
+                                      int len);
+ZELM_API ZelStatus zelmL2Norm_v_64f_P(const double *const *ppSrc, int srcRoiShift, double *pDst,
+                                      int len);
+ZELM_API ZelStatus zelmL2Norm_va_32f(const float *pSrc, int srcStride0, int srcStride2, float *pDst,
+                                     int len, int count);
+ZELM_API ZelStatus zelmL2Norm_va_64f(const double *pSrc, int srcStride0, int srcStride2,
+                                     double *pDst, int len, int count);
+ZELM_API ZelStatus zelmL2Norm_va_32f_P(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                       float *pDst, int len, int count);
+ZELM_API ZelStatus zelmL2Norm_va_64f_P(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                       double *pDst, int len, int count);
+ZELM_API ZelStatus zelmL2Norm_va_32f_L(const float *const *ppSrc, int srcRoiShift, int srcStride2,
+                                       float *pDst, int len, int count);
+ZELM_API ZelStatus zelmL2Norm_va_64f_L(const double *const *ppSrc, int srcRoiShift, int srcStride2,
+                                       double *pDst, int len, int count);
+
+/* ============================================================================================== */
+/* FrobNorm: Frobenius norms of matrices */
+/* ============================================================================================== */
+
+/* pDst[n] = square root of the sum of src_n(i, j)^2 over height rows and width columns. The sum is
+ * in the element type and is not scaled. Rows are added one after the other, each as zelmL2Norm adds
+ * its vector. pDst must not overlap the source.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   m:  no count. */
+ZELM_API ZelStatus zelmFrobNorm_m_32f(const float *pSrc, int srcStride1, int srcStride2, int width,
+                                      int height, float *pDst);
+ZELM_API ZelStatus zelmFrobNorm_m_64f(const double *pSrc, int srcStride1, int srcStride2, int width,
+                                      int height, double *pDst);
+ZELM_API ZelStatus zelmFrobNorm_m_32f_P(const float *const *ppSrc, int srcRoiShift, int width,
+                                        int height, float *pDst);
+ZELM_API ZelStatus zelmFrobNorm_m_64f_P(const double *const *ppSrc, int srcRoiShift, int width,
+                                        int height, double *pDst);
+ZELM_API ZelStatus zelmFrobNorm_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                       int srcStride2, int width, int height, float *pDst,
+                                       int count);
+ZELM_API ZelStatus zelmFrobNorm_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                       int srcStride2, int width, int height, double *pDst,
+                                       int count);
+ZELM_API ZelStatus zelmFrobNorm_ma_32f_P(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                         int width, int height, float *pDst, int count);
+ZELM_API ZelStatus zelmFrobNorm_ma_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                         int srcStride0, int width, int height, double *pDst,
+                                         int count);
+ZELM_API ZelStatus zelmFrobNorm_ma_32f_L(const float *const *ppSrc, int srcRoiShift, int srcStride1,
+                                         int srcStride2, int width, int height, float *pDst,
+                                         int count);
+ZELM_API ZelStatus zelmFrobNorm_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                         int srcStride1, int srcStride2, int width, int height,
+                                         double *pDst, int count);
+
+/* ============================================================================================== */
+/* Trace: Traces of matrices */
+/* ============================================================================================== */
+
+/* pDst[n] = sum of src_n(i, i), i = 0 .. widthHeight - 1, in that order.
+ *
+ * Orders other than 3 to 6 keep the running sum in pDst[n], which begins with 0 and is stored after
+ * every addition: where it is an element of the diagonal, that element is read as the sum has left
+ * it. Orders 3 to 6 read everything first.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   m:  no count. */
+ZELM_API ZelStatus zelmTrace_m_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                   int widthHeight, float *pDst);
+ZELM_API ZelStatus zelmTrace_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                   int widthHeight, double *pDst);
+ZELM_API ZelStatus zelmTrace_m_32f_P(const float *const *ppSrc, int srcRoiShift, int widthHeight,
+                                     float *pDst);
+ZELM_API ZelStatus zelmTrace_m_64f_P(const double *const *ppSrc, int srcRoiShift, int widthHeight,
+                                     double *pDst);
+ZELM_API ZelStatus zelmTrace_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                    int srcStride2, int widthHeight, float *pDst, int count);
+ZELM_API ZelStatus zelmTrace_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                    int srcStride2, int widthHeight, double *pDst, int count);
+ZELM_API ZelStatus zelmTrace_ma_32f_P(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      int widthHeight, float *pDst, int count);
+ZELM_API ZelStatus zelmTrace_ma_64f_P(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                      int widthHeight, double *pDst, int count);
+ZELM_API ZelStatus zelmTrace_ma_32f_L(const float *const *ppSrc, int srcRoiShift, int srcStride1,
+                                      int srcStride2, int widthHeight, float *pDst, int count);
+ZELM_API ZelStatus zelmTrace_ma_64f_L(const double *const *ppSrc, int srcRoiShift, int srcStride1,
+                                      int srcStride2, int widthHeight, double *pDst, int count);
+
+/* ============================================================================================== */
+/* LComb: Linear combinations of two vectors */
+/* ============================================================================================== */
+
+/* dst_n(k) = src1_n(k) * scale1 + src2_n(k) * scale2: both weights multiply, then there is one
+ * addition. 0 times infinity is NaN. vav has one second vector for all objects.
+ *
+ * In place: the destination may be a source of the same kind, at the same address (table, roi shift)
+ * and with the same strides. No other overlap is allowed.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   vv:  no count. */
+ZELM_API ZelStatus zelmLComb_vv_32f(const float *pSrc1, int src1Stride2, const float *pSrc2,
+                                    int src2Stride2, float *pDst, int dstStride2, int len,
+                                    float scale1, float scale2);
+ZELM_API ZelStatus zelmLComb_vv_64f(const double *pSrc1, int src1Stride2, const double *pSrc2,
+                                    int src2Stride2, double *pDst, int dstStride2, int len,
+                                    double scale1, double scale2);
+ZELM_API ZelStatus zelmLComb_vv_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                      const float *const *ppSrc2, int src2RoiShift,
+                                      float *const *ppDst, int dstRoiShift, int len, float scale1,
+                                      float scale2);
+ZELM_API ZelStatus zelmLComb_vv_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                      const double *const *ppSrc2, int src2RoiShift,
+                                      double *const *ppDst, int dstRoiShift, int len, double scale1,
+                                      double scale2);
+ZELM_API ZelStatus zelmLComb_vav_32f(const float *pSrc1, int src1Stride0, int src1Stride2,
+                                     const float *pSrc2, int src2Stride2, float *pDst,
+                                     int dstStride0, int dstStride2, int len, int count,
+                                     float scale1, float scale2);
+ZELM_API ZelStatus zelmLComb_vav_64f(const double *pSrc1, int src1Stride0, int src1Stride2,
+                                     const double *pSrc2, int src2Stride2, double *pDst,
+                                     int dstStride0, int dstStride2, int len, int count,
+                                     double scale1, double scale2);
+ZELM_API ZelStatus zelmLComb_vav_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                       int src1Stride0, const float *const *ppSrc2,
+                                       int src2RoiShift, float *const *ppDst, int dstRoiShift,
+                                       int dstStride0, int len, int count, float scale1,
+                                       float scale2);
+ZELM_API ZelStatus zelmLComb_vav_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                       int src1Stride0, const double *const *ppSrc2,
+                                       int src2RoiShift, double *const *ppDst, int dstRoiShift,
+                                       int dstStride0, int len, int count, double scale1,
+                                       double scale2);
+ZELM_API ZelStatus zelmLComb_vav_32f_L(const float *const *ppSrc1, int src1RoiShift,
+                                       int src1Stride2, const float *pSrc2, int src2Stride2,
+                                       float *const *ppDst, int dstRoiShift, int dstStride2,
+                                       int len, int count, float scale1, float scale2);
+ZELM_API ZelStatus zelmLComb_vav_64f_L(const double *const *ppSrc1, int src1RoiShift,
+                                       int src1Stride2, const double *pSrc2, int src2Stride2,
+                                       double *const *ppDst, int dstRoiShift, int dstStride2,
+                                       int len, int count, double scale1, double scale2);
+ZELM_API ZelStatus zelmLComb_vava_32f(const float *pSrc1, int src1Stride0, int src1Stride2,
+                                      const float *pSrc2, int src2Stride0, int src2Stride2,
+                                      float *pDst, int dstStride0, int dstStride2, int len,
+                                      int count, float scale1, float scale2);
+ZELM_API ZelStatus zelmLComb_vava_64f(const double *pSrc1, int src1Stride0, int src1Stride2,
+                                      const double *pSrc2, int src2Stride0, int src2Stride2,
+                                      double *pDst, int dstStride0, int dstStride2, int len,
+                                      int count, double scale1, double scale2);
+ZELM_API ZelStatus zelmLComb_vava_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                        int src1Stride0, const float *const *ppSrc2,
+                                        int src2RoiShift, int src2Stride0, float *const *ppDst,
+                                        int dstRoiShift, int dstStride0, int len, int count,
+                                        float scale1, float scale2);
+ZELM_API ZelStatus zelmLComb_vava_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                        int src1Stride0, const double *const *ppSrc2,
+                                        int src2RoiShift, int src2Stride0, double *const *ppDst,
+                                        int dstRoiShift, int dstStride0, int len, int count,
+                                        double scale1, double scale2);
+ZELM_API ZelStatus zelmLComb_vava_32f_L(const float *const *ppSrc1, int src1RoiShift,
+                                        int src1Stride2, const float *const *ppSrc2,
+                                        int src2RoiShift, int src2Stride2, float *const *ppDst,
+                                        int dstRoiShift, int dstStride2, int len, int count,
+                                        float scale1, float scale2);
+ZELM_API ZelStatus zelmLComb_vava_64f_L(const double *const *ppSrc1, int src1RoiShift,
+                                        int src1Stride2, const double *const *ppSrc2,
+                                        int src2RoiShift, int src2Stride2, double *const *ppDst,
+                                        int dstRoiShift, int dstStride2, int len, int count,
+                                        double scale1, double scale2);
+
+/* ============================================================================================== */
+/* Saxpy: Scaled vectors plus vectors */
+/* ============================================================================================== */
+
+/* dst_n(k) = src1_n(k) * scale + src2_n(k), the operands in the order of the kind letters: in vva
+ * the single vector is scaled.
+ *
+ * In place: the destination may be a source of the same kind, at the same address (table, roi shift)
+ * and with the same strides. No other overlap is allowed.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   vv:  no count. */
+ZELM_API ZelStatus zelmSaxpy_vv_32f(const float *pSrc1, int src1Stride2, const float *pSrc2,
+                                    int src2Stride2, float *pDst, int dstStride2, int len,
+                                    float scale);
+ZELM_API ZelStatus zelmSaxpy_vv_64f(const double *pSrc1, int src1Stride2, const double *pSrc2,
+                                    int src2Stride2, double *pDst, int dstStride2, int len,
+                                    double scale);
+ZELM_API ZelStatus zelmSaxpy_vv_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                      const float *const *ppSrc2, int src2RoiShift,
+                                      float *const *ppDst, int dstRoiShift, int len, float scale);
+ZELM_API ZelStatus zelmSaxpy_vv_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                      const double *const *ppSrc2, int src2RoiShift,
+                                      double *const *ppDst, int dstRoiShift, int len, double scale);
+ZELM_API ZelStatus zelmSaxpy_vav_32f(const float *pSrc1, int src1Stride0, int src1Stride2,
+                                     const float *pSrc2, int src2Stride2, float *pDst,
+                                     int dstStride0, int dstStride2, int len, int count,
+                                     float scale);
+ZELM_API ZelStatus zelmSaxpy_vav_64f(const double *pSrc1, int src1Stride0, int src1Stride2,
+                                     const double *pSrc2, int src2Stride2, double *pDst,
+                                     int dstStride0, int dstStride2, int len, int count,
+                                     double scale);
+ZELM_API ZelStatus zelmSaxpy_vav_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                       int src1Stride0, const float *const *ppSrc2,
+                                       int src2RoiShift, float *const *ppDst, int dstRoiShift,
+                                       int dstStride0, int len, int count, float scale);
+ZELM_API ZelStatus zelmSaxpy_vav_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                       int src1Stride0, const double *const *ppSrc2,
+                                       int src2RoiShift, double *const *ppDst, int dstRoiShift,
+                                       int dstStride0, int len, int count, double scale);
+ZELM_API ZelStatus zelmSaxpy_vav_32f_L(const float *const *ppSrc1, int src1RoiShift,
+                                       int src1Stride2, const float *pSrc2, int src2Stride2,
+                                       float *const *ppDst, int dstRoiShift, int dstStride2,
+                                       int len, int count, float scale);
+ZELM_API ZelStatus zelmSaxpy_vav_64f_L(const double *const *ppSrc1, int src1RoiShift,
+                                       int src1Stride2, const double *pSrc2, int src2Stride2,
+                                       double *const *ppDst, int dstRoiShift, int dstStride2,
+                                       int len, int count, double scale);
+ZELM_API ZelStatus zelmSaxpy_vva_32f(const float *pSrc1, int src1Stride2, const float *pSrc2,
+                                     int src2Stride0, int src2Stride2, float *pDst, int dstStride0,
+                                     int dstStride2, int len, int count, float scale);
+ZELM_API ZelStatus zelmSaxpy_vva_64f(const double *pSrc1, int src1Stride2, const double *pSrc2,
+                                     int src2Stride0, int src2Stride2, double *pDst, int dstStride0,
+                                     int dstStride2, int len, int count, double scale);
+ZELM_API ZelStatus zelmSaxpy_vva_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                       const float *const *ppSrc2, int src2RoiShift,
+                                       int src2Stride0, float *const *ppDst, int dstRoiShift,
+                                       int dstStride0, int len, int count, float scale);
+ZELM_API ZelStatus zelmSaxpy_vva_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                       const double *const *ppSrc2, int src2RoiShift,
+                                       int src2Stride0, double *const *ppDst, int dstRoiShift,
+                                       int dstStride0, int len, int count, double scale);
+ZELM_API ZelStatus zelmSaxpy_vva_32f_L(const float *pSrc1, int src1Stride2,
+                                       const float *const *ppSrc2, int src2RoiShift,
+                                       int src2Stride2, float *const *ppDst, int dstRoiShift,
+                                       int dstStride2, int len, int count, float scale);
+ZELM_API ZelStatus zelmSaxpy_vva_64f_L(const double *pSrc1, int src1Stride2,
+                                       const double *const *ppSrc2, int src2RoiShift,
+                                       int src2Stride2, double *const *ppDst, int dstRoiShift,
+                                       int dstStride2, int len, int count, double scale);
+ZELM_API ZelStatus zelmSaxpy_vava_32f(const float *pSrc1, int src1Stride0, int src1Stride2,
+                                      const float *pSrc2, int src2Stride0, int src2Stride2,
+                                      float *pDst, int dstStride0, int dstStride2, int len,
+                                      int count, float scale);
+ZELM_API ZelStatus zelmSaxpy_vava_64f(const double *pSrc1, int src1Stride0, int src1Stride2,
+                                      const double *pSrc2, int src2Stride0, int src2Stride2,
+                                      double *pDst, int dstStride0, int dstStride2, int len,
+                                      int count, double scale);
+ZELM_API ZelStatus zelmSaxpy_vava_32f_P(const float *const *ppSrc1, int src1RoiShift,
+                                        int src1Stride0, const float *const *ppSrc2,
+                                        int src2RoiShift, int src2Stride0, float *const *ppDst,
+                                        int dstRoiShift, int dstStride0, int len, int count,
+                                        float scale);
+ZELM_API ZelStatus zelmSaxpy_vava_64f_P(const double *const *ppSrc1, int src1RoiShift,
+                                        int src1Stride0, const double *const *ppSrc2,
+                                        int src2RoiShift, int src2Stride0, double *const *ppDst,
+                                        int dstRoiShift, int dstStride0, int len, int count,
+                                        double scale);
+ZELM_API ZelStatus zelmSaxpy_vava_32f_L(const float *const *ppSrc1, int src1RoiShift,
+                                        int src1Stride2, const float *const *ppSrc2,
+                                        int src2RoiShift, int src2Stride2, float *const *ppDst,
+                                        int dstRoiShift, int dstStride2, int len, int count,
+                                        float scale);
+ZELM_API ZelStatus zelmSaxpy_vava_64f_L(const double *const *ppSrc1, int src1RoiShift,
+                                        int src1Stride2, const double *const *ppSrc2,
+                                        int src2RoiShift, int src2Stride2, double *const *ppDst,
+                                        int dstRoiShift, int dstStride2, int len, int count,
+                                        double scale);
+
+/* ============================================================================================== */
+/* Gaxpy: Products of a matrix with vectors plus vectors */
+/* ============================================================================================== */
+
+/* dst_n = A * x_n + b_n: src1 is A with height rows and width columns, src2 is x, src3 is b.
+ *   mv    one x, one b         mvav  count vectors x, one b         mva   count vectors x and b
+ * dst(i) is the sum of A(i, j) * x(j), from 0 on and j ascending, and then b(i).
+ *
+ * The running sum is kept in the destination: it is 0 at first, is stored after every two columns
+ * and once more when b(i) is added. Where the destination shares memory with x or b this shows.
+ * Square matrices of order 3 to 6 with all Stride2 the element size, in standard and layout
+ * description, work in registers; there the destination must not overlap a source.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size (width, height, src2Len, src3Len), size mismatch (width and
+ *   src2Len, height and src3Len differ), bad stride, bad offset.
+ *   mv:  no count. */
+ZELM_API ZelStatus zelmGaxpy_mv_32f(const float *pSrc1, int src1Stride1, int src1Stride2, int width,
+                                    int height, const float *pSrc2, int src2Stride2, int src2Len,
+                                    const float *pSrc3, int src3Stride2, int src3Len, float *pDst,
+                                    int dstStride2);
+ZELM_API ZelStatus zelmGaxpy_mv_64f(const double *pSrc1, int src1Stride1, int src1Stride2,
+                                    int width, int height, const double *pSrc2, int src2Stride2,
+                                    int src2Len, const double *pSrc3, int src3Stride2, int src3Len,
+                                    double *pDst, int dstStride2);
+ZELM_API ZelStatus zelmGaxpy_mv_32f_P(const float *const *ppSrc1, int src1RoiShift, int width,
+                                      int height, const float *const *ppSrc2, int src2RoiShift,
+                                      int src2Len, const float *const *ppSrc3, int src3RoiShift,
+                                      int src3Len, float *const *ppDst, int dstRoiShift);
+ZELM_API ZelStatus zelmGaxpy_mv_64f_P(const double *const *ppSrc1, int src1RoiShift, int width,
+                                      int height, const double *const *ppSrc2, int src2RoiShift,
+                                      int src2Len, const double *const *ppSrc3, int src3RoiShift,
+                                      int src3Len, double *const *ppDst, int dstRoiShift);
+ZELM_API ZelStatus zelmGaxpy_mva_32f(const float *pSrc1, int src1Stride1, int src1Stride2,
+                                     int width, int height, const float *pSrc2, int src2Stride0,
+                                     int src2Stride2, int src2Len, const float *pSrc3,
+                                     int src3Stride0, int src3Stride2, int src3Len, float *pDst,
+                                     int dstStride0, int dstStride2, int count);
+ZELM_API ZelStatus zelmGaxpy_mva_64f(const double *pSrc1, int src1Stride1, int src1Stride2,
+                                     int width, int height, const double *pSrc2, int src2Stride0,
+                                     int src2Stride2, int src2Len, const double *pSrc3,
+                                     int src3Stride0, int src3Stride2, int src3Len, double *pDst,
+                                     int dstStride0, int dstStride2, int count);
+ZELM_API ZelStatus zelmGaxpy_mva_32f_P(const float *const *ppSrc1, int src1RoiShift, int width,
+                                       int height, const float *const *ppSrc2, int src2RoiShift,
+                                       int src2Stride0, int src2Len, const float *const *ppSrc3,
+                                       int src3RoiShift, int src3Stride0, int src3Len,
+                                       float *const *ppDst, int dstRoiShift, int dstStride0,
+                                       int count);
+ZELM_API ZelStatus zelmGaxpy_mva_64f_P(const double *const *ppSrc1, int src1RoiShift, int width,
+                                       int height, const double *const *ppSrc2, int src2RoiShift,
+                                       int src2Stride0, int src2Len, const double *const *ppSrc3,
+                                       int src3RoiShift, int src3Stride0, int src3Len,
+                                       double *const *ppDst, int dstRoiShift, int dstStride0,
+                                       int count);
+ZELM_API ZelStatus zelmGaxpy_mva_32f_L(const float *pSrc1, int src1Stride1, int src1Stride2,
+                                       int width, int height, const float *const *ppSrc2,
+                                       int src2RoiShift, int src2Stride2, int src2Len,
+                                       const float *const *ppSrc3, int src3RoiShift,
+                                       int src3Stride2, int src3Len, float *const *ppDst,
+                                       int dstRoiShift, int dstStride2, int count);
+ZELM_API ZelStatus zelmGaxpy_mva_64f_L(const double *pSrc1, int src1Stride1, int src1Stride2,
+                                       int width, int height, const double *const *ppSrc2,
+                                       int src2RoiShift, int src2Stride2, int src2Len,
+                                       const double *const *ppSrc3, int src3RoiShift,
+                                       int src3Stride2, int src3Len, double *const *ppDst,
+                                       int dstRoiShift, int dstStride2, int count);
+ZELM_API ZelStatus zelmGaxpy_mvav_32f(const float *pSrc1, int src1Stride1, int src1Stride2,
+                                      int width, int height, const float *pSrc2, int src2Stride0,
+                                      int src2Stride2, int src2Len, const float *pSrc3,
+                                      int src3Stride2, int src3Len, float *pDst, int dstStride0,
+                                      int dstStride2, int count);
+ZELM_API ZelStatus zelmGaxpy_mvav_64f(const double *pSrc1, int src1Stride1, int src1Stride2,
+                                      int width, int height, const double *pSrc2, int src2Stride0,
+                                      int src2Stride2, int src2Len, const double *pSrc3,
+                                      int src3Stride2, int src3Len, double *pDst, int dstStride0,
+                                      int dstStride2, int count);
+ZELM_API ZelStatus zelmGaxpy_mvav_32f_P(const float *const *ppSrc1, int src1RoiShift, int width,
+                                        int height, const float *const *ppSrc2, int src2RoiShift,
+                                        int src2Stride0, int src2Len, const float *const *ppSrc3,
+                                        int src3RoiShift, int src3Len, float *const *ppDst,
+                                        int dstRoiShift, int dstStride0, int count);
+ZELM_API ZelStatus zelmGaxpy_mvav_64f_P(const double *const *ppSrc1, int src1RoiShift, int width,
+                                        int height, const double *const *ppSrc2, int src2RoiShift,
+                                        int src2Stride0, int src2Len, const double *const *ppSrc3,
+                                        int src3RoiShift, int src3Len, double *const *ppDst,
+                                        int dstRoiShift, int dstStride0, int count);
+ZELM_API ZelStatus zelmGaxpy_mvav_32f_L(const float *pSrc1, int src1Stride1, int src1Stride2,
+                                        int width, int height, const float *const *ppSrc2,
+                                        int src2RoiShift, int src2Stride2, int src2Len,
+                                        const float *pSrc3, int src3Stride2, int src3Len,
+                                        float *const *ppDst, int dstRoiShift, int dstStride2,
+                                        int count);
+ZELM_API ZelStatus zelmGaxpy_mvav_64f_L(const double *pSrc1, int src1Stride1, int src1Stride2,
+                                        int width, int height, const double *const *ppSrc2,
+                                        int src2RoiShift, int src2Stride2, int src2Len,
+                                        const double *pSrc3, int src3Stride2, int src3Len,
+                                        double *const *ppDst, int dstRoiShift, int dstStride2,
+                                        int count);
+
+/* ============================================================================================== */
 /* LUDecomp: LU decomposition with row pivoting */
 /* ============================================================================================== */
 

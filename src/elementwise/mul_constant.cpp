@@ -1,9 +1,7 @@
 // Mul of a matrix or a vector with a constant.
 #include "../frame/checks.hpp"
 #include "../frame/elementwise.hpp"
-#include "../frame/estimate.hpp"
 #include "../frame/member.hpp"
-#include "../frame/parallel.hpp"
 
 namespace zelm {
 namespace {
@@ -27,17 +25,6 @@ constexpr Limits constant_array_limits = d == Description::pointer  ? Limits{651
                                                                     : Limits{2101, 2101};
 
 template <class A, class B, class D>
-ZELM_INLINE ZelStatus run(Limits limits, Estimate work, Shape shape, int count, const A &a,
-                          const B &b, const D &d) {
-    return run_objects(
-        limits.serial(work, a.packed() && d.packed()),
-        [shape](int n, const D &z, const A &x, const B &y) {
-            return y8_ownzelm_elementwise(n, shape, Product{}, z, x, y);
-        },
-        count, d, a, b);
-}
-
-template <class A, class B, class D>
 ZELM_INLINE ZelStatus matrix(const A &a, const B &b, const D &d, int width, int height) {
     if (const ZelStatus s =
             first_failure(pointers(a, d), sizes(width, height), strides(a, d), shifts(a, d)))
@@ -56,8 +43,9 @@ ZELM_INLINE ZelStatus matrices(const A &a, const B &b, const D &d, int width, in
     if (const ZelStatus s = first_failure(pointers(a, d), counts(count), sizes(width, height),
                                           strides(a, d), shifts(a, d)))
         return s;
-    return run(matrix_limits<typename D::Element, description_of<D>>,
-               Estimate(2) * width * height * count, {height, width}, count, a, b, d);
+    return run_elementwise(matrix_limits<typename D::Element, description_of<D>>,
+                           Estimate(2) * width * height * count, {height, width}, count, Product{},
+                           d, a, b);
 }
 template <class A, class B, class D>
 ZELM_INLINE ZelStatus vectors(const A &a, const B &b, const D &d, int len, int count) {
@@ -66,12 +54,13 @@ ZELM_INLINE ZelStatus vectors(const A &a, const B &b, const D &d, int len, int c
         return s;
     using T = typename D::Element;
     if constexpr (B::is_array)
-        return run(constant_array_limits<T, description_of<D>>,
-                   elements<A>(len, count) + elements<B>(len, count) + elements<D>(len, count),
-                   {1, len}, count, a, b, d);
+        return run_elementwise(constant_array_limits<T, description_of<D>>,
+                               elements<A>(len, count) + elements<B>(len, count) +
+                                   elements<D>(len, count),
+                               {1, len}, count, Product{}, d, a, b);
     else
-        return run(one_constant_limits<T, description_of<D>>, Estimate(2) * len * count, {1, len},
-                   count, a, b, d);
+        return run_elementwise(one_constant_limits<T, description_of<D>>, Estimate(2) * len * count,
+                               {1, len}, count, Product{}, d, a, b);
 }
 
 } // namespace

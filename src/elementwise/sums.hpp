@@ -3,9 +3,7 @@
 
 #include "../frame/checks.hpp"
 #include "../frame/elementwise.hpp"
-#include "../frame/estimate.hpp"
 #include "../frame/member.hpp"
-#include "../frame/parallel.hpp"
 
 namespace zelm::sums {
 
@@ -38,23 +36,13 @@ inline constexpr Limits constant_first_limits = d == Description::layout    ? Li
 
 // ---- work ----
 
-template <class Op, class... Operands>
-ZELM_INLINE ZelStatus run(Limits limits, Estimate work, Shape shape, int count,
-                          const Operands &...operands) {
-    return run_objects(
-        limits.serial(work, (operands.packed() && ...)),
-        [shape](int n, const Operands &...o) {
-            return y8_ownzelm_elementwise(n, shape, Op{}, o...);
-        },
-        count, operands...);
-}
 template <class Op, class D, class A, class B>
 ZELM_INLINE ZelStatus run_arrays(Limits limits, Shape shape, int count, const D &d, const A &a,
                                  const B &b) {
     const Estimate size = Estimate(shape.width) * shape.height;
     const Estimate work =
         elements<A>(size, count) + elements<B>(size, count) + elements<D>(size, count);
-    return run<Op>(limits, work, shape, count, d, a, b);
+    return run_elementwise(limits, work, shape, count, Op{}, d, a, b);
 }
 
 // ---- entries, each with its order of checks ----
@@ -147,8 +135,8 @@ ZELM_INLINE ZelStatus constant_with_array(const A &a, const B &b, const D &d, in
     if (const ZelStatus s = first_failure(pointers(a, b, d), counts(count), sizes(len),
                                           strides(a, b, d), shifts(a, b, d)))
         return s;
-    return run<Op>(constant_first_limits<typename D::Element, description_of<D>>,
-                   Estimate(2) * count, {1, len}, count, d, a, b);
+    return run_elementwise(constant_first_limits<typename D::Element, description_of<D>>,
+                           Estimate(2) * count, {1, len}, count, Op{}, d, a, b);
 }
 
 } // namespace zelm::sums

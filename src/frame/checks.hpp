@@ -51,33 +51,33 @@ ZELM_INLINE const void *pointer_of(const Tabled<T, r, a> &op) {
 }
 ZELM_INLINE const void *pointer_of(const int *index) { return index; }
 template <class T>
+ZELM_INLINE const void *pointer_of(const Scalars<T> &op) {
+    return op.base;
+}
+template <class T>
+ZELM_INLINE const void *pointer_of(const Buffer<T> &op) {
+    return op.base;
+}
+template <class T>
 ZELM_INLINE const void *pointer_of(const Constant<T> &) {
     return &sign_bit;
 }
 
-template <class T, int r, bool a>
-ZELM_INLINE void fold_strides(Fold &f, const Standard<T, r, a> &op) {
-    if constexpr (a)
-        f.at_least_one(op.stride0);
-    if constexpr (r == 2)
-        f.at_least_one(op.stride1);
-    if constexpr (r >= 1)
-        f.at_least_one(op.stride2);
-}
-template <class T, int r>
-ZELM_INLINE void fold_strides(Fold &f, const Layout<T, r> &op) {
-    if constexpr (r == 2)
-        f.at_least_one(op.stride1);
-    if constexpr (r >= 1)
-        f.at_least_one(op.stride2);
-}
-template <class T, int r, bool a>
-ZELM_INLINE void fold_strides(Fold &f, const Tabled<T, r, a> &op) {
-    if constexpr (a)
+// stride0, and what remains.
+template <class Operand>
+ZELM_INLINE void fold_object_stride(Fold &f, const Operand &op) {
+    if constexpr (requires { op.stride0; } && Operand::is_array)
         f.at_least_one(op.stride0);
 }
-template <class T>
-ZELM_INLINE void fold_strides(Fold &, const Constant<T> &) {}
+template <class Operand>
+ZELM_INLINE void fold_element_strides(Fold &f, const Operand &op) {
+    if constexpr (requires { op.stride1; }) {
+        if constexpr (Operand::object_rank == 2)
+            f.at_least_one(op.stride1);
+        if constexpr (Operand::object_rank >= 1)
+            f.at_least_one(op.stride2);
+    }
+}
 
 template <class Operand>
 ZELM_INLINE void fold_shift(Fold &f, const Operand &op) {
@@ -110,8 +110,23 @@ ZELM_INLINE CheckGroup sizes(Ints... n) {
 template <class... Operands>
 ZELM_INLINE CheckGroup strides(const Operands &...op) {
     detail::Fold f;
-    (detail::fold_strides(f, op), ...);
+    (detail::fold_object_stride(f, op), ...);
+    (detail::fold_element_strides(f, op), ...);
     return {f.fault(detail::alignment_mask<Operands...>), zelStatusBadStride};
+}
+// The strides inside an object only.
+template <class... Operands>
+ZELM_INLINE CheckGroup element_strides(const Operands &...op) {
+    detail::Fold f;
+    (detail::fold_element_strides(f, op), ...);
+    return {f.fault(detail::alignment_mask<Operands...>), zelStatusBadStride};
+}
+// The strides from object to object, which one object does not need.
+template <class... Operands>
+ZELM_INLINE CheckGroup object_strides(int count, const Operands &...op) {
+    detail::Fold f;
+    (detail::fold_object_stride(f, op), ...);
+    return {count < 2 ? 0 : f.fault(detail::alignment_mask<Operands...>), zelStatusBadStride};
 }
 // Every roi shift that the operands have: at least 0 and a multiple of the element size.
 template <class... Operands>

@@ -13,7 +13,9 @@
 // safe in every loop.
 #pragma once
 
+#include "estimate.hpp"
 #include "operand.hpp"
+#include "parallel.hpp"
 
 #include <tuple>
 
@@ -28,6 +30,11 @@ struct Axis {
     Distance extent = 1;
     Distance stride[operands] = {};
 };
+
+// What the loops keep of an operation: weights are copied, as a stored element might be suspected
+// to change them.
+template <class Op>
+using Kept = std::conditional_t<std::is_empty_v<Op>, const Op &, const Op>;
 
 // ---- a line: n elements along one axis ----
 
@@ -78,8 +85,9 @@ struct Copied {
 
 // The destination adjacent: registers, then the rest element by element.
 template <class T, class Op, Run... runs>
-void line_adjacent(const Op &op, char *d, const char *const *from, const Distance *apart,
+void line_adjacent(const Op &given, char *d, const char *const *from, const Distance *apart,
                    Distance n) {
+    Kept<Op> op = given;
     using S = Lanes<T>;
     constexpr auto sources = std::make_index_sequence<sizeof...(runs)>{};
     constexpr Distance L = lanes_of<S>;
@@ -95,8 +103,9 @@ void line_adjacent(const Op &op, char *d, const char *const *from, const Distanc
         step<T, Run::adjacent, runs...>(op, d, c.s, c.stride, j, sources);
 }
 template <class T, class Op, std::size_t... k>
-void line_apart(const Op &op, char *d, const char *const *from, const Distance *apart, Distance n,
-                std::index_sequence<k...> sources) {
+void line_apart(const Op &given, char *d, const char *const *from, const Distance *apart,
+                Distance n, std::index_sequence<k...> sources) {
+    Kept<Op> op = given;
     const Copied<sizeof...(k)> c(from, apart);
     for (Distance j = 0; j < n; ++j)
         step<T, Run::apart, (void(k), Run::apart)...>(op, d, c.s, c.stride, j, sources);
@@ -205,9 +214,10 @@ void short_rows(const Nest<sources + 1> &nest, const Objects &objects, const Op 
         Distance stride[sources + 1];
         unroll<sources + 1>(ZELM_EACH(i) { stride[i] = nest.inner.stride[i]; });
         const Objects own = objects;
+        Kept<Op> own_op = op;
         for_each_row(
             nest, own, [&](char *d, const char *const *s) __attribute__((always_inline)) {
-                short_row<T, W, to, chosen...>(op, d, s, stride,
+                short_row<T, W, to, chosen...>(own_op, d, s, stride,
                                                std::make_index_sequence<sources>{});
             });
     } else if (to == Run::adjacent && nest.inner.stride[k + 1] == Distance{sizeof(T)}) {
@@ -353,6 +363,44 @@ void along_objects(int count, Shape shape, const Op &op, const Destination &d,
     }
 }
 
+// The same element of every object: by its distance, or by the table of the objects.
+template <class Operand>
+struct AlongObjects {
+    const Operand &op;
+    char *first;
+    Distance inside; // of an object
+
+    ZELM_INLINE AlongObjects(const Operand &operand, Shape shape, int i, int j) : op(operand) {
+        if constexpr (Operand::has_table)
+            inside = op.view(0).at(i, j) - op.view(0).base;
+        else
+            first = element(op, 0, shape, i, j);
+    }
+    ZELM_INLINE char *operator()(int n) const {
+        if constexpr (Operand::has_table)
+            return const_cast<char *>(op.object(n)) + inside;
+        else
+            return first + n * op.step();
+    }
+};
+// A table of objects beside a table of elements.
+template <class T, class Op, class Destination, class... Sources>
+void through_tables(int count, Shape shape, const Op &op, const Destination &d,
+                    const Sources &...s) {
+    constexpr int block = 256;
+    for (int first = 0; first < count; first += block) {
+        const int end = count - first < block ? count : first + block;
+        for (int i = 0; i < shape.height; ++i)
+            for (int j = 0; j < shape.width; ++j) {
+                const AlongObjects<Destination> to(d, shape, i, j);
+                [&](const auto &...from) {
+                    for (int n = first; n < end; ++n)
+                        store<T>(to(n), op(load<T>(from(n))...));
+                }(AlongObjects<Sources>(s, shape, i, j)...);
+            }
+    }
+}
+
 // N adjacent elements, straight-line.
 template <class T, int N, class Op, class... Source>
 ZELM_INLINE void adjacent(const Op &op, T *d, const Source *...s) {
@@ -367,7 +415,7 @@ ZELM_INLINE void adjacent(const Op &op, T *d, const Source *...s) {
 template <class T, class Op, class Destination, class... Sources>
 ZELM_INLINE void object(Shape shape, const Op &op, const Destination &d, const Sources &...s) {
     constexpr int sources = sizeof...(Sources);
-    if constexpr (Destination::is_tabled) {
+    if constexpr (Destination::is_tabled || (Sources::is_tabled || ...)) {
         for (int i = 0; i < shape.height; ++i)
             for (int j = 0; j < shape.width; ++j)
                 store<T>(element(d, 0, shape, i, j), op(load<T>(element(s, 0, shape, i, j))...));
@@ -406,19 +454,35 @@ ZELM_INLINE bool small_dense_object(const Op &op, int width, int height,
     return true;
 }
 
-// d = op(s...) on count objects. The operands are of one description; constants are in none.
+// d = op(s...) on count objects.
 template <class Op, class Destination, class... Sources>
 ZelStatus y8_ownzelm_elementwise(int count, Shape shape, const Op &op, const Destination &d,
                                  const Sources &...s) {
     using T = typename Destination::Element;
+    constexpr bool elements = Destination::is_tabled || (Sources::is_tabled || ...);
+    constexpr bool objects = Destination::has_table || (Sources::has_table || ...);
     if constexpr (!Destination::is_array)
         elementwise::object<T>(shape, op, d, s...);
-    else if constexpr (Destination::is_tabled)
+    else if constexpr (elements && objects)
+        elementwise::through_tables<T>(count, shape, op, d, s...);
+    else if constexpr (elements)
         elementwise::along_objects<T>(count, shape, op, d, s...);
     else
         elementwise::nested<T>(count, shape, op, std::make_index_sequence<sizeof...(Sources) + 1>{},
                                d, s...);
     return zelStatusOk;
+}
+
+// The same, serial or parallel by the work.
+template <class Op, class Destination, class... Sources>
+ZELM_INLINE ZelStatus run_elementwise(Limits limits, Estimate work, Shape shape, int count,
+                                      const Op &op, const Destination &d, const Sources &...s) {
+    return run_objects(
+        limits.serial(work, (d.packed() && ... && s.packed())),
+        [shape, &op](int n, const Destination &to, const Sources &...from) {
+            return y8_ownzelm_elementwise(n, shape, op, to, from...);
+        },
+        count, d, s...);
 }
 
 } // namespace zelm

@@ -181,6 +181,14 @@ ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
             if (op.planar())
                 return planar([&](int i, int j)
                                   __attribute__((always_inline)) { return v.at(i, j); });
+        if constexpr (Rows::natural && H * W == 3 && is_dense<Operand>)
+            if (op.step() == 3 * Distance{sizeof(T)}) {
+                Lanes<T> t[3];
+                unroll<3>(ZELM_EACH(r) { t[r] = load<Lanes<T>>(v.base + r * register_bytes); });
+                split_triples(t);
+                unroll<3>(ZELM_EACH(r) { a[r / W][r % W] = t[r]; });
+                return;
+            }
         const char *base[L];
         detail::lane_objects<T>(base, op, first);
         const bool packed = W == 1 || v.stride2 == Distance{sizeof(T)};
@@ -235,6 +243,14 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
             if (op.planar())
                 return planar([&](int i, int j)
                                   __attribute__((always_inline)) { return v.at(i, j); });
+        if constexpr (Rows::natural && H * W == 3 && is_dense<Operand>)
+            if (op.step() == 3 * Distance{sizeof(T)}) {
+                Lanes<T> t[3];
+                unroll<3>(ZELM_EACH(r) { t[r] = a[r / W][r % W]; });
+                join_triples(t);
+                unroll<3>(ZELM_EACH(r) { store<Lanes<T>>(v.base + r * register_bytes, t[r]); });
+                return;
+            }
         char *base[L];
         detail::lane_objects<T>(base, op, first);
         const bool packed = W == 1 || v.stride2 == Distance{sizeof(T)};

@@ -120,6 +120,15 @@ ZELM_INLINE Lanes<double> magnitude(Lanes<double> x) {
     return (Lanes<double>)((Lanes<std::int64_t>)x & 0x7fffffffffffffff);
 }
 
+ZELM_INLINE float square_root(float x) { return __builtin_sqrtf(x); }
+ZELM_INLINE double square_root(double x) { return __builtin_sqrt(x); }
+ZELM_INLINE Lanes<float> square_root(Lanes<float> x) {
+    return (Lanes<float>)_mm_sqrt_ps((__m128)x);
+}
+ZELM_INLINE Lanes<double> square_root(Lanes<double> x) {
+    return (Lanes<double>)_mm_sqrt_pd((__m128d)x);
+}
+
 // The mask with no lane set, and the lanes of a mask as bits, lane 0 lowest.
 template <class S>
 ZELM_INLINE MaskOf<S> no_lane() {
@@ -204,6 +213,38 @@ ZELM_INLINE void transpose(Lanes<double> (&v)[2]) {
     const __m128d a = (__m128d)v[0], b = (__m128d)v[1];
     v[0] = (Lanes<double>)_mm_unpacklo_pd(a, b);
     v[1] = (Lanes<double>)_mm_unpackhi_pd(a, b);
+}
+
+// The same for objects of three elements that follow one another without gaps: three registers hold
+// them all.
+ZELM_INLINE void split_triples(Lanes<float> (&v)[3]) {
+    const __m128 a = (__m128)v[0], b = (__m128)v[1], c = (__m128)v[2];
+    const __m128 yz = _mm_shuffle_ps(a, b, _MM_SHUFFLE(1, 0, 2, 1)); // y0 z0 y1 z1
+    const __m128 xy = _mm_shuffle_ps(b, c, _MM_SHUFFLE(2, 1, 3, 2)); // x2 y2 x3 y3
+    v[0] = (Lanes<float>)_mm_shuffle_ps(a, xy, _MM_SHUFFLE(2, 0, 3, 0));
+    v[1] = (Lanes<float>)_mm_shuffle_ps(yz, xy, _MM_SHUFFLE(3, 1, 2, 0));
+    v[2] = (Lanes<float>)_mm_shuffle_ps(yz, c, _MM_SHUFFLE(3, 0, 3, 1));
+}
+ZELM_INLINE void join_triples(Lanes<float> (&v)[3]) {
+    const __m128 x = (__m128)v[0], y = (__m128)v[1], z = (__m128)v[2];
+    const __m128 xy = _mm_shuffle_ps(x, y, _MM_SHUFFLE(2, 0, 2, 0)); // x0 x2 y0 y2
+    const __m128 yz = _mm_shuffle_ps(y, z, _MM_SHUFFLE(3, 1, 3, 1)); // y1 y3 z1 z3
+    const __m128 zx = _mm_shuffle_ps(z, x, _MM_SHUFFLE(3, 1, 2, 0)); // z0 z2 x1 x3
+    v[0] = (Lanes<float>)_mm_shuffle_ps(xy, zx, _MM_SHUFFLE(2, 0, 2, 0));
+    v[1] = (Lanes<float>)_mm_shuffle_ps(yz, xy, _MM_SHUFFLE(3, 1, 2, 0));
+    v[2] = (Lanes<float>)_mm_shuffle_ps(zx, yz, _MM_SHUFFLE(3, 1, 3, 1));
+}
+ZELM_INLINE void split_triples(Lanes<double> (&v)[3]) {
+    const __m128d a = (__m128d)v[0], b = (__m128d)v[1], c = (__m128d)v[2];
+    v[0] = (Lanes<double>)_mm_shuffle_pd(a, b, 2);
+    v[1] = (Lanes<double>)_mm_shuffle_pd(a, c, 1);
+    v[2] = (Lanes<double>)_mm_shuffle_pd(b, c, 2);
+}
+ZELM_INLINE void join_triples(Lanes<double> (&v)[3]) {
+    const __m128d x = (__m128d)v[0], y = (__m128d)v[1], z = (__m128d)v[2];
+    v[0] = (Lanes<double>)_mm_unpacklo_pd(x, y);
+    v[1] = (Lanes<double>)_mm_shuffle_pd(z, x, 2);
+    v[2] = (Lanes<double>)_mm_unpackhi_pd(y, z);
 }
 
 } // namespace zelm

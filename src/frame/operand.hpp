@@ -179,6 +179,39 @@ struct Constant {
     ZELM_INLINE Constant from(int) const { return *this; }
 };
 
+// One adjacent element for each object: results that are scalars.
+template <class T>
+struct Scalars {
+    using Type = T;
+    using Element = T;
+    static constexpr bool is_array = true, is_tabled = false, has_table = false;
+    static constexpr int object_rank = 0;
+
+    T *base;
+
+    ZELM_INLINE Distance step() const { return sizeof(T); }
+    ZELM_INLINE char *object(int n) const { return reinterpret_cast<char *>(base) + n * step(); }
+    ZELM_INLINE StridedView<T> view(int n) const { return {object(n), 0, 0}; }
+    ZELM_INLINE bool planar() const { return true; }
+    ZELM_INLINE Scalars from(int first) const { return {reinterpret_cast<T *>(object(first))}; }
+};
+
+// Objects without gaps inside or between.
+template <class T>
+struct Buffer {
+    using Type = T;
+    using Element = T;
+    static constexpr bool is_array = true, is_tabled = false, has_table = false;
+
+    T *base;
+    Shape shape;
+
+    ZELM_INLINE Distance row() const { return shape.width * Distance{sizeof(T)}; }
+    ZELM_INLINE Distance step() const { return shape.height * row(); }
+    ZELM_INLINE char *object(int n) const { return reinterpret_cast<char *>(base) + n * step(); }
+    ZELM_INLINE StridedView<T> view(int n) const { return {object(n), row(), sizeof(T)}; }
+};
+
 // Row numbers, `length` for each object; length 0 is one row for all of them.
 template <class Int>
 struct IndexRows {

@@ -47,7 +47,9 @@ private:
     Operand described(const Operand &op, Shape shape) {
         Operand staged = op;
         constexpr int element = sizeof(T), object = elements * element;
-        if constexpr (is_dense<Operand>) {
+        if constexpr (std::is_same_v<Operand, Scalars<T>>) {
+            staged = {data_};
+        } else if constexpr (is_dense<Operand>) {
             staged = {reinterpret_cast<decltype(op.base)>(data_), object};
         } else if constexpr (requires { op.at[0]; }) {
             for (int e = 0; e < elements; ++e)

@@ -40,13 +40,15 @@ ZELM_INLINE auto walked(const Operand &op, Shape shape) {
 }
 
 namespace detail {
-// Standard objects of a fixed shape may turn out dense; row numbers always are.
+// Standard objects of a fixed shape may turn out dense; row numbers and scalars always are.
 template <class W>
 inline constexpr bool may_be_dense = false;
 template <class T, int rank, int elements, int H, int W>
 inline constexpr bool may_be_dense<Walked<Standard<T, rank, true>, elements, H, W>> = H != 0;
 template <class Int, int elements>
 inline constexpr bool may_be_dense<Walked<IndexRows<Int>, elements>> = true;
+template <class T>
+inline constexpr bool may_be_dense<Walked<Scalars<T>, 1, 1, 1>> = true;
 
 template <class T, int rank, int elements, int H, int W>
 ZELM_INLINE bool dense_now(const Walked<Standard<T, rank, true>, elements, H, W> &w) {
@@ -58,12 +60,20 @@ template <class Int, int elements>
 ZELM_INLINE bool dense_now(const Walked<IndexRows<Int>, elements> &) {
     return true;
 }
+template <class T>
+ZELM_INLINE bool dense_now(const Walked<Scalars<T>, 1, 1, 1> &) {
+    return true;
+}
 template <class T, int rank, int elements, int H, int W>
 ZELM_INLINE auto as_dense(const Walked<Standard<T, rank, true>, elements, H, W> &w) {
     return Walked<Dense<T, H, W>, elements, H, W>{{w.operand.object(0), w.operand.step()}, w.shape};
 }
 template <class Int, int elements>
 ZELM_INLINE auto as_dense(const Walked<IndexRows<Int>, elements> &w) {
+    return w;
+}
+template <class T>
+ZELM_INLINE auto as_dense(const Walked<Scalars<T>, 1, 1, 1> &w) {
     return w;
 }
 } // namespace detail

@@ -1,0 +1,251 @@
+// Transposes: orders 3 to 6 in registers, larger packed matrices tile by tile, everything else
+// element by element.
+#include "move.hpp"
+
+#include "../frame/checks.hpp"
+#include "../frame/member.hpp"
+#include "zelcore.h"
+
+namespace zelm {
+namespace {
+
+// ---- orders 3 to 6, rows adjacent ----
+
+// Everything is loaded before anything is stored: source and destination may be the same. Where
+// `dense`, a row may be taken together with the first element of the next one.
+template <int N, bool dense, class T>
+ZELM_INLINE void transpose_square(StridedView<const T> from, StridedView<T> to) {
+    constexpr int L = lanes_per_register<T>, blocks = (N + L - 1) / L;
+    Lanes<T> v[blocks][blocks][L] = {};
+    unroll<N>(ZELM_EACH(i) {
+        unroll<blocks>(ZELM_EACH(c) {
+            constexpr int part = N - c * L < L ? N - c * L : L;
+            constexpr bool whole = part == L || (dense && part == L - 1 && i < N - 1);
+            v[i / L][c][i % L] = load_part < whole ? L : part,
+                            T > (from.at(i, 0) + c * register_bytes);
+        });
+    });
+    unroll<blocks>(ZELM_EACH(r) { unroll<blocks>(ZELM_EACH(c) { transpose(v[r][c]); }); });
+    unroll<N>(ZELM_EACH(j) { // ascending: what is stored too much is overwritten
+        unroll<blocks>(ZELM_EACH(r) {
+            constexpr int part = N - r * L < L ? N - r * L : L;
+            constexpr bool whole = part == L || (dense && part == L - 1 && j < N - 1);
+            store_part<whole ? L : part, T>(to.at(j, 0) + r * register_bytes, v[r][j / L][j % L]);
+        });
+    });
+}
+
+template <int N, class S, class D>
+void transpose_squares(int count, const S source, const D destination) {
+    using T = typename D::Element;
+    constexpr Distance row = N * Distance{sizeof(T)};
+    const auto x = source.view(0);
+    const auto y = destination.view(0);
+    const Distance in = x.stride1, out = y.stride1;
+    if (in == row && out == row)
+        for (int n = 0; n < count; ++n)
+            transpose_square<N, true, T>({source.object(n), row, sizeof(T)},
+                                         {destination.object(n), row, sizeof(T)});
+    else
+        for (int n = 0; n < count; ++n)
+            transpose_square<N, false, T>({source.object(n), in, sizeof(T)},
+                                          {destination.object(n), out, sizeof(T)});
+}
+
+// ---- large matrices, rows adjacent ----
+
+constexpr int line_bytes = 64;
+
+struct Plane { // bytes from row to row
+    const char *source;
+    Distance source_step;
+    char *destination;
+    Distance destination_step;
+
+    ZELM_INLINE Plane at(Distance row, Distance column, Distance element) const {
+        return {source + row * source_step + column * element, source_step,
+                destination + column * destination_step + row * element, destination_step};
+    }
+};
+
+template <bool past_cache, class T>
+ZELM_INLINE void put_register(char *p, Lanes<T> v) {
+    if constexpr (past_cache)
+        _mm_stream_si128(reinterpret_cast<__m128i *>(p), (__m128i)v);
+    else
+        store<Lanes<T>>(p, v);
+}
+
+// A cache line each way: whole lines of the destination are written one after the other.
+template <bool past_cache, class T>
+ZELM_INLINE void transpose_tile(const Plane &p) {
+    constexpr int L = lanes_per_register<T>, B = line_bytes / int{sizeof(T)};
+    for (int c = 0; c < B; c += L) {
+        Lanes<T> v[B / L][L];
+        const char *from = p.source + c * Distance{sizeof(T)};
+        unroll<B / L>(ZELM_EACH(r) {
+            unroll<L>(ZELM_EACH(l) {
+                v[r][l] = load<Lanes<T>>(from);
+                from += p.source_step;
+            });
+            transpose(v[r]);
+        });
+        unroll<L>(ZELM_EACH(l) {
+            char *const to = p.destination + (c + l) * p.destination_step;
+            unroll<B / L>(
+                ZELM_EACH(r) { put_register<past_cache, T>(to + r * register_bytes, v[r][l]); });
+        });
+    }
+}
+// Rows that are a multiple of the first level's page of sets apart push one another out of the
+// cache; then the tile is first copied to where its rows are neighbours.
+template <bool past_cache, class T>
+void transpose_far_tile(const Plane &p) {
+    constexpr int B = line_bytes / int{sizeof(T)};
+    alignas(line_bytes) char near[B * line_bytes];
+    for (int i = 0; i < B; ++i)
+        unroll<line_bytes / register_bytes>(ZELM_EACH(r) {
+            store<Lanes<T>>(near + i * line_bytes + r * register_bytes,
+                            load<Lanes<T>>(p.source + i * p.source_step + r * register_bytes));
+        });
+    transpose_tile<past_cache, T>({near, line_bytes, p.destination, p.destination_step});
+}
+
+template <class T>
+void transpose_rest(const Plane &p, int height, int width) {
+    constexpr int L = lanes_per_register<T>;
+    const auto element = [&](int i, int j) {
+        store<T>(p.at(i, j, sizeof(T)).destination, load<T>(p.at(i, j, sizeof(T)).source));
+    };
+    int i = 0;
+    for (; i + L <= height; i += L) {
+        int j = 0;
+        for (; j + L <= width; j += L) {
+            const Plane q = p.at(i, j, sizeof(T));
+            Lanes<T> v[L];
+            unroll<L>(ZELM_EACH(l) { v[l] = load<Lanes<T>>(q.source + l * q.source_step); });
+            transpose(v);
+            unroll<L>(
+                ZELM_EACH(l) { store<Lanes<T>>(q.destination + l * q.destination_step, v[l]); });
+        }
+        for (; j < width; ++j)
+            for (int l = 0; l < L; ++l)
+                element(i + l, j);
+    }
+    for (; i < height; ++i)
+        for (int j = 0; j < width; ++j)
+            element(i, j);
+}
+
+template <bool past_cache, class T>
+void transpose_stripe(const Plane &p, int height, int width) {
+    constexpr int B = line_bytes / int{sizeof(T)};
+    const bool far = p.source_step % 4096 == 0;
+    for (int j = 0; j < width; j += B)
+        for (int i = 0; i < height; i += B) {
+            const Plane tile = p.at(i, j, sizeof(T));
+            if (height - i < B || width - j < B)
+                transpose_rest<T>(tile, height - i < B ? height - i : B,
+                                  width - j < B ? width - j : B);
+            else if (far)
+                transpose_far_tile<past_cache, T>(tile);
+            else
+                transpose_tile<past_cache, T>(tile);
+        }
+}
+
+// Stripes of rows of the source. Matrices that do not fit the largest cache are written past it; a
+// hint says so without asking.
+void y8_ownm_Transpose_32s(const Plane &p, int width, int height, int hint) {
+    bool past_cache = hint != 0;
+    if (hint == 0 && width >= 129 && height >= 129) {
+        int cache = 0;
+        zelGetMaxCacheSizeB(&cache);
+        past_cache = cache > 0 && std::int64_t{width} * height * 8 > cache;
+    }
+    const bool one_stripe = height < 65 || (past_cache && width % 16 != 0);
+    const int stripe = one_stripe ? height : 64;
+    // Registers can be written past the cache at their own boundaries only.
+    const bool aligned = (reinterpret_cast<std::uintptr_t>(p.destination) |
+                          static_cast<std::uintptr_t>(p.destination_step)) %
+                             register_bytes ==
+                         0;
+    for (int row = 0; row < height; row += stripe) {
+        const Plane part = p.at(row, 0, sizeof(float));
+        const int rows = height - row < stripe ? height - row : stripe;
+        if (past_cache && aligned)
+            transpose_stripe<true, float>(part, rows, width);
+        else
+            transpose_stripe<false, float>(part, rows, width);
+    }
+    if (past_cache)
+        _mm_sfence();
+}
+
+// ---- entries ----
+
+// width and height are those of the source.
+template <class S, class D>
+void y8_ownzelmTranspose(int count, const S &source, const D &destination, int width, int height) {
+    using T = typename D::Element;
+    if constexpr (D::is_tabled) {
+        Standard<typename S::Type, 2, S::is_array> from;
+        Standard<typename D::Type, 2, D::is_array> to;
+        if (is_regular(source, {height, width}, from) &&
+            is_regular(destination, {width, height}, to))
+            return y8_ownzelmTranspose(count, from, to, width, height);
+    } else if (source.packed() && destination.packed()) {
+        if (width == height && width >= 3 && width <= 6) {
+            switch (width) {
+            case 3:
+                return transpose_squares<3>(count, source, destination);
+            case 4:
+                return transpose_squares<4>(count, source, destination);
+            case 5:
+                return transpose_squares<5>(count, source, destination);
+            default:
+                return transpose_squares<6>(count, source, destination);
+            }
+        }
+        for (int n = 0; n < count; ++n) {
+            const Plane p = {source.object(n), source.view(0).stride1, destination.object(n),
+                             destination.view(0).stride1};
+            if constexpr (sizeof(T) == 4)
+                y8_ownm_Transpose_32s(p, width, height, 0);
+            else
+                transpose_stripe<false, T>(p, height, width);
+        }
+        return;
+    }
+    move_elements(count, {width, height}, destination, source.transposed());
+}
+
+template <class S, class D>
+ZELM_INLINE ZelStatus transpose_objects(const S &source, const D &destination, int width,
+                                        int height, int count = 1) {
+    if (const ZelStatus s =
+            first_failure(pointers(source, destination), counts(count), sizes(width, height),
+                          strides(source, destination), shifts(source, destination)))
+        return s;
+    y8_ownzelmTranspose(count, source, destination, width, height);
+    return zelStatusOk;
+}
+
+} // namespace
+} // namespace zelm
+
+#define TRANSPOSE_M(D, T, suffix, kind)                                                            \
+    ZELM_MEMBER(zelmTranspose_##kind##_##suffix,                                                   \
+                (ZELM_PARAMETERS(D, kind, const T, src), int width, int height,                    \
+                 ZELM_PARAMETERS(D, kind, T, dst)),                                                \
+                zelm::transpose_objects(ZELM_OPERAND(D, kind, const T, src),                       \
+                                        ZELM_OPERAND(D, kind, T, dst), width, height))
+#define TRANSPOSE_MA(D, T, suffix, kind)                                                           \
+    ZELM_MEMBER(zelmTranspose_##kind##_##suffix,                                                   \
+                (ZELM_PARAMETERS(D, kind, const T, src), int width, int height,                    \
+                 ZELM_PARAMETERS(D, kind, T, dst), int count),                                     \
+                zelm::transpose_objects(ZELM_OPERAND(D, kind, const T, src),                       \
+                                        ZELM_OPERAND(D, kind, T, dst), width, height, count))
+
+ZELM_SINGLE(TRANSPOSE_M, m)
+ZELM_ARRAY(TRANSPOSE_MA, ma)

@@ -1,0 +1,147 @@
+#include "../frame/checks.hpp"
+#include "../frame/estimate.hpp"
+#include "../frame/member.hpp"
+#include "../frame/parallel.hpp"
+#include "../frame/walk.hpp"
+
+namespace zelm {
+namespace {
+
+template <class S>
+using Triple = S[1][3];
+
+template <class S>
+ZELM_INLINE void cross(const Triple<S> &a, const Triple<S> &b, Triple<S> &r) {
+    r[0][0] = a[0][1] * b[0][2] - a[0][2] * b[0][1];
+    r[0][1] = a[0][2] * b[0][0] - a[0][0] * b[0][2];
+    r[0][2] = a[0][0] * b[0][1] - a[0][1] * b[0][0];
+}
+
+constexpr Shape triple = {1, 3};
+
+template <class T, class Operand>
+ZELM_INLINE void load_triple(Triple<T> &x, const Operand &op, int n) {
+    const auto v = view(op, n, triple);
+    unroll<3>(ZELM_EACH(k) { x[0][k] = get(v, 0, k); });
+}
+template <class A, class B, class D>
+ZELM_INLINE void cross_object(const A &a, const B &b, const D &d, int n) {
+    using T = typename D::Element;
+    Triple<T> x, y, r;
+    load_triple<T>(x, a, n);
+    load_triple<T>(y, b, n);
+    cross<T>(x, y, r);
+    const auto to = view(d, n, triple);
+    unroll<3>(ZELM_EACH(k) { put(to, 0, k, r[0][k]); });
+}
+
+// A single vector is read once; the arrays are walked.
+template <class A, class B, class D>
+ZelStatus y8_ownzelmCrossProduct(int count, const A &a, const B &b, const D &d) {
+    using T = typename D::Element;
+    using S = Lanes<T>;
+    const Footprint left(a, triple);
+    const Footprint right(b, triple);
+    const Footprint to(d, triple);
+    const Overlap overlap(count, triple, to, left, right);
+    const auto single = [&](int n) __attribute__((noinline)) {
+        cross_object(a, b, d, n);
+        return zelStatusOk;
+    };
+    Triple<S> fixed;
+    if constexpr (!A::is_array)
+        load_splat<T>(fixed, view(a, 0, triple));
+    if constexpr (!B::is_array)
+        load_splat<T>(fixed, view(b, 0, triple));
+    const auto one_array = [&](const Group &group, const auto &z, const auto &x)
+        __attribute__((always_inline)) {
+        Triple<S> v, r;
+        load_lanes<T>(v, x, group.first);
+        if constexpr (A::is_array)
+            cross<S>(v, fixed, r);
+        else
+            cross<S>(fixed, v, r);
+        store_lanes<T>(z, group.first, r);
+        return 0u;
+    };
+    const auto two_arrays = [&](const Group &group, const auto &z, const auto &x, const auto &y)
+        __attribute__((always_inline)) {
+        Triple<S> v, w, r;
+        load_lanes<T>(v, x, group.first);
+        load_lanes<T>(w, y, group.first);
+        cross<S>(v, w, r);
+        store_lanes<T>(z, group.first, r);
+        return 0u;
+    };
+    if constexpr (A::is_array && B::is_array)
+        return walk<T>(count, overlap, two_arrays, single, walked<1, 3>(d), walked<1, 3>(a),
+                       walked<1, 3>(b));
+    else if constexpr (A::is_array)
+        return walk<T>(count, overlap, one_array, single, walked<1, 3>(d), walked<1, 3>(a));
+    else
+        return walk<T>(count, overlap, one_array, single, walked<1, 3>(d), walked<1, 3>(b));
+}
+
+template <class A, class B, class D>
+ZELM_INLINE ZelStatus run(const A &a, const B &b, const D &d, int count) {
+    constexpr bool pairs = A::is_array && B::is_array;
+    constexpr Limits limits = pairs ? Limits{3001, 3001} : Limits{3000, 3000};
+    return run_objects(
+        limits.serial(Estimate(pairs ? 3 : 2) * count, true),
+        [](int n, const D &z, const A &x, const B &y) {
+            return y8_ownzelmCrossProduct(n, x, y, z);
+        },
+        count, d, a, b);
+}
+
+// ---- entries, each with its order of checks ----
+
+template <class A, class B, class D>
+ZELM_INLINE ZelStatus pair(const A &a, const B &b, const D &d) {
+    if (const ZelStatus s = first_failure(pointers(a, b, d), strides(a, b, d), shifts(a, b, d)))
+        return s;
+    cross_object(a, b, d, 0);
+    return zelStatusOk;
+}
+// An array with one vector: the count after the strides, in layout form last of all.
+template <class A, class B, class D>
+ZELM_INLINE ZelStatus array_with_vector(const A &a, const B &b, const D &d, int count) {
+    constexpr bool count_last = description_of<D> == Description::layout;
+    const auto number = counts(count);
+    const auto offset = shifts(a, b, d);
+    if (const ZelStatus s =
+            first_failure(pointers(a, b, d), strides(a, b, d), count_last ? offset : number,
+                          count_last ? number : offset))
+        return s;
+    return run(a, b, d, count);
+}
+template <class A, class B, class D>
+ZELM_INLINE ZelStatus arrays(const A &a, const B &b, const D &d, int count) {
+    if (const ZelStatus s =
+            first_failure(pointers(a, b, d), counts(count), strides(a, b, d), shifts(a, b, d)))
+        return s;
+    return run(a, b, d, count);
+}
+
+} // namespace
+} // namespace zelm
+
+// clang-format off
+#define CROSS_PARAMETERS(D, T, a, b, d)                                                           \
+    ZELM_PARAMETERS(D, a, const T, src1), ZELM_PARAMETERS(D, b, const T, src2),                   \
+    ZELM_PARAMETERS(D, d, T, dst)
+#define CROSS_OPERANDS(D, T, a, b, d)                                                             \
+    ZELM_OPERAND(D, a, const T, src1), ZELM_OPERAND(D, b, const T, src2), ZELM_OPERAND(D, d, T, dst)
+#define CROSS_V(D, T, suffix, kinds, a, b)                                                        \
+    ZELM_MEMBER(zelmCrossProduct_##kinds##_##suffix, (CROSS_PARAMETERS(D, T, a, b, v)),           \
+                zelm::pair(CROSS_OPERANDS(D, T, a, b, v)))
+#define CROSS_VA(D, T, suffix, kinds, a, b, entry)                                                \
+    ZELM_MEMBER(zelmCrossProduct_##kinds##_##suffix,                                              \
+                (CROSS_PARAMETERS(D, T, a, b, va), int count),                                    \
+                zelm::entry(CROSS_OPERANDS(D, T, a, b, va), count))
+
+ZELM_SINGLE(CROSS_V, vv, v, v)
+ZELM_ARRAY(CROSS_VA, vav, va, v, array_with_vector)
+ZELM_ARRAY(CROSS_VA, vva, v, va, arrays)
+ZELM_ARRAY(CROSS_VA, vava, va, va, arrays)
+// clang-format on

@@ -1,0 +1,120 @@
+#include "reduce.hpp"
+#include "sum_of_products.hpp"
+
+#include "../frame/checks.hpp"
+#include "../frame/estimate.hpp"
+#include "../frame/member.hpp"
+#include "../frame/parallel.hpp"
+
+namespace zelm {
+namespace {
+
+template <class T, Description d>
+constexpr Limits limits = d == Description::pointer
+                              ? (sizeof(T) == 4 ? Limits{2401, 2401} : Limits{2001, 2001})
+                          : d == Description::layout
+                              ? (sizeof(T) == 4 ? Limits{2401, 2401} : Limits{4201, 3301})
+                              : (sizeof(T) == 4 ? Limits{5001, 2621} : Limits{3501, 2001});
+
+// Products that a single pair adds one by one before its blocks. Adjacent floats bring the second
+// vector to a boundary of registers, tables bring the table there; where that cannot be, all of
+// them.
+template <class T, class A, class B>
+int leading_singles(const A &a, const B &b, int len) {
+    std::uintptr_t at = 0, step = 1;
+    if constexpr (B::is_tabled) {
+        at = reinterpret_cast<std::uintptr_t>(b.table);
+        step = sizeof(void *);
+    } else if (sizeof(T) == 4 && a.packed() && b.packed()) {
+        at = reinterpret_cast<std::uintptr_t>(b.base);
+        step = sizeof(T);
+    }
+    if (at % step != 0)
+        return len;
+    return static_cast<int>(-at % register_bytes / step);
+}
+
+template <class T, class A, class B>
+T dot_product(const A &a, const B &b, int n, int len, int singles) {
+    const auto x = view(a, n, {1, len});
+    const auto y = view(b, n, {1, len});
+    if (rows_adjacent(a) && rows_adjacent(b))
+        return add_products<true>(T(-0.0), x, y, 0, len, singles);
+    return add_products<false>(T(-0.0), x, y, 0, len, singles);
+}
+
+template <int N>
+struct DotProduct {
+    template <class S>
+    ZELM_INLINE S operator()(const S (&a)[1][N], const S (&b)[1][N]) const {
+        return sum_of_products(a, b);
+    }
+};
+
+template <class T, class A, class B>
+ZelStatus y8_ownzelmDotProduct(int count, int len, const Scalars<T> &results, const A &a,
+                               const B &b) {
+    switch (len) {
+    case 3:
+        reduce_lanes<1, 3>(count, results, DotProduct<3>{}, a, b);
+        break;
+    case 4:
+        reduce_lanes<1, 4>(count, results, DotProduct<4>{}, a, b);
+        break;
+    case 5:
+        reduce_lanes<1, 5>(count, results, DotProduct<5>{}, a, b);
+        break;
+    case 6:
+        reduce_lanes<1, 6>(count, results, DotProduct<6>{}, a, b);
+        break;
+    default:
+        for (int n = 0; n < count; ++n)
+            store<T>(results.object(n), dot_product<T>(a, b, n, len, 0));
+    }
+    return zelStatusOk;
+}
+
+template <class A, class B, class T>
+ZELM_INLINE ZelStatus dot(const A &a, const B &b, T *dst, int len) {
+    const Scalars<T> result = {dst};
+    if (const ZelStatus s =
+            first_failure(pointers(a, b, result), sizes(len), strides(a, b), shifts(a, b)))
+        return s;
+    const int singles = len < block_length ? 0 : leading_singles<T>(a, b, len);
+    store<T>(dst, dot_product<T>(a, b, 0, len, singles));
+    return zelStatusOk;
+}
+template <class A, class B, class T>
+ZELM_INLINE ZelStatus dots(const A &a, const B &b, T *dst, int len, int count) {
+    const Scalars<T> results = {dst};
+    if (const ZelStatus s = first_failure(pointers(a, b, results), counts(count), sizes(len),
+                                          strides(a, b), shifts(a, b)))
+        return s;
+    return run_objects(
+        limits<T, description_of<A>>.serial(elements<A>(len, count) + elements<B>(len, count),
+                                            a.packed() && b.packed()),
+        [len](int n, const Scalars<T> &r, const A &x, const B &y) {
+            return y8_ownzelmDotProduct(n, len, r, x, y);
+        },
+        count, results, a, b);
+}
+
+} // namespace
+} // namespace zelm
+
+#define DOT_V(D, T, suffix, kinds, a, b)                                                           \
+    ZELM_MEMBER(zelmDotProduct_##kinds##_##suffix,                                                 \
+                (ZELM_PARAMETERS(D, a, const T, src1), ZELM_PARAMETERS(D, b, const T, src2),       \
+                 T * pDst, int len),                                                               \
+                zelm::dot(ZELM_OPERAND(D, a, const T, src1), ZELM_OPERAND(D, b, const T, src2),    \
+                          pDst, len))
+#define DOT_VA(D, T, suffix, kinds, a, b)                                                          \
+    ZELM_MEMBER(zelmDotProduct_##kinds##_##suffix,                                                 \
+                (ZELM_PARAMETERS(D, a, const T, src1), ZELM_PARAMETERS(D, b, const T, src2),       \
+                 T * pDst, int len, int count),                                                    \
+                zelm::dots(ZELM_OPERAND(D, a, const T, src1), ZELM_OPERAND(D, b, const T, src2),   \
+                           pDst, len, count))
+
+ZELM_SINGLE(DOT_V, vv, v, v)
+ZELM_ARRAY(DOT_VA, vav, va, v)
+ZELM_ARRAY(DOT_VA, vava, va, va)

@@ -1,0 +1,190 @@
+// Gaxpy: dst = A * x + b.
+#include "../frame/checks.hpp"
+#include "../frame/estimate.hpp"
+#include "../frame/member.hpp"
+#include "../frame/parallel.hpp"
+#include "../frame/walk.hpp"
+
+namespace zelm {
+namespace {
+
+template <class T, Description d, bool one_addend>
+constexpr Limits limits = d == Description::pointer
+                              ? (sizeof(T) == 4 ? Limits{4501, 4501} : Limits{7001, 7001})
+                          : sizeof(T) == 8
+                              ? (d == Description::layout && !one_addend ? Limits{6001, 5001}
+                                                                         : Limits{5001, 5001})
+                          : d == Description::layout && !one_addend ? Limits{7001, 7001}
+                                                                    : Limits{7001, 5001};
+
+// Everything in registers, in the order of the general loop: from 0 up the columns, then b.
+template <int N, class S>
+ZELM_INLINE void gaxpy(const S (&a)[N][N], const S (&x)[1][N], const S (&b)[1][N], S (&d)[1][N]) {
+    unroll<N>(ZELM_EACH(i) {
+        S sum = splat<S>(0);
+        unroll<N>(ZELM_EACH(j) { sum = sum + a[i][j] * x[0][j]; });
+        d[0][i] = sum + b[0][i];
+    });
+}
+
+// The running sum is kept in the destination, stored after every two columns: a destination that
+// shares memory with x or b shows it.
+template <class A, class X, class B, class D>
+void gaxpy_object(const A &a, const X &x, const B &b, const D &d, Shape shape, int n) {
+    using T = typename D::Element;
+    const auto matrix = view(a, 0, shape);
+    const auto factor = view(x, n, {1, shape.width});
+    const auto addend = view(b, n, {1, shape.height});
+    const auto to = view(d, n, {1, shape.height});
+    const auto product = [&](int i, int j) __attribute__((always_inline)) {
+        return get(matrix, i, j) * get(factor, 0, j);
+    };
+    for (int i = 0; i < shape.height; ++i) {
+        put(to, 0, i, T{0});
+        int j = 0;
+        for (; j + 2 <= shape.width; j += 2) {
+            const T sum = load<T>(to.at(0, i)) + product(i, j);
+            put(to, 0, i, sum + product(i, j + 1));
+        }
+        if (j < shape.width)
+            put(to, 0, i, load<T>(to.at(0, i)) + product(i, j));
+        put(to, 0, i, load<T>(to.at(0, i)) + get(addend, 0, i));
+    }
+}
+
+template <int N, class A, class X, class B, class D>
+void gaxpy_square(const A &a, const X &x, const B &b, const D &d, int n) {
+    using T = typename D::Element;
+    T m[N][N], v[1][N], w[1][N], r[1][N];
+    const auto row = [n](T(&out)[1][N], const auto &op) __attribute__((always_inline)) {
+        const auto from = view(op, n, {1, N});
+        unroll<N>(ZELM_EACH(j) { out[0][j] = get(from, 0, j); });
+    };
+    const auto matrix = view(a, 0, {N, N});
+    unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { m[i][j] = get(matrix, i, j); }); });
+    row(v, x);
+    row(w, b);
+    gaxpy(m, v, w, r);
+    const auto to = view(d, n, {1, N});
+    unroll<N>(ZELM_EACH(i) { put(to, 0, i, r[0][i]); });
+}
+
+// The matrix in every lane, a vector in each.
+template <int N, class A, class X, class B, class D>
+void gaxpy_squares(int count, const A &a, const X &x, const B &b, const D &d) {
+    using T = typename D::Element;
+    using S = Lanes<T>;
+    constexpr Shape shape = {1, N};
+    const Footprint factor(x, shape);
+    const Footprint addend(b, shape);
+    const Footprint to(d, shape);
+    const Overlap overlap(count, shape, to, factor, addend);
+    S m[N][N], fixed[1][N];
+    load_splat<T>(m, view(a, 0, {N, N}));
+    if constexpr (!B::is_array)
+        load_splat<T>(fixed, view(b, 0, shape));
+    const auto single = [&](int n) __attribute__((noinline)) {
+        gaxpy_square<N>(a, x, b, d, n);
+        return zelStatusOk;
+    };
+    const auto one_addend = [&](const Group &group, const auto &z, const auto &v)
+        __attribute__((always_inline)) {
+        S in[1][N], out[1][N];
+        load_lanes<T>(in, v, group.first);
+        gaxpy(m, in, fixed, out);
+        store_lanes<T>(z, group.first, out);
+        return 0u;
+    };
+    const auto addends = [&](const Group &group, const auto &z, const auto &v, const auto &w)
+        __attribute__((always_inline)) {
+        S in[1][N], add[1][N], out[1][N];
+        load_lanes<T>(in, v, group.first);
+        load_lanes<T>(add, w, group.first);
+        gaxpy(m, in, add, out);
+        store_lanes<T>(z, group.first, out);
+        return 0u;
+    };
+    if constexpr (B::is_array)
+        walk<T>(count, overlap, addends, single, walked<1, N>(d), walked<1, N>(x), walked<1, N>(b));
+    else
+        walk<T>(count, overlap, one_addend, single, walked<1, N>(d), walked<1, N>(x));
+}
+
+template <int N, class A, class X, class B, class D>
+ZELM_INLINE void gaxpy_fixed(int count, const A &a, const X &x, const B &b, const D &d) {
+    if constexpr (D::is_array)
+        gaxpy_squares<N>(count, a, x, b, d);
+    else
+        gaxpy_square<N>(a, x, b, d, 0);
+}
+
+template <class A, class X, class B, class D>
+ZelStatus y8_ownzelmGaxpy(int count, Shape shape, const A &a, const X &x, const B &b, const D &d) {
+    if constexpr (!D::is_tabled) {
+        const bool packed = a.packed() && x.packed() && b.packed() && d.packed();
+        switch (packed && shape.width == shape.height ? shape.width : 0) {
+        case 3:
+            gaxpy_fixed<3>(count, a, x, b, d);
+            return zelStatusOk;
+        case 4:
+            gaxpy_fixed<4>(count, a, x, b, d);
+            return zelStatusOk;
+        case 5:
+            gaxpy_fixed<5>(count, a, x, b, d);
+            return zelStatusOk;
+        case 6:
+            gaxpy_fixed<6>(count, a, x, b, d);
+            return zelStatusOk;
+        }
+    }
+    for (int n = 0; n < count; ++n)
+        gaxpy_object(a, x, b, d, shape, n);
+    return zelStatusOk;
+}
+
+template <class A, class X, class B, class D>
+ZELM_INLINE ZelStatus gaxpy(const A &a, int width, int height, const X &x, int factors, const B &b,
+                            int addends, const D &d, int count = 1) {
+    if (const ZelStatus s =
+            first_failure(pointers(a, x, b, d), counts(count),
+                          sizes(width, height, factors, addends), agreement(width, factors),
+                          agreement(height, addends), strides(a, x, b, d), shifts(a, x, b, d)))
+        return s;
+    const Shape shape = {height, width};
+    if constexpr (!D::is_array) {
+        return y8_ownzelmGaxpy(1, shape, a, x, b, d);
+    } else {
+        const Estimate work =
+            elements<X>(factors, count) + elements<B>(addends, count) + elements<D>(addends, count);
+        const bool packed = a.packed() && x.packed() && b.packed() && d.packed();
+        return run_objects(
+            limits<typename D::Element, description_of<D>, !B::is_array>.serial(work, packed),
+            [shape](int n, const A &m, const X &v, const B &w, const D &to) {
+                return y8_ownzelmGaxpy(n, shape, m, v, w, to);
+            },
+            count, a, x, b, d);
+    }
+}
+
+} // namespace
+} // namespace zelm
+
+// clang-format off
+#define GAXPY_PARAMETERS(D, T, x, b, d)                                                           \
+    ZELM_PARAMETERS(D, m, const T, src1), int width, int height,                                  \
+    ZELM_PARAMETERS(D, x, const T, src2), int src2Len, ZELM_PARAMETERS(D, b, const T, src3),      \
+    int src3Len, ZELM_PARAMETERS(D, d, T, dst)
+#define GAXPY_ARGUMENTS(D, T, x, b, d)                                                            \
+    ZELM_OPERAND(D, m, const T, src1), width, height, ZELM_OPERAND(D, x, const T, src2), src2Len, \
+    ZELM_OPERAND(D, b, const T, src3), src3Len, ZELM_OPERAND(D, d, T, dst)
+#define GAXPY_V(D, T, suffix, kinds, x, b)                                                        \
+    ZELM_MEMBER(zelmGaxpy_##kinds##_##suffix, (GAXPY_PARAMETERS(D, T, x, b, v)),                  \
+                zelm::gaxpy(GAXPY_ARGUMENTS(D, T, x, b, v)))
+#define GAXPY_VA(D, T, suffix, kinds, x, b)                                                       \
+    ZELM_MEMBER(zelmGaxpy_##kinds##_##suffix, (GAXPY_PARAMETERS(D, T, x, b, va), int count),      \
+                zelm::gaxpy(GAXPY_ARGUMENTS(D, T, x, b, va), count))
+
+ZELM_SINGLE(GAXPY_V, mv, v, v)
+ZELM_ARRAY(GAXPY_VA, mva, va, va)
+ZELM_ARRAY(GAXPY_VA, mvav, va, v)
+// clang-format on
