@@ -2103,6 +2103,168 @@ ZELM_API ZelStatus zelmLUBackSubst_mava_64f_L(const double *const *ppSrc, int sr
                                               int dstRoiShift, int dstStride2, int widthHeight,
                                               int count);
 
+/* ============================================================================================== */
+/* CholeskyDecomp: Cholesky decomposition */
+/* ============================================================================================== */
+
+/* A = L * L', A symmetric and positive definite, L lower triangular, L' its transpose. All matrices
+ * are square of order n = widthHeight.
+ *
+ * Only the lower triangle of the source is read, the diagonal included, and only that of the
+ * destination is written: the upper triangles may hold anything, and in a table of pointers (_P)
+ * their entries may be null. Element (i, j) of the destination is L(i, j) for j < i, and the
+ * diagonal holds reciprocals: element (i, i) is 1 / L(i, i).
+ *
+ * The reciprocal root is exact to rounding in 64f. In 32f it is the processor's approximation after
+ * one Newton step, within about 2 units in the last place, and infinite or NaN for a diagonal
+ * residual that is subnormal or infinite; processors differ in its last bits.
+ *
+ * A is not positive definite when a diagonal residual d, A(i, i) less the squares of row i of L,
+ * has 0 >= d. There is no tolerance, and NaNs are not detected.
+ *
+ * In place: the destination may be the source, at the same address (table, roi shift) and with the
+ * same strides. No other overlap is allowed.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   single matrices:  no count.
+ * zelStatusNotPositiveDefinite: the rows before the failing one are written, and that row without
+ * its diagonal element; the rows after it are untouched. An array is left at its first failing
+ * matrix: those before it are complete, those after it are untouched. When several threads share
+ * an array, this holds in each thread's range of it.
+ *
+ * Method: Golub, Van Loan, Matrix Computations, 4.2. */
+ZELM_API ZelStatus zelmCholeskyDecomp_m_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                            float *pDst, int dstStride1, int dstStride2,
+                                            int widthHeight);
+ZELM_API ZelStatus zelmCholeskyDecomp_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                            double *pDst, int dstStride1, int dstStride2,
+                                            int widthHeight);
+ZELM_API ZelStatus zelmCholeskyDecomp_m_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                              float *const *ppDst, int dstRoiShift,
+                                              int widthHeight);
+ZELM_API ZelStatus zelmCholeskyDecomp_m_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                              double *const *ppDst, int dstRoiShift,
+                                              int widthHeight);
+ZELM_API ZelStatus zelmCholeskyDecomp_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                             int srcStride2, float *pDst, int dstStride0,
+                                             int dstStride1, int dstStride2, int widthHeight,
+                                             int count);
+ZELM_API ZelStatus zelmCholeskyDecomp_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                             int srcStride2, double *pDst, int dstStride0,
+                                             int dstStride1, int dstStride2, int widthHeight,
+                                             int count);
+ZELM_API ZelStatus zelmCholeskyDecomp_ma_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                               int srcStride0, float *const *ppDst, int dstRoiShift,
+                                               int dstStride0, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyDecomp_ma_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                               int srcStride0, double *const *ppDst,
+                                               int dstRoiShift, int dstStride0, int widthHeight,
+                                               int count);
+ZELM_API ZelStatus zelmCholeskyDecomp_ma_32f_L(const float *const *ppSrc, int srcRoiShift,
+                                               int srcStride1, int srcStride2, float *const *ppDst,
+                                               int dstRoiShift, int dstStride1, int dstStride2,
+                                               int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyDecomp_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                               int srcStride1, int srcStride2, double *const *ppDst,
+                                               int dstRoiShift, int dstStride1, int dstStride2,
+                                               int widthHeight, int count);
+
+/* ============================================================================================== */
+/* CholeskyBackSubst: Solution of A * x = b from the Cholesky decomposition */
+/* ============================================================================================== */
+
+/* pSrc is the factor that zelmCholeskyDecomp wrote for A, of order n = widthHeight; pSrc2 is the
+ * right-hand side b and pDst receives x. Only the lower triangle of the factor is read; in a table
+ * of pointers (_P) the entries of the upper one may be null.
+ *   mv    one matrix, one right-hand side
+ *   mva   one matrix, count right-hand sides
+ *   mava  count matrices, each with its right-hand side
+ *
+ * Nothing is divided by: the diagonal of the factor holds reciprocals. The factor is not tested.
+ *
+ * In place: the destination may be the right-hand side, at the same address (table, roi shift) and
+ * with the same strides. No other overlap is allowed.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   mv:       no count.
+ *   mva, _L:  null pointer, bad stride, bad offset, bad size, bad count. */
+ZELM_API ZelStatus zelmCholeskyBackSubst_mv_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                                const float *pSrc2, int src2Stride2, float *pDst,
+                                                int dstStride2, int widthHeight);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mv_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                                const double *pSrc2, int src2Stride2, double *pDst,
+                                                int dstStride2, int widthHeight);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mv_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                  const float *const *ppSrc2, int src2RoiShift,
+                                                  float *const *ppDst, int dstRoiShift,
+                                                  int widthHeight);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mv_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                  const double *const *ppSrc2, int src2RoiShift,
+                                                  double *const *ppDst, int dstRoiShift,
+                                                  int widthHeight);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mva_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                                 const float *pSrc2, int src2Stride0,
+                                                 int src2Stride2, float *pDst, int dstStride0,
+                                                 int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mva_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                                 const double *pSrc2, int src2Stride0,
+                                                 int src2Stride2, double *pDst, int dstStride0,
+                                                 int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mva_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                   const float *const *ppSrc2, int src2RoiShift,
+                                                   int src2Stride0, float *const *ppDst,
+                                                   int dstRoiShift, int dstStride0, int widthHeight,
+                                                   int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mva_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                   const double *const *ppSrc2, int src2RoiShift,
+                                                   int src2Stride0, double *const *ppDst,
+                                                   int dstRoiShift, int dstStride0, int widthHeight,
+                                                   int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mva_32f_L(const float *pSrc, int srcStride1,
+                                                   int srcStride2, const float *const *ppSrc2,
+                                                   int src2RoiShift, int src2Stride2,
+                                                   float *const *ppDst, int dstRoiShift,
+                                                   int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mva_64f_L(const double *pSrc, int srcStride1,
+                                                   int srcStride2, const double *const *ppSrc2,
+                                                   int src2RoiShift, int src2Stride2,
+                                                   double *const *ppDst, int dstRoiShift,
+                                                   int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mava_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                                  int srcStride2, const float *pSrc2,
+                                                  int src2Stride0, int src2Stride2, float *pDst,
+                                                  int dstStride0, int dstStride2, int widthHeight,
+                                                  int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mava_64f(const double *pSrc, int srcStride0,
+                                                  int srcStride1, int srcStride2,
+                                                  const double *pSrc2, int src2Stride0,
+                                                  int src2Stride2, double *pDst, int dstStride0,
+                                                  int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mava_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                    int srcStride0, const float *const *ppSrc2,
+                                                    int src2RoiShift, int src2Stride0,
+                                                    float *const *ppDst, int dstRoiShift,
+                                                    int dstStride0, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mava_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                    int srcStride0, const double *const *ppSrc2,
+                                                    int src2RoiShift, int src2Stride0,
+                                                    double *const *ppDst, int dstRoiShift,
+                                                    int dstStride0, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mava_32f_L(const float *const *ppSrc, int srcRoiShift,
+                                                    int srcStride1, int srcStride2,
+                                                    const float *const *ppSrc2, int src2RoiShift,
+                                                    int src2Stride2, float *const *ppDst,
+                                                    int dstRoiShift, int dstStride2,
+                                                    int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mava_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                                    int srcStride1, int srcStride2,
+                                                    const double *const *ppSrc2, int src2RoiShift,
+                                                    int src2Stride2, double *const *ppDst,
+                                                    int dstRoiShift, int dstStride2,
+                                                    int widthHeight, int count);
+
 #ifdef __cplusplus
 }
 #endif

@@ -24,7 +24,8 @@ constexpr struct {
     {"Sub", "mma", "S", "pcsz"},
     {"Add Sub", "vav", "S P", "pzsco"},
     {"Add Sub", "vav", "L", "pzsoc"},
-    {"Add Sub Mul LUDecomp LUBackSubst", "", "S P L", "pczaso"},
+    {"CholeskyBackSubst", "mva", "L", "psozc"},
+    {"Add Sub Mul LUDecomp LUBackSubst CholeskyDecomp CholeskyBackSubst", "", "S P L", "pczaso"},
 };
 
 std::string order_of(const Member &m) {

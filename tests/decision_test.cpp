@@ -37,6 +37,11 @@ constexpr Limits scaled_vector = {p2100, p2100, p1200, p1200, 650};
 constexpr Limits decomposition = {p1000, p1000, p1000, p1000, 1000};
 constexpr Limits solve_vectors = {p700, p700, p700, p700, 700};
 constexpr Limits solve_pairs = {p1200, p1200, p1200, p1200, 1200};
+constexpr Pair p2000 = {2000, 2000}, p7500 = {7500, 7500}, p720 = {720, 720};
+constexpr Pair p2050 = {2050, 1700}, p1700 = {1700, 1700};
+constexpr Limits cholesky = {p7500, p7500, p2000, p2000, 2000};
+constexpr Limits cholesky_vectors = {p1200, p1200, p720, p720, 720};
+constexpr Limits cholesky_pairs = {p2050, p2050, p1700, p1700, 2050};
 
 // Sizes as they enter the operation: the result is h x w, products sum over k, c objects.
 struct N {
@@ -48,6 +53,8 @@ struct Row {
     const Limits &limits;
     Estimate estimate; // not wrapped
 };
+std::int64_t one_factor(N n) { return (n.w + 2 * n.c) * n.w; }
+std::int64_t many_factors(N n) { return (n.w + 2) * n.w * n.c; }
 const Row rows[] = {
     {"Add Sub", "mam mat tam tat mma mta tma tta", sum_matrix,
      [](N n) { return n.w * n.h * (2 * n.c + 1); }},
@@ -70,8 +77,11 @@ const Row rows[] = {
     {"Mul", "vca", scaled_vector, [](N n) { return n.w * (n.c + 1) + n.c; }},
     {"Mul", "vaca", scaled_vector, [](N n) { return n.c * (2 * n.w + 1); }},
     {"LUDecomp", "ma", decomposition, [](N n) { return n.w * n.w * n.c; }},
-    {"LUBackSubst", "mva", solve_vectors, [](N n) { return (n.w + 2 * n.c) * n.w; }},
-    {"LUBackSubst", "mava", solve_pairs, [](N n) { return (n.w + 2) * n.w * n.c; }},
+    {"LUBackSubst", "mva", solve_vectors, one_factor},
+    {"LUBackSubst", "mava", solve_pairs, many_factors},
+    {"CholeskyDecomp", "ma", cholesky, [](N n) { return n.w * n.w * n.c; }},
+    {"CholeskyBackSubst", "mva", cholesky_vectors, one_factor},
+    {"CholeskyBackSubst", "mava", cholesky_pairs, many_factors},
 };
 
 const Row &row_of(const Member &m) {
