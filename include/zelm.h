@@ -2104,6 +2104,111 @@ ZELM_API ZelStatus zelmLUBackSubst_mava_64f_L(const double *const *ppSrc, int sr
                                               int count);
 
 /* ============================================================================================== */
+/* Invert: Inverse matrices */
+/* ============================================================================================== */
+
+/* dst = the inverse of src, square of order n = widthHeight. pBuffer is scratch of n * (n + 1)
+ * elements, whose contents are lost; with several threads it is not used.
+ *
+ * m is the smallest normal number, 2^-126 (32f) or 2^-1022 (64f), and T(n) = 2 n^3 m, where 2 n^3
+ * wraps to 32 bits. A matrix is singular when
+ *   order 1:                                not |a| > 2 m
+ *   orders 3 and 4, adjacent elements:      T(n) > |determinant| (32f), 2 T(n) > ... (64f)
+ *   orders 5 and 6, adjacent elements:      T(n) > |pivot|
+ *   other orders, strides, and _P:          T(n) > |pivot| or T(n) >= |determinant|
+ * Elements are adjacent when every stride2 of the call is the size of an element.
+ *
+ * Methods: the adjugate, orders 3 and 4; Gauss-Jordan elimination, orders 5 and 6; for all else each
+ * cofactor is an elimination with row exchanges, which takes time of order n^5. A cofactor whose
+ * elimination meets a pivot of magnitude at most T(n) counts as T(n): an inverse has elements of
+ * T(n) / determinant where exact zeros might stand. Results differ in rounding between the methods.
+ * 32f reciprocals of orders 3 to 6 with adjacent elements are approximations after one Newton step,
+ * within about 2 units in the last place; of 2^126 and more they are 0.
+ *
+ * In place: the destination may be the source, at the same address (table, roi shift) and with the
+ * same strides, up to order 32. No other overlap is allowed.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   single matrices:  no count.
+ * zelStatusSingular: nothing is written for the singular matrix. An array is left at its first
+ * singular matrix: those before it are complete, those after it are untouched. Arrays of order 4 in
+ * 32f with adjacent elements are inverted by pairs, 0 and 1, 2 and 3 ...: of a pair with a singular
+ * matrix neither is written. When several threads share an array, this holds in each thread's range. */
+ZELM_API ZelStatus zelmInvert_m_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                    float *pBuffer, float *pDst, int dstStride1, int dstStride2,
+                                    int widthHeight);
+ZELM_API ZelStatus zelmInvert_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                    double *pBuffer, double *pDst, int dstStride1, int dstStride2,
+                                    int widthHeight);
+ZELM_API ZelStatus zelmInvert_m_32f_P(const float *const *ppSrc, int srcRoiShift, float *pBuffer,
+                                      float *const *ppDst, int dstRoiShift, int widthHeight);
+ZELM_API ZelStatus zelmInvert_m_64f_P(const double *const *ppSrc, int srcRoiShift, double *pBuffer,
+                                      double *const *ppDst, int dstRoiShift, int widthHeight);
+ZELM_API ZelStatus zelmInvert_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                     int srcStride2, float *pBuffer, float *pDst, int dstStride0,
+                                     int dstStride1, int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmInvert_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                     int srcStride2, double *pBuffer, double *pDst, int dstStride0,
+                                     int dstStride1, int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmInvert_ma_32f_P(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                       float *pBuffer, float *const *ppDst, int dstRoiShift,
+                                       int dstStride0, int widthHeight, int count);
+ZELM_API ZelStatus zelmInvert_ma_64f_P(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                       double *pBuffer, double *const *ppDst, int dstRoiShift,
+                                       int dstStride0, int widthHeight, int count);
+ZELM_API ZelStatus zelmInvert_ma_32f_L(const float *const *ppSrc, int srcRoiShift, int srcStride1,
+                                       int srcStride2, float *pBuffer, float *const *ppDst,
+                                       int dstRoiShift, int dstStride1, int dstStride2,
+                                       int widthHeight, int count);
+ZELM_API ZelStatus zelmInvert_ma_64f_L(const double *const *ppSrc, int srcRoiShift, int srcStride1,
+                                       int srcStride2, double *pBuffer, double *const *ppDst,
+                                       int dstRoiShift, int dstStride1, int dstStride2,
+                                       int widthHeight, int count);
+
+/* ============================================================================================== */
+/* Det: Determinants */
+/* ============================================================================================== */
+
+/* pDst receives the determinant of src, square of order n = widthHeight; of arrays, that of matrix k
+ * is element k of pDst, without gaps. pBuffer is scratch of n * (n + 1) elements, whose contents are
+ * lost; with several threads it is not used.
+ *
+ * Orders 3 to 6 are expanded in closed form and give whatever comes of it. Other orders are reduced
+ * by elimination with row exchanges: the determinant is 0 when T(n) > |pivot|, or the last element
+ * is not above T(n), where T(n) = 2 n^3 m, 2 n^3 wraps to 32 bits and m is the smallest normal
+ * number, 2^-126 (32f) or 2^-1022 (64f). A singular matrix is no error.
+ *
+ * pDst must not overlap a source.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   single matrices:  no count. */
+ZELM_API ZelStatus zelmDet_m_32f(const float *pSrc, int srcStride1, int srcStride2, int widthHeight,
+                                 float *pBuffer, float *pDst);
+ZELM_API ZelStatus zelmDet_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                 int widthHeight, double *pBuffer, double *pDst);
+ZELM_API ZelStatus zelmDet_m_32f_P(const float *const *ppSrc, int srcRoiShift, int widthHeight,
+                                   float *pBuffer, float *pDst);
+ZELM_API ZelStatus zelmDet_m_64f_P(const double *const *ppSrc, int srcRoiShift, int widthHeight,
+                                   double *pBuffer, double *pDst);
+ZELM_API ZelStatus zelmDet_ma_32f(const float *pSrc, int srcStride0, int srcStride1, int srcStride2,
+                                  int widthHeight, float *pBuffer, float *pDst, int count);
+ZELM_API ZelStatus zelmDet_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                  int srcStride2, int widthHeight, double *pBuffer, double *pDst,
+                                  int count);
+ZELM_API ZelStatus zelmDet_ma_32f_P(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                    int widthHeight, float *pBuffer, float *pDst, int count);
+ZELM_API ZelStatus zelmDet_ma_64f_P(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                    int widthHeight, double *pBuffer, double *pDst, int count);
+ZELM_API ZelStatus zelmDet_ma_32f_L(const float *const *ppSrc, int srcRoiShift, int srcStride1,
+                                    int srcStride2, int widthHeight, float *pBuffer, float *pDst,
+                                    int count);
+ZELM_API ZelStatus zelmDet_ma_64f_L(const double *const *ppSrc, int srcRoiShift, int srcStride1,
+                                    int srcStride2, int widthHeight, double *pBuffer, double *pDst,
+                                    int count);
+
+/* ============================================================================================== */
 /* CholeskyDecomp: Cholesky decomposition */
 /* ============================================================================================== */
 

@@ -1,6 +1,6 @@
-// Cholesky decomposition and substitution. Every form is compared bit for bit with one reference that
-// rounds each operation to the element type; its reciprocal root in 32f is the library's own, of
-// order 1, which is judged by itself.
+// Cholesky decomposition and substitution. Every form is compared bit for bit with one reference
+// that rounds each operation to the element type; its reciprocal root in 32f is the library's own,
+// of order 1, which is judged by itself.
 
 #include "support/solver.hpp"
 
@@ -45,7 +45,9 @@ int factor(bool single, Grid a, Grid &to) {
 
 Grid solution(bool single, Grid f, Grid x) {
     const int n = x.columns;
-    const auto subtract = [&](int i, double p) { x(i) = rounded(single, x(i) - rounded(single, p)); };
+    const auto subtract = [&](int i, double p) {
+        x(i) = rounded(single, x(i) - rounded(single, p));
+    };
     for (int i = 0; i < n; ++i) {
         for (int k = 0; k < i; ++k)
             subtract(i, f(i, k) * x(k));
@@ -126,12 +128,12 @@ TEST(CholeskyDecomp, EveryOrderAndCountInEveryMixOfMemoryShapes) {
     }
 }
 
-// The residual of one diagonal element has a given value. Behind the failing object come one of NaNs
-// and one that fails too.
+// The residual of one diagonal element has a given value. Behind the failing object come one of
+// NaNs and one that fails too.
 TEST(CholeskyDecomp, StateAfterAFailureAtEveryObjectAndRow) {
     for (const Member *m : family("CholeskyDecomp")) {
         const double least = m->is_float ? 0x1p-149 : 0x1p-1074;
-        const std::pair<double, int> cases[] = {{0, not_definite}, {-0., not_definite},
+        const std::pair<double, int> cases[] = {{0, not_definite},  {-0., not_definite},
                                                 {-1, not_definite}, {-least, not_definite},
                                                 {least, ok},        {not_a_number, ok}};
         int step = 0;
@@ -142,7 +144,8 @@ TEST(CholeskyDecomp, StateAfterAFailureAtEveryObjectAndRow) {
                 Problem problem = decomposition(*m, n, count, mixed(*m, step), step, false);
                 Placed &from = problem.operands[0];
                 set_source(problem, [&](int k, int i, int j) {
-                    const bool chosen = (k == failing || k == failing + 2) && (i == row || j == row);
+                    const bool chosen =
+                        (k == failing || k == failing + 2) && (i == row || j == row);
                     return chosen             ? (i == j ? value : 0)
                            : k == failing + 1 ? not_a_number
                                               : from.get(k, i, j);

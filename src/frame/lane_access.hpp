@@ -147,8 +147,8 @@ ZELM_INLINE void load_splat(Lanes<T> (&a)[H][W], const View &v) {
     });
 }
 
-// Row i of `a` is row i of each lane's object, or row rows(i, lane); of a Part its elements alone. In
-// dense objects the bytes between these may be read.
+// Row i of `a` is row i of each lane's object, or row rows(i, lane); of a Part its elements alone.
+// In dense objects the bytes between these may be read.
 template <class T, class Part = Whole, int H, int W, class Operand, class Rows = NaturalRows<T>>
 ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
                             const Rows &rows = {}) {
@@ -159,9 +159,8 @@ ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
             unroll<Part::width(i, W)>(ZELM_EACH(j) { b[i][j] = load<Lanes<T>>(at(i, j)); });
         });
         if constexpr (Rows::natural)
-            unroll<H>(ZELM_EACH(i) {
-                unroll<Part::width(i, W)>(ZELM_EACH(j) { a[i][j] = b[i][j]; });
-            });
+            unroll<H>(
+                ZELM_EACH(i) { unroll<Part::width(i, W)>(ZELM_EACH(j) { a[i][j] = b[i][j]; }); });
         else
             detail::permute_rows<T, false>(a, b, rows);
     };
@@ -215,9 +214,8 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
     const auto planar = [&](const auto &at) __attribute__((always_inline)) {
         Lanes<T> b[H][W];
         if constexpr (Rows::natural)
-            unroll<H>(ZELM_EACH(i) {
-                unroll<Part::width(i, W)>(ZELM_EACH(j) { b[i][j] = a[i][j]; });
-            });
+            unroll<H>(
+                ZELM_EACH(i) { unroll<Part::width(i, W)>(ZELM_EACH(j) { b[i][j] = a[i][j]; }); });
         else
             detail::permute_rows<T, true>(b, a, rows);
         unroll<H>(ZELM_EACH(i) {
@@ -248,7 +246,8 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
         char *base[L];
         detail::lane_objects<T>(base, op, first);
         const bool packed = W == 1 || v.stride2 == Distance{sizeof(T)};
-        if (Rows::natural && std::is_same_v<Part, Whole> && packed && (H == 1 || v.stride1 == W * Distance{sizeof(T)})) {
+        if (Rows::natural && std::is_same_v<Part, Whole> && packed &&
+            (H == 1 || v.stride1 == W * Distance{sizeof(T)})) {
             detail::store_runs<T, H * W>(base, a[0]);
         } else {
             unroll<H>(ZELM_EACH(i) {

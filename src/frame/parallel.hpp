@@ -24,7 +24,8 @@ struct Scratch {
     std::size_t bytes;
 };
 
-// kernel(scratch, n, operands...) over all objects, the operands moved to each range's first object.
+// kernel(scratch, n, operands...) over all objects, the operands moved to each range's first
+// object.
 template <class Kernel, class... Operands>
 [[gnu::noinline]] ZelStatus y8_ownOMP_zelm(const Kernel &kernel, Scratch scratch, int count,
                                            const Operands &...operands) {
@@ -45,9 +46,9 @@ ZELM_INLINE ZelStatus run_objects(bool serial, const Kernel &kernel, int count,
                                   const Operands &...operands) {
     if (serial)
         return kernel(count, operands...);
-    return y8_ownOMP_zelm([&kernel](void *, int n, const Operands &...moved) {
-        return kernel(n, moved...);
-    }, Scratch{}, count, operands...);
+    return y8_ownOMP_zelm(
+        [&kernel](void *, int n, const Operands &...moved) { return kernel(n, moved...); },
+        Scratch{}, count, operands...);
 }
 
 // The same for kernels that work in a buffer: kernel(buffer, n, operands...).

@@ -8,9 +8,9 @@
 
 namespace zelm {
 
-// Factors the lower triangle of `a` in place. Returns the lanes that met a diagonal residual that is
-// not positive; a NaN is not found out. is_final(i, j) is called once a[i][j] is final, row by row;
-// with one lane the work ends at a failure, before the failing diagonal element is final.
+// Factors the lower triangle of `a` in place. Returns the lanes that met a diagonal residual that
+// is not positive; a NaN is not found out. is_final(i, j) is called once a[i][j] is final, row by
+// row; with one lane the work ends at a failure, before the failing diagonal element is final.
 template <int N, class S, class IsFinal>
 ZELM_INLINE MaskOf<S> factor_cholesky(S (&a)[N][N], const IsFinal &is_final) {
     MaskOf<S> failing = no_lane<S>();

@@ -1,6 +1,7 @@
 #include "cholesky.hpp"
 
 #include "../frame/checks.hpp"
+#include "../frame/element_at.hpp"
 #include "../frame/estimate.hpp"
 #include "../frame/member.hpp"
 #include "../frame/parallel.hpp"
@@ -27,15 +28,6 @@ void solve_object(const Factor &factor, const Vector &b, const Result &result) {
     unroll<N>(ZELM_EACH(i) { put(result, 0, i, x[i]); });
 }
 
-// An element of memory, read and written.
-template <class View, class T>
-struct ElementAt {
-    const View &view;
-    int i;
-    ZELM_INLINE operator T() const { return get(view, 0, i); }
-    ZELM_INLINE void operator=(T value) const { put(view, 0, i, value); }
-};
-
 // Any order: x grows in the result.
 template <class T, class Factor, class Vector, class Result>
 void solve_object(int n, const Factor &factor, const Vector &b, const Result &x) {
@@ -43,9 +35,7 @@ void solve_object(int n, const Factor &factor, const Vector &b, const Result &x)
         put(x, 0, i, T{get(b, 0, i)});
     substitute_cholesky<T>(
         n, [&](int i, int k) { return get(factor, i, k); },
-        [&](int i) {
-            return ElementAt<Result, T>{x, i};
-        });
+        [&](int i) { return element_at<T>(x, 0, i); });
 }
 
 template <class Factor, class Vector, class Result>
@@ -121,9 +111,8 @@ void solve_array(int n, const Factor &factor, const Vector &b, const Result &x, 
             load_row<T>(part, from, group.first, row, 0, j);
         });
         substitute_cholesky<S>(n, element, [&](int i) -> S & { return y[i]; });
-        all([&](int j, auto &part) __attribute__((always_inline)) {
-            store_row<T>(to, group.first, row, 0, j, part);
-        });
+        all([&](int j, auto &part)
+                __attribute__((always_inline)) { store_row<T>(to, group.first, row, 0, j, part); });
         return 0u;
     };
     const auto alone = [&](int k) __attribute__((noinline)) {
@@ -171,9 +160,8 @@ ZelStatus y8_ownzelmCholeskyBackSubst(int count, const Factor &factor, const Vec
             constexpr int largest = Factor::is_array ? 16 : 256;
             if (n <= largest)
                 return solve_array<largest>(n, factor, b, x, count, overlap);
-            walk_singly(count, [&](int k) {
-                return y8_ownzelmCholeskyBackSubst_mv(factor, b, x, n, k);
-            });
+            walk_singly(count,
+                        [&](int k) { return y8_ownzelmCholeskyBackSubst_mv(factor, b, x, n, k); });
         });
     return zelStatusOk;
 }
@@ -210,8 +198,8 @@ ZELM_INLINE ZelStatus cholesky_backsubst(const Factor &factor, const Vector &b, 
         Factor::is_array
             ? (description == Description::layout ? matrix_array_layout : matrix_array_standard)
             : (description == Description::standard ? one_matrix_standard : one_matrix_tables);
-    const Estimate work = Factor::is_array ? (Estimate(n) + 2) * n * count
-                                           : (Estimate(n) + Estimate(2) * count) * n;
+    const Estimate work =
+        Factor::is_array ? (Estimate(n) + 2) * n * count : (Estimate(n) + Estimate(2) * count) * n;
     return run_objects(
         limits.serial(work, factor.packed() && b.packed() && x.packed()),
         [n](int objects, const Factor &f, const Vector &from, const Result &to) {

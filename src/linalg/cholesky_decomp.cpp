@@ -17,10 +17,8 @@ template <int N, class T, class Source, class Destination>
 ZelStatus factor_object(const Source &source, const Destination &destination) {
     T a[N][N];
     unroll<N>(ZELM_EACH(i) { unroll<i + 1>(ZELM_EACH(j) { a[i][j] = get(source, i, j); }); });
-    const bool failed =
-        factor_cholesky<N>(a, [&](int i, int j) __attribute__((always_inline)) {
-            put(destination, i, j, a[i][j]);
-        });
+    const bool failed = factor_cholesky<N>(
+        a, [&](int i, int j) __attribute__((always_inline)) { put(destination, i, j, a[i][j]); });
     return failed ? zelStatusNotPositiveDefinite : zelStatusOk;
 }
 
@@ -138,9 +136,9 @@ ZelStatus y8_ownzelmCholeskyDecomp_ma(int count, const Source &source,
 
 template <class Source, class Destination>
 ZELM_INLINE ZelStatus cholesky_decomp(const Source &source, const Destination &destination, int n) {
-    if (const ZelStatus s = first_failure(pointers(source, destination), sizes(n),
-                                          strides(source, destination),
-                                          shifts(source, destination)))
+    if (const ZelStatus s =
+            first_failure(pointers(source, destination), sizes(n), strides(source, destination),
+                          shifts(source, destination)))
         return s;
     return y8_ownzelmCholeskyDecomp_m(source, destination, n, 0);
 }
@@ -148,13 +146,12 @@ ZELM_INLINE ZelStatus cholesky_decomp(const Source &source, const Destination &d
 template <class Source, class Destination>
 ZELM_INLINE ZelStatus cholesky_decomp(const Source &source, const Destination &destination, int n,
                                       int count) {
-    if (const ZelStatus s = first_failure(pointers(source, destination), counts(count), sizes(n),
-                                          strides(source, destination),
-                                          shifts(source, destination)))
+    if (const ZelStatus s =
+            first_failure(pointers(source, destination), counts(count), sizes(n),
+                          strides(source, destination), shifts(source, destination)))
         return s;
-    constexpr Limits limits = description_of<Destination> == Description::standard
-                                  ? standard_limits
-                                  : table_limits;
+    constexpr Limits limits =
+        description_of<Destination> == Description::standard ? standard_limits : table_limits;
     return run_objects(
         limits.serial(Estimate(n) * n * count, true),
         [n](int objects, const Source &from, const Destination &to) {

@@ -21,7 +21,9 @@ struct Grid {
     std::vector<double> values;
 
     double &operator()(auto i, auto j) { return values[std::size_t(int(i) * columns + int(j))]; }
-    double operator()(auto i, auto j) const { return values[std::size_t(int(i) * columns + int(j))]; }
+    double operator()(auto i, auto j) const {
+        return values[std::size_t(int(i) * columns + int(j))];
+    }
     double &operator()(auto j) { return (*this)(0, j); }
     template <class T>
     std::vector<T> as() const {
