@@ -2370,6 +2370,165 @@ ZELM_API ZelStatus zelmCholeskyBackSubst_mava_64f_L(const double *const *ppSrc, 
                                                     int dstRoiShift, int dstStride2,
                                                     int widthHeight, int count);
 
+/* ============================================================================================== */
+/* QRDecomp: QR decomposition */
+/* ============================================================================================== */
+
+/* A = Q * R by Householder reflections, A of height rows and width columns, width <= height. Q is
+ * not formed. On and above its diagonal the destination holds R. Below the diagonal of column k it
+ * holds u(1), u(2) ... of the reflection I + beta * u * u' that made column k, where u(0) = 1 and
+ * beta = -2 / (u' * u) are not stored. There are width reflections, width - 1 of a square matrix.
+ *
+ * R(k, k) is -alpha: alpha is the length of column k from the diagonal down, with the sign of the
+ * diagonal element, and negative if that is 0. The sum of squares of such a column must be at least
+ * 2^-23 (32f) or 2^-52 (64f). The last diagonal element of a square R is not tested, and NaNs are
+ * not detected, nor are sums of squares that overflow. Divisions and roots are exact to rounding in
+ * both types.
+ *
+ * pBuffer is scratch of height elements.
+ *
+ * In place: the destination may be the source, at the same address (table, roi shift) and with the
+ * same strides. No other overlap is allowed.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset, size mismatch (width > height).
+ *   single matrices:  no count.
+ * zelStatusDivByZero: the sum of squares of column k is too small. The columns before it are final;
+ * it and those after it hold what k reflections have made of them. An array is left at its first
+ * failing matrix: those before it are complete, those after it are untouched. When several threads
+ * share an array, this holds in each thread's range of it.
+ *
+ * Method: Golub, Van Loan, Matrix Computations, 5.2. */
+ZELM_API ZelStatus zelmQRDecomp_m_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                      float *pBuffer, float *pDst, int dstStride1, int dstStride2,
+                                      int width, int height);
+ZELM_API ZelStatus zelmQRDecomp_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                      double *pBuffer, double *pDst, int dstStride1, int dstStride2,
+                                      int width, int height);
+ZELM_API ZelStatus zelmQRDecomp_m_32f_P(const float *const *ppSrc, int srcRoiShift, float *pBuffer,
+                                        float *const *ppDst, int dstRoiShift, int width,
+                                        int height);
+ZELM_API ZelStatus zelmQRDecomp_m_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                        double *pBuffer, double *const *ppDst, int dstRoiShift,
+                                        int width, int height);
+ZELM_API ZelStatus zelmQRDecomp_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                       int srcStride2, float *pBuffer, float *pDst, int dstStride0,
+                                       int dstStride1, int dstStride2, int width, int height,
+                                       int count);
+ZELM_API ZelStatus zelmQRDecomp_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                       int srcStride2, double *pBuffer, double *pDst,
+                                       int dstStride0, int dstStride1, int dstStride2, int width,
+                                       int height, int count);
+ZELM_API ZelStatus zelmQRDecomp_ma_32f_P(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                         float *pBuffer, float *const *ppDst, int dstRoiShift,
+                                         int dstStride0, int width, int height, int count);
+ZELM_API ZelStatus zelmQRDecomp_ma_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                         int srcStride0, double *pBuffer, double *const *ppDst,
+                                         int dstRoiShift, int dstStride0, int width, int height,
+                                         int count);
+ZELM_API ZelStatus zelmQRDecomp_ma_32f_L(const float *const *ppSrc, int srcRoiShift, int srcStride1,
+                                         int srcStride2, float *pBuffer, float *const *ppDst,
+                                         int dstRoiShift, int dstStride1, int dstStride2, int width,
+                                         int height, int count);
+ZELM_API ZelStatus zelmQRDecomp_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                         int srcStride1, int srcStride2, double *pBuffer,
+                                         double *const *ppDst, int dstRoiShift, int dstStride1,
+                                         int dstStride2, int width, int height, int count);
+
+/* ============================================================================================== */
+/* QRBackSubst: Solution of A * x = b from the QR decomposition */
+/* ============================================================================================== */
+
+/* pSrc is the factor that zelmQRDecomp wrote for A; pSrc2 is the right-hand side b of height
+ * elements, and pDst receives x of width elements, which makes the length of A * x - b least.
+ *   mv    one matrix, one right-hand side
+ *   mva   one matrix, count right-hand sides
+ *   mava  count matrices, each with its right-hand side
+ *
+ * pBuffer is scratch of height elements, whose contents are lost; with several threads it is not
+ * used. The factor is not tested: a zero on the diagonal of R gives infinities or NaNs.
+ *
+ * In place: the destination may be the right-hand side, at the same address (table, roi shift) and
+ * with the same strides. No other overlap is allowed.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset, size mismatch (width > height).
+ *   mv:  no count. */
+ZELM_API ZelStatus zelmQRBackSubst_mv_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                          float *pBuffer, const float *pSrc2, int src2Stride2,
+                                          float *pDst, int dstStride2, int width, int height);
+ZELM_API ZelStatus zelmQRBackSubst_mv_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                          double *pBuffer, const double *pSrc2, int src2Stride2,
+                                          double *pDst, int dstStride2, int width, int height);
+ZELM_API ZelStatus zelmQRBackSubst_mv_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                            float *pBuffer, const float *const *ppSrc2,
+                                            int src2RoiShift, float *const *ppDst, int dstRoiShift,
+                                            int width, int height);
+ZELM_API ZelStatus zelmQRBackSubst_mv_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                            double *pBuffer, const double *const *ppSrc2,
+                                            int src2RoiShift, double *const *ppDst, int dstRoiShift,
+                                            int width, int height);
+ZELM_API ZelStatus zelmQRBackSubst_mva_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                           float *pBuffer, const float *pSrc2, int src2Stride0,
+                                           int src2Stride2, float *pDst, int dstStride0,
+                                           int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mva_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                           double *pBuffer, const double *pSrc2, int src2Stride0,
+                                           int src2Stride2, double *pDst, int dstStride0,
+                                           int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mva_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                             float *pBuffer, const float *const *ppSrc2,
+                                             int src2RoiShift, int src2Stride0, float *const *ppDst,
+                                             int dstRoiShift, int dstStride0, int width, int height,
+                                             int count);
+ZELM_API ZelStatus zelmQRBackSubst_mva_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                             double *pBuffer, const double *const *ppSrc2,
+                                             int src2RoiShift, int src2Stride0,
+                                             double *const *ppDst, int dstRoiShift, int dstStride0,
+                                             int width, int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mva_32f_L(const float *pSrc, int srcStride1, int srcStride2,
+                                             float *pBuffer, const float *const *ppSrc2,
+                                             int src2RoiShift, int src2Stride2, float *const *ppDst,
+                                             int dstRoiShift, int dstStride2, int width, int height,
+                                             int count);
+ZELM_API ZelStatus zelmQRBackSubst_mva_64f_L(const double *pSrc, int srcStride1, int srcStride2,
+                                             double *pBuffer, const double *const *ppSrc2,
+                                             int src2RoiShift, int src2Stride2,
+                                             double *const *ppDst, int dstRoiShift, int dstStride2,
+                                             int width, int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mava_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                            int srcStride2, float *pBuffer, const float *pSrc2,
+                                            int src2Stride0, int src2Stride2, float *pDst,
+                                            int dstStride0, int dstStride2, int width, int height,
+                                            int count);
+ZELM_API ZelStatus zelmQRBackSubst_mava_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                            int srcStride2, double *pBuffer, const double *pSrc2,
+                                            int src2Stride0, int src2Stride2, double *pDst,
+                                            int dstStride0, int dstStride2, int width, int height,
+                                            int count);
+ZELM_API ZelStatus zelmQRBackSubst_mava_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                              int srcStride0, float *pBuffer,
+                                              const float *const *ppSrc2, int src2RoiShift,
+                                              int src2Stride0, float *const *ppDst, int dstRoiShift,
+                                              int dstStride0, int width, int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mava_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                              int srcStride0, double *pBuffer,
+                                              const double *const *ppSrc2, int src2RoiShift,
+                                              int src2Stride0, double *const *ppDst,
+                                              int dstRoiShift, int dstStride0, int width,
+                                              int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mava_32f_L(const float *const *ppSrc, int srcRoiShift,
+                                              int srcStride1, int srcStride2, float *pBuffer,
+                                              const float *const *ppSrc2, int src2RoiShift,
+                                              int src2Stride2, float *const *ppDst, int dstRoiShift,
+                                              int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mava_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                              int srcStride1, int srcStride2, double *pBuffer,
+                                              const double *const *ppSrc2, int src2RoiShift,
+                                              int src2Stride2, double *const *ppDst,
+                                              int dstRoiShift, int dstStride2, int width,
+                                              int height, int count);
+
 #ifdef __cplusplus
 }
 #endif
