@@ -43,7 +43,7 @@ T *const *destinations(const std::vector<void *> &table) {
 }
 
 inline void must(ZelStatus status) {
-    if (status == zelStatusSingular)
+    if (status == zelStatusSingular || status == zelStatusDivByZero)
         throw BadLuck("singular");
     if (status != zelStatusOk)
         throw std::runtime_error("status " + std::to_string(status));

@@ -67,6 +67,9 @@ int run(const Options &options, char *program) {
 
     Rows rows(peers);
     add_lu_rows(rows);
+    add_cholesky_rows(rows);
+    add_invert_rows(rows);
+    add_qr_rows(rows);
     add_mul_rows(rows);
     add_sum_rows(rows);
     add_call_rows(rows);

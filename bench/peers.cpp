@@ -4,15 +4,19 @@
 #include <dlfcn.h>
 
 namespace zelm::bench {
+namespace {
+constexpr const char *modules[] = {"loop", "eigen",  "eigen_factors", "glm",
+                                   "cglm", "lapack", "xsmm"};
+}
 
 Peers::Peers(const std::string &folder) {
     setenv("OPENBLAS_NUM_THREADS", "1", 1);
     // Each copy of OpenBLAS chooses its kernels when it is loaded.
     setenv("OPENBLAS_CORETYPE", "Nehalem", 1);
-    for (const char *name : {"loop", "eigen", "glm", "cglm", "lapack", "xsmm"})
+    for (const char *name : modules)
         load(folder, name, Build::sse);
     unsetenv("OPENBLAS_CORETYPE");
-    for (const char *name : {"loop", "eigen", "glm", "cglm", "lapack", "xsmm"})
+    for (const char *name : modules)
         load(folder, name, Build::machine);
 }
 

@@ -169,6 +169,132 @@ double solution_error(const BenchProblem &p) {
     return worst.worst();
 }
 
+// L * L' against a. The diagonal of L is inverted where the factor is the library's.
+template <class T>
+double cholesky_error(const BenchProblem &p, BenchPivots stored) {
+    Worst<T> worst;
+    const auto l = [&](int n, int i, int k) -> Wider<T> {
+        const Wider<T> x =
+            stored == bench_factor_by_columns ? at<T>(p.c, n, k, i) : at<T>(p.c, n, i, k);
+        return i == k && stored == bench_pivots_none ? 1 / x : x;
+    };
+    for (int n = 0; n < p.count; ++n)
+        for (int i = 0; i < p.rows; ++i)
+            for (int j = 0; j <= i; ++j) {
+                Wider<T> s = 0, magnitude = 0;
+                for (int k = 0; k <= j; ++k) {
+                    s += l(n, i, k) * l(n, j, k);
+                    magnitude += std::abs(l(n, i, k) * l(n, j, k));
+                }
+                worst.add(s, at<T>(p.a, n, i, j), 4 * p.rows * epsilon<T> * magnitude);
+            }
+    return worst.worst();
+}
+
+// a * c against 1. Cofactors may cost a condition number more than elimination.
+template <class T>
+double inverse_error(const BenchProblem &p) {
+    Worst<T> worst;
+    const int order = p.rows;
+    for (int n = 0; n < p.count; ++n) {
+        Wider<T> of_a = 0, of_c = 0;
+        for (int i = 0; i < order * order; ++i) {
+            of_a += std::abs(Wider<T>{at<T>(p.a, n, i / order, i % order)});
+            of_c += std::abs(Wider<T>{at<T>(p.c, n, i / order, i % order)});
+        }
+        for (int i = 0; i < order; ++i)
+            for (int j = 0; j < order; ++j) {
+                Wider<T> s = 0;
+                for (int k = 0; k < order; ++k)
+                    s += Wider<T>{at<T>(p.a, n, i, k)} * Wider<T>{at<T>(p.c, n, k, j)};
+                worst.add(s, i == j, epsilon<T> * (of_a * of_c) * (1 + of_a * of_c));
+            }
+    }
+    return worst.worst();
+}
+
+// Against elimination in a wider type, in units of the product of the lengths of the rows.
+template <class T>
+double determinant_error(const BenchProblem &p) {
+    Worst<T> worst;
+    const int order = p.rows;
+    for (int n = 0; n < p.count; ++n) {
+        std::vector<std::vector<Wider<T>>> a;
+        Wider<T> d = 1, bound = 1;
+        for (int i = 0; i < order; ++i) {
+            Wider<T> square = 0;
+            a.emplace_back();
+            for (int j = 0; j < order; ++j) {
+                a.back().push_back(at<T>(p.a, n, i, j));
+                square += a.back().back() * a.back().back();
+            }
+            bound *= std::sqrt(square);
+        }
+        for (std::size_t k = 0; k < a.size(); ++k) {
+            std::size_t best = k;
+            for (std::size_t i = k; i < a.size(); ++i)
+                best = std::abs(a[i][k]) > std::abs(a[best][k]) ? i : best;
+            std::swap(a[k], a[best]);
+            d *= best == k ? a[k][k] : -a[k][k];
+            for (std::size_t i = k + 1; i < a.size(); ++i)
+                for (std::size_t j = a.size(); j-- > k;)
+                    a[i][j] -= a[i][k] / a[k][k] * a[k][j];
+        }
+        worst.add(at<T>(p.c, n, 0, 0), d, 8 * order * epsilon<T> * bound);
+    }
+    return worst.worst();
+}
+
+// R' * R against a' * a.
+template <class T>
+double qr_error(const BenchProblem &p, BenchPivots stored) {
+    Worst<T> worst;
+    const auto r = [&](int n, int k, int j) -> Wider<T> {
+        return stored == bench_factor_by_columns ? *(&at<T>(p.c, n, 0, 0) + j * p.rows + k)
+                                                 : at<T>(p.c, n, k, j);
+    };
+    const auto a = [&](int n, int k, int j) -> Wider<T> {
+        return stored == bench_factor_by_columns ? *(&at<T>(p.a, n, 0, 0) + j * p.rows + k)
+                                                 : at<T>(p.a, n, k, j);
+    };
+    for (int n = 0; n < p.count; ++n)
+        for (int i = 0; i < p.columns; ++i)
+            for (int j = 0; j <= i; ++j) {
+                Wider<T> s = 0, t = 0;
+                for (int k = 0; k <= j; ++k)
+                    s += r(n, k, i) * r(n, k, j);
+                for (int k = 0; k < p.rows; ++k)
+                    t += a(n, k, i) * a(n, k, j);
+                worst.add(s, t, 32 * p.rows * p.rows * epsilon<T>);
+            }
+    return worst.worst();
+}
+
+// The residual of a least squares solution is orthogonal to the columns.
+template <class T>
+double least_squares_error(const BenchProblem &p) {
+    Worst<T> worst;
+    for (int n = 0; n < p.count; ++n) {
+        std::vector<Wider<T>> rest;
+        Wider<T> largest = 1;
+        for (int i = 0; i < p.rows; ++i) {
+            Wider<T> s = at<T>(p.b, n, 0, i);
+            for (int j = 0; j < p.columns; ++j) {
+                s -= Wider<T>{at<T>(p.a, n, i, j)} * Wider<T>{at<T>(p.c, n, 0, j)};
+                largest = std::max(largest, std::abs(Wider<T>{at<T>(p.c, n, 0, j)}));
+            }
+            rest.push_back(s);
+        }
+        for (int j = 0; j < p.columns; ++j) {
+            Wider<T> s = 0;
+            for (int i = 0; i < p.rows; ++i)
+                s += rest[static_cast<std::size_t>(i)] * Wider<T>{at<T>(p.a, n, i, j)};
+            worst.add(s, 0, 32 * p.rows * p.rows * epsilon<T> * largest);
+        }
+    }
+    return worst.worst();
+}
+
 template <class T>
 double work_error(const BenchProblem &p, BenchWork work, BenchPivots pivots) {
     switch (work) {
@@ -183,7 +309,18 @@ double work_error(const BenchProblem &p, BenchWork work, BenchPivots pivots) {
     case bench_lu:
         return factor_error<T>(p, pivots);
     case bench_lu_solve:
+    case bench_cholesky_solve:
         return solution_error<T>(p);
+    case bench_cholesky:
+        return cholesky_error<T>(p, pivots);
+    case bench_invert:
+        return inverse_error<T>(p);
+    case bench_det:
+        return determinant_error<T>(p);
+    case bench_qr:
+        return qr_error<T>(p, pivots);
+    case bench_qr_solve:
+        return least_squares_error<T>(p);
     }
     return std::numeric_limits<double>::quiet_NaN();
 }
@@ -216,23 +353,40 @@ Workspace::Workspace(BenchWork work, ElementType type, Shape shape, BenchMemory 
         c_ = vector;
         break;
     case bench_lu:
+    case bench_cholesky:
+    case bench_invert:
         a_ = c_ = square;
         break;
     case bench_lu_solve:
+    case bench_cholesky_solve:
         a_ = square;
         b_ = c_ = vector;
+        break;
+    case bench_det:
+        a_ = square;
+        c_ = {1, 1};
+        break;
+    case bench_qr:
+        a_ = c_ = {shape.rows, shape.columns};
+        break;
+    case bench_qr_solve:
+        a_ = {shape.rows, shape.columns};
+        b_ = vector;
+        c_ = {1, shape.columns};
         break;
     }
     problem_.a = place(a_, memory, work == bench_mul_mma);
     if (b_.rows > 0)
         problem_.b = place(b_, memory, work == bench_mul_mam);
-    problem_.c = place(c_, memory, false);
+    problem_.c = place(c_, work == bench_det ? bench_packed : memory, false);
     if (work == bench_lu || work == bench_lu_solve) {
         index_.resize(static_cast<std::size_t>(count) * static_cast<std::size_t>(shape.rows));
         problem_.index = index_.data();
     }
-    if (work == bench_lu_solve)
-        problem_.factors = place(square, memory, false);
+    if (work == bench_lu_solve || work == bench_cholesky_solve || work == bench_qr_solve)
+        problem_.factors = place(a_, memory, false);
+    buffer_.resize(static_cast<std::size_t>(shape.rows) * static_cast<std::size_t>(shape.rows + 1));
+    problem_.buffer = buffer_.data();
 
     const auto list = [&](const BenchOperand &o, Extent extent, std::vector<void *> &elements,
                           std::vector<void *> &objects) {
@@ -304,6 +458,17 @@ void Workspace::fill(unsigned seed) {
         else
             fill_operand(operand, extent, double{});
     }
+    // Symmetric and definite.
+    const auto make_definite = [&]<class T>(T) {
+        for (int n = 0; n < problem_.count; ++n)
+            for (int i = 0; i < a_.rows; ++i) {
+                at<T>(problem_.a, n, i, i) += static_cast<T>(a_.rows);
+                for (int j = 0; j < i; ++j)
+                    at<T>(problem_.a, n, j, i) = at<T>(problem_.a, n, i, j);
+            }
+    };
+    if (work_ == bench_cholesky || work_ == bench_cholesky_solve)
+        type_ == ElementType::f32 ? make_definite(float{}) : make_definite(double{});
 }
 
 void Workspace::poison() {

@@ -19,6 +19,7 @@ struct Shape {
 struct Problem : BenchProblem {
     std::vector<void *> a_elements, b_elements, c_elements; // of object 0, for pointer descriptions
     std::vector<void *> a_objects, b_objects, c_objects;    // for layout descriptions
+    void *buffer;                                           // scratch of one object
 };
 
 enum class ElementType { f32, f64 };
@@ -38,7 +39,7 @@ public:
 
     // The largest error of the results in units of the largest that rounding explains: wrong above
     // 1 or not a number. The factors of bench_lu are multiplied out, solutions are put into their
-    // systems, products are computed in a wider type, sums must be exact.
+    // systems, other results are computed in a wider type, sums must be exact.
     double error(BenchPivots pivots) const;
 
 private:
@@ -55,6 +56,7 @@ private:
     Extent a_{}, b_{}, c_{};
     Problem problem_{};
     std::vector<int> index_;
+    std::vector<double> buffer_;
     std::vector<std::unique_ptr<std::byte[], Free>> blocks_;
 };
 

@@ -2943,6 +2943,432 @@ ZELM_API ZelStatus zelmLUBackSubst_mava_64f_L(const double *const *ppSrc, int sr
                                               int dstRoiShift, int dstStride2, int widthHeight,
                                               int count);
 
+/* ============================================================================================== */
+/* Invert: Inverse matrices */
+/* ============================================================================================== */
+
+/* dst = the inverse of src, square of order n = widthHeight. pBuffer is scratch of n * (n + 1)
+ * elements, whose contents are lost; with several threads it is not used.
+ *
+ * m is the smallest normal number, 2^-126 (32f) or 2^-1022 (64f), and T(n) = 2 n^3 m, where 2 n^3
+ * wraps to 32 bits. A matrix is singular when
+ *   order 1:                                not |a| > 2 m
+ *   orders 3 and 4, adjacent elements:      T(n) > |determinant| (32f), 2 T(n) > ... (64f)
+ *   orders 5 and 6, adjacent elements:      T(n) > |pivot|
+ *   other orders, strides, and _P:          T(n) > |pivot| or T(n) >= |determinant|
+ * Elements are adjacent when every stride2 of the call is the size of an element.
+ *
+ * Methods: the adjugate, orders 3 and 4; Gauss-Jordan elimination, orders 5 and 6; for all else each
+ * cofactor is an elimination with row exchanges, which takes time of order n^5. A cofactor whose
+ * elimination meets a pivot of magnitude at most T(n) counts as T(n): an inverse has elements of
+ * T(n) / determinant where exact zeros might stand. Results differ in rounding between the methods.
+ * 32f reciprocals of orders 3 to 6 with adjacent elements are approximations after one Newton step,
+ * within about 2 units in the last place; of 2^126 and more they are 0.
+ *
+ * In place: the destination may be the source, at the same address (table, roi shift) and with the
+ * same strides, up to order 32. No other overlap is allowed.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   single matrices:  no count.
+ * zelStatusSingular: nothing is written for the singular matrix. An array is left at its first
+ * singular matrix: those before it are complete, those after it are untouched. Arrays of order 4 in
+ * 32f with adjacent elements are inverted by pairs, 0 and 1, 2 and 3 ...: of a pair with a singular
+ * matrix neither is written. When several threads share an array, this holds in each thread's range. */
+ZELM_API ZelStatus zelmInvert_m_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                    float *pBuffer, float *pDst, int dstStride1, int dstStride2,
+                                    int widthHeight);
+ZELM_API ZelStatus zelmInvert_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                    double *pBuffer, double *pDst, int dstStride1, int dstStride2,
+                                    int widthHeight);
+ZELM_API ZelStatus zelmInvert_m_32f_P(const float *const *ppSrc, int srcRoiShift, float *pBuffer,
+                                      float *const *ppDst, int dstRoiShift, int widthHeight);
+ZELM_API ZelStatus zelmInvert_m_64f_P(const double *const *ppSrc, int srcRoiShift, double *pBuffer,
+                                      double *const *ppDst, int dstRoiShift, int widthHeight);
+ZELM_API ZelStatus zelmInvert_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                     int srcStride2, float *pBuffer, float *pDst, int dstStride0,
+                                     int dstStride1, int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmInvert_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                     int srcStride2, double *pBuffer, double *pDst, int dstStride0,
+                                     int dstStride1, int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmInvert_ma_32f_P(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                       float *pBuffer, float *const *ppDst, int dstRoiShift,
+                                       int dstStride0, int widthHeight, int count);
+ZELM_API ZelStatus zelmInvert_ma_64f_P(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                       double *pBuffer, double *const *ppDst, int dstRoiShift,
+                                       int dstStride0, int widthHeight, int count);
+ZELM_API ZelStatus zelmInvert_ma_32f_L(const float *const *ppSrc, int srcRoiShift, int srcStride1,
+                                       int srcStride2, float *pBuffer, float *const *ppDst,
+                                       int dstRoiShift, int dstStride1, int dstStride2,
+                                       int widthHeight, int count);
+ZELM_API ZelStatus zelmInvert_ma_64f_L(const double *const *ppSrc, int srcRoiShift, int srcStride1,
+                                       int srcStride2, double *pBuffer, double *const *ppDst,
+                                       int dstRoiShift, int dstStride1, int dstStride2,
+                                       int widthHeight, int count);
+
+/* ============================================================================================== */
+/* Det: Determinants */
+/* ============================================================================================== */
+
+/* pDst receives the determinant of src, square of order n = widthHeight; of arrays, that of matrix k
+ * is element k of pDst, without gaps. pBuffer is scratch of n * (n + 1) elements, whose contents are
+ * lost; with several threads it is not used.
+ *
+ * Orders 3 to 6 are expanded in closed form and give whatever comes of it. Other orders are reduced
+ * by elimination with row exchanges: the determinant is 0 when T(n) > |pivot|, or the last element
+ * is not above T(n), where T(n) = 2 n^3 m, 2 n^3 wraps to 32 bits and m is the smallest normal
+ * number, 2^-126 (32f) or 2^-1022 (64f). A singular matrix is no error.
+ *
+ * pDst must not overlap a source.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   single matrices:  no count. */
+ZELM_API ZelStatus zelmDet_m_32f(const float *pSrc, int srcStride1, int srcStride2, int widthHeight,
+                                 float *pBuffer, float *pDst);
+ZELM_API ZelStatus zelmDet_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                 int widthHeight, double *pBuffer, double *pDst);
+ZELM_API ZelStatus zelmDet_m_32f_P(const float *const *ppSrc, int srcRoiShift, int widthHeight,
+                                   float *pBuffer, float *pDst);
+ZELM_API ZelStatus zelmDet_m_64f_P(const double *const *ppSrc, int srcRoiShift, int widthHeight,
+                                   double *pBuffer, double *pDst);
+ZELM_API ZelStatus zelmDet_ma_32f(const float *pSrc, int srcStride0, int srcStride1, int srcStride2,
+                                  int widthHeight, float *pBuffer, float *pDst, int count);
+ZELM_API ZelStatus zelmDet_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                  int srcStride2, int widthHeight, double *pBuffer, double *pDst,
+                                  int count);
+ZELM_API ZelStatus zelmDet_ma_32f_P(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                    int widthHeight, float *pBuffer, float *pDst, int count);
+ZELM_API ZelStatus zelmDet_ma_64f_P(const double *const *ppSrc, int srcRoiShift, int srcStride0,
+                                    int widthHeight, double *pBuffer, double *pDst, int count);
+ZELM_API ZelStatus zelmDet_ma_32f_L(const float *const *ppSrc, int srcRoiShift, int srcStride1,
+                                    int srcStride2, int widthHeight, float *pBuffer, float *pDst,
+                                    int count);
+ZELM_API ZelStatus zelmDet_ma_64f_L(const double *const *ppSrc, int srcRoiShift, int srcStride1,
+                                    int srcStride2, int widthHeight, double *pBuffer, double *pDst,
+                                    int count);
+
+/* ============================================================================================== */
+/* CholeskyDecomp: Cholesky decomposition */
+/* ============================================================================================== */
+
+/* A = L * L', A symmetric and positive definite, L lower triangular, L' its transpose. All matrices
+ * are square of order n = widthHeight.
+ *
+ * Only the lower triangle of the source is read, the diagonal included, and only that of the
+ * destination is written: the upper triangles may hold anything, and in a table of pointers (_P)
+ * their entries may be null. Element (i, j) of the destination is L(i, j) for j < i, and the
+ * diagonal holds reciprocals: element (i, i) is 1 / L(i, i).
+ *
+ * The reciprocal root is exact to rounding in 64f. In 32f it is the processor's approximation after
+ * one Newton step, within about 2 units in the last place, and infinite or NaN for a diagonal
+ * residual that is subnormal or infinite; processors differ in its last bits.
+ *
+ * A is not positive definite when a diagonal residual d, A(i, i) less the squares of row i of L,
+ * has 0 >= d. There is no tolerance, and NaNs are not detected.
+ *
+ * In place: the destination may be the source, at the same address (table, roi shift) and with the
+ * same strides. No other overlap is allowed.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   single matrices:  no count.
+ * zelStatusNotPositiveDefinite: the rows before the failing one are written, and that row without
+ * its diagonal element; the rows after it are untouched. An array is left at its first failing
+ * matrix: those before it are complete, those after it are untouched. When several threads share
+ * an array, this holds in each thread's range of it.
+ *
+ * Method: Golub, Van Loan, Matrix Computations, 4.2. */
+ZELM_API ZelStatus zelmCholeskyDecomp_m_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                            float *pDst, int dstStride1, int dstStride2,
+                                            int widthHeight);
+ZELM_API ZelStatus zelmCholeskyDecomp_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                            double *pDst, int dstStride1, int dstStride2,
+                                            int widthHeight);
+ZELM_API ZelStatus zelmCholeskyDecomp_m_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                              float *const *ppDst, int dstRoiShift,
+                                              int widthHeight);
+ZELM_API ZelStatus zelmCholeskyDecomp_m_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                              double *const *ppDst, int dstRoiShift,
+                                              int widthHeight);
+ZELM_API ZelStatus zelmCholeskyDecomp_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                             int srcStride2, float *pDst, int dstStride0,
+                                             int dstStride1, int dstStride2, int widthHeight,
+                                             int count);
+ZELM_API ZelStatus zelmCholeskyDecomp_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                             int srcStride2, double *pDst, int dstStride0,
+                                             int dstStride1, int dstStride2, int widthHeight,
+                                             int count);
+ZELM_API ZelStatus zelmCholeskyDecomp_ma_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                               int srcStride0, float *const *ppDst, int dstRoiShift,
+                                               int dstStride0, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyDecomp_ma_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                               int srcStride0, double *const *ppDst,
+                                               int dstRoiShift, int dstStride0, int widthHeight,
+                                               int count);
+ZELM_API ZelStatus zelmCholeskyDecomp_ma_32f_L(const float *const *ppSrc, int srcRoiShift,
+                                               int srcStride1, int srcStride2, float *const *ppDst,
+                                               int dstRoiShift, int dstStride1, int dstStride2,
+                                               int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyDecomp_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                               int srcStride1, int srcStride2, double *const *ppDst,
+                                               int dstRoiShift, int dstStride1, int dstStride2,
+                                               int widthHeight, int count);
+
+/* ============================================================================================== */
+/* CholeskyBackSubst: Solution of A * x = b from the Cholesky decomposition */
+/* ============================================================================================== */
+
+/* pSrc is the factor that zelmCholeskyDecomp wrote for A, of order n = widthHeight; pSrc2 is the
+ * right-hand side b and pDst receives x. Only the lower triangle of the factor is read; in a table
+ * of pointers (_P) the entries of the upper one may be null.
+ *   mv    one matrix, one right-hand side
+ *   mva   one matrix, count right-hand sides
+ *   mava  count matrices, each with its right-hand side
+ *
+ * Nothing is divided by: the diagonal of the factor holds reciprocals. The factor is not tested.
+ *
+ * In place: the destination may be the right-hand side, at the same address (table, roi shift) and
+ * with the same strides. No other overlap is allowed.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset.
+ *   mv:       no count.
+ *   mva, _L:  null pointer, bad stride, bad offset, bad size, bad count. */
+ZELM_API ZelStatus zelmCholeskyBackSubst_mv_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                                const float *pSrc2, int src2Stride2, float *pDst,
+                                                int dstStride2, int widthHeight);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mv_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                                const double *pSrc2, int src2Stride2, double *pDst,
+                                                int dstStride2, int widthHeight);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mv_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                  const float *const *ppSrc2, int src2RoiShift,
+                                                  float *const *ppDst, int dstRoiShift,
+                                                  int widthHeight);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mv_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                  const double *const *ppSrc2, int src2RoiShift,
+                                                  double *const *ppDst, int dstRoiShift,
+                                                  int widthHeight);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mva_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                                 const float *pSrc2, int src2Stride0,
+                                                 int src2Stride2, float *pDst, int dstStride0,
+                                                 int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mva_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                                 const double *pSrc2, int src2Stride0,
+                                                 int src2Stride2, double *pDst, int dstStride0,
+                                                 int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mva_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                   const float *const *ppSrc2, int src2RoiShift,
+                                                   int src2Stride0, float *const *ppDst,
+                                                   int dstRoiShift, int dstStride0, int widthHeight,
+                                                   int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mva_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                   const double *const *ppSrc2, int src2RoiShift,
+                                                   int src2Stride0, double *const *ppDst,
+                                                   int dstRoiShift, int dstStride0, int widthHeight,
+                                                   int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mva_32f_L(const float *pSrc, int srcStride1,
+                                                   int srcStride2, const float *const *ppSrc2,
+                                                   int src2RoiShift, int src2Stride2,
+                                                   float *const *ppDst, int dstRoiShift,
+                                                   int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mva_64f_L(const double *pSrc, int srcStride1,
+                                                   int srcStride2, const double *const *ppSrc2,
+                                                   int src2RoiShift, int src2Stride2,
+                                                   double *const *ppDst, int dstRoiShift,
+                                                   int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mava_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                                  int srcStride2, const float *pSrc2,
+                                                  int src2Stride0, int src2Stride2, float *pDst,
+                                                  int dstStride0, int dstStride2, int widthHeight,
+                                                  int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mava_64f(const double *pSrc, int srcStride0,
+                                                  int srcStride1, int srcStride2,
+                                                  const double *pSrc2, int src2Stride0,
+                                                  int src2Stride2, double *pDst, int dstStride0,
+                                                  int dstStride2, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mava_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                    int srcStride0, const float *const *ppSrc2,
+                                                    int src2RoiShift, int src2Stride0,
+                                                    float *const *ppDst, int dstRoiShift,
+                                                    int dstStride0, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mava_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                    int srcStride0, const double *const *ppSrc2,
+                                                    int src2RoiShift, int src2Stride0,
+                                                    double *const *ppDst, int dstRoiShift,
+                                                    int dstStride0, int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mava_32f_L(const float *const *ppSrc, int srcRoiShift,
+                                                    int srcStride1, int srcStride2,
+                                                    const float *const *ppSrc2, int src2RoiShift,
+                                                    int src2Stride2, float *const *ppDst,
+                                                    int dstRoiShift, int dstStride2,
+                                                    int widthHeight, int count);
+ZELM_API ZelStatus zelmCholeskyBackSubst_mava_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                                    int srcStride1, int srcStride2,
+                                                    const double *const *ppSrc2, int src2RoiShift,
+                                                    int src2Stride2, double *const *ppDst,
+                                                    int dstRoiShift, int dstStride2,
+                                                    int widthHeight, int count);
+
+/* ============================================================================================== */
+/* QRDecomp: QR decomposition */
+/* ============================================================================================== */
+
+/* A = Q * R by Householder reflections, A of height rows and width columns, width <= height. Q is
+ * not formed. On and above its diagonal the destination holds R. Below the diagonal of column k it
+ * holds u(1), u(2) ... of the reflection I + beta * u * u' that made column k, where u(0) = 1 and
+ * beta = -2 / (u' * u) are not stored. There are width reflections, width - 1 of a square matrix.
+ *
+ * R(k, k) is -alpha: alpha is the length of column k from the diagonal down, with the sign of the
+ * diagonal element, and negative if that is 0. The sum of squares of such a column must be at least
+ * 2^-23 (32f) or 2^-52 (64f). The last diagonal element of a square R is not tested, and NaNs are
+ * not detected, nor are sums of squares that overflow. Divisions and roots are exact to rounding in
+ * both types.
+ *
+ * pBuffer is scratch of height elements.
+ *
+ * In place: the destination may be the source, at the same address (table, roi shift) and with the
+ * same strides. No other overlap is allowed.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset, size mismatch (width > height).
+ *   single matrices:  no count.
+ * zelStatusDivByZero: the sum of squares of column k is too small. The columns before it are final;
+ * it and those after it hold what k reflections have made of them. An array is left at its first
+ * failing matrix: those before it are complete, those after it are untouched. When several threads
+ * share an array, this holds in each thread's range of it.
+ *
+ * Method: Golub, Van Loan, Matrix Computations, 5.2. */
+ZELM_API ZelStatus zelmQRDecomp_m_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                      float *pBuffer, float *pDst, int dstStride1, int dstStride2,
+                                      int width, int height);
+ZELM_API ZelStatus zelmQRDecomp_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                      double *pBuffer, double *pDst, int dstStride1, int dstStride2,
+                                      int width, int height);
+ZELM_API ZelStatus zelmQRDecomp_m_32f_P(const float *const *ppSrc, int srcRoiShift, float *pBuffer,
+                                        float *const *ppDst, int dstRoiShift, int width,
+                                        int height);
+ZELM_API ZelStatus zelmQRDecomp_m_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                        double *pBuffer, double *const *ppDst, int dstRoiShift,
+                                        int width, int height);
+ZELM_API ZelStatus zelmQRDecomp_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                       int srcStride2, float *pBuffer, float *pDst, int dstStride0,
+                                       int dstStride1, int dstStride2, int width, int height,
+                                       int count);
+ZELM_API ZelStatus zelmQRDecomp_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                       int srcStride2, double *pBuffer, double *pDst,
+                                       int dstStride0, int dstStride1, int dstStride2, int width,
+                                       int height, int count);
+ZELM_API ZelStatus zelmQRDecomp_ma_32f_P(const float *const *ppSrc, int srcRoiShift, int srcStride0,
+                                         float *pBuffer, float *const *ppDst, int dstRoiShift,
+                                         int dstStride0, int width, int height, int count);
+ZELM_API ZelStatus zelmQRDecomp_ma_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                         int srcStride0, double *pBuffer, double *const *ppDst,
+                                         int dstRoiShift, int dstStride0, int width, int height,
+                                         int count);
+ZELM_API ZelStatus zelmQRDecomp_ma_32f_L(const float *const *ppSrc, int srcRoiShift, int srcStride1,
+                                         int srcStride2, float *pBuffer, float *const *ppDst,
+                                         int dstRoiShift, int dstStride1, int dstStride2, int width,
+                                         int height, int count);
+ZELM_API ZelStatus zelmQRDecomp_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                         int srcStride1, int srcStride2, double *pBuffer,
+                                         double *const *ppDst, int dstRoiShift, int dstStride1,
+                                         int dstStride2, int width, int height, int count);
+
+/* ============================================================================================== */
+/* QRBackSubst: Solution of A * x = b from the QR decomposition */
+/* ============================================================================================== */
+
+/* pSrc is the factor that zelmQRDecomp wrote for A; pSrc2 is the right-hand side b of height
+ * elements, and pDst receives x of width elements, which makes the length of A * x - b least.
+ *   mv    one matrix, one right-hand side
+ *   mva   one matrix, count right-hand sides
+ *   mava  count matrices, each with its right-hand side
+ *
+ * pBuffer is scratch of height elements, whose contents are lost; with several threads it is not
+ * used. The factor is not tested: a zero on the diagonal of R gives infinities or NaNs.
+ *
+ * In place: the destination may be the right-hand side, at the same address (table, roi shift) and
+ * with the same strides. No other overlap is allowed.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad size, bad stride, bad offset, size mismatch (width > height).
+ *   mv:  no count. */
+ZELM_API ZelStatus zelmQRBackSubst_mv_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                          float *pBuffer, const float *pSrc2, int src2Stride2,
+                                          float *pDst, int dstStride2, int width, int height);
+ZELM_API ZelStatus zelmQRBackSubst_mv_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                          double *pBuffer, const double *pSrc2, int src2Stride2,
+                                          double *pDst, int dstStride2, int width, int height);
+ZELM_API ZelStatus zelmQRBackSubst_mv_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                            float *pBuffer, const float *const *ppSrc2,
+                                            int src2RoiShift, float *const *ppDst, int dstRoiShift,
+                                            int width, int height);
+ZELM_API ZelStatus zelmQRBackSubst_mv_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                            double *pBuffer, const double *const *ppSrc2,
+                                            int src2RoiShift, double *const *ppDst, int dstRoiShift,
+                                            int width, int height);
+ZELM_API ZelStatus zelmQRBackSubst_mva_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                           float *pBuffer, const float *pSrc2, int src2Stride0,
+                                           int src2Stride2, float *pDst, int dstStride0,
+                                           int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mva_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                           double *pBuffer, const double *pSrc2, int src2Stride0,
+                                           int src2Stride2, double *pDst, int dstStride0,
+                                           int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mva_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                             float *pBuffer, const float *const *ppSrc2,
+                                             int src2RoiShift, int src2Stride0, float *const *ppDst,
+                                             int dstRoiShift, int dstStride0, int width, int height,
+                                             int count);
+ZELM_API ZelStatus zelmQRBackSubst_mva_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                             double *pBuffer, const double *const *ppSrc2,
+                                             int src2RoiShift, int src2Stride0,
+                                             double *const *ppDst, int dstRoiShift, int dstStride0,
+                                             int width, int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mva_32f_L(const float *pSrc, int srcStride1, int srcStride2,
+                                             float *pBuffer, const float *const *ppSrc2,
+                                             int src2RoiShift, int src2Stride2, float *const *ppDst,
+                                             int dstRoiShift, int dstStride2, int width, int height,
+                                             int count);
+ZELM_API ZelStatus zelmQRBackSubst_mva_64f_L(const double *pSrc, int srcStride1, int srcStride2,
+                                             double *pBuffer, const double *const *ppSrc2,
+                                             int src2RoiShift, int src2Stride2,
+                                             double *const *ppDst, int dstRoiShift, int dstStride2,
+                                             int width, int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mava_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                            int srcStride2, float *pBuffer, const float *pSrc2,
+                                            int src2Stride0, int src2Stride2, float *pDst,
+                                            int dstStride0, int dstStride2, int width, int height,
+                                            int count);
+ZELM_API ZelStatus zelmQRBackSubst_mava_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                            int srcStride2, double *pBuffer, const double *pSrc2,
+                                            int src2Stride0, int src2Stride2, double *pDst,
+                                            int dstStride0, int dstStride2, int width, int height,
+                                            int count);
+ZELM_API ZelStatus zelmQRBackSubst_mava_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                              int srcStride0, float *pBuffer,
+                                              const float *const *ppSrc2, int src2RoiShift,
+                                              int src2Stride0, float *const *ppDst, int dstRoiShift,
+                                              int dstStride0, int width, int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mava_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                              int srcStride0, double *pBuffer,
+                                              const double *const *ppSrc2, int src2RoiShift,
+                                              int src2Stride0, double *const *ppDst,
+                                              int dstRoiShift, int dstStride0, int width,
+                                              int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mava_32f_L(const float *const *ppSrc, int srcRoiShift,
+                                              int srcStride1, int srcStride2, float *pBuffer,
+                                              const float *const *ppSrc2, int src2RoiShift,
+                                              int src2Stride2, float *const *ppDst, int dstRoiShift,
+                                              int dstStride2, int width, int height, int count);
+ZELM_API ZelStatus zelmQRBackSubst_mava_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                              int srcStride1, int srcStride2, double *pBuffer,
+                                              const double *const *ppSrc2, int src2RoiShift,
+                                              int src2Stride2, double *const *ppDst,
+                                              int dstRoiShift, int dstStride2, int width,
+                                              int height, int count);
+
 #ifdef __cplusplus
 }
 #endif

@@ -24,7 +24,10 @@ constexpr struct {
     {"Sub", "mma", "S", "pcsz"},
     {"Add Sub", "vav", "S P", "pzsco"},
     {"Add Sub", "vav", "L", "pzsoc"},
-    {"Add Sub Mul LUDecomp LUBackSubst", "", "S P L", "pczaso"},
+    {"CholeskyBackSubst", "mva", "L", "psozc"},
+    {"QRDecomp QRBackSubst", "", "S P L", "pczsoa"},
+    {"Add Sub Mul LUDecomp LUBackSubst Invert Det CholeskyDecomp CholeskyBackSubst", "", "S P L",
+     "pczaso"},
 };
 
 std::string order_of(const Member &m) {
@@ -41,8 +44,12 @@ char group_of(const Member &m, const Parameter &p) {
     return unchecked ? '-' : p.group;
 }
 
-// Products: the inner sizes, as stored, are equal.
+// Products: the inner sizes, as stored, are equal. QR: no more columns than rows.
 bool sizes_agree(const Member &m, const std::vector<Slot> &slots) {
+    if (m.family.starts_with("QR")) {
+        const std::size_t width = slots.size() - (m.is_array() ? 3 : 2);
+        return slots[width].integer <= slots[width + 1].integer;
+    }
     if (m.family != "Mul" || m.kinds.find('c') != std::string::npos)
         return true;
     const char first = m.operands[0].letter, second = m.operands[1].letter;

@@ -1,68 +1,23 @@
 // LU decomposition and substitution. Every form is compared bit for bit with one reference that
 // rounds each operation to the element type; residuals are judged in long double.
 
-#include "support/results.hpp"
+#include "support/solver.hpp"
 
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
-#include <numbers>
 #include <random>
 
 using namespace zelm_test;
 
 namespace {
 
-constexpr int ok = 0, singular = -195, wrong = 1;
-constexpr double infinite = std::numeric_limits<double>::infinity();
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-
-// A matrix, or a vector or row numbers in row 0.
-struct Grid {
-    int columns;
-    std::vector<double> values;
-
-    double &operator()(auto i, auto j) { return values[std::size_t(int(i) * columns + int(j))]; }
-    double &operator()(auto j) { return (*this)(0, j); }
-    template <class T>
-    std::vector<T> as() const {
-        return {values.begin(), values.end()};
-    }
-};
-using Objects = std::vector<Grid>;
-
-Grid object(const Placed &operand, int k) {
-    Grid a{operand.columns(), {}};
-    for (int i = 0; i < operand.rows(); ++i)
-        for (int j = 0; j < operand.columns(); ++j)
-            a.values.push_back(operand.get(k, i, j));
-    return a;
-}
-Objects all_objects(const Placed &operand) {
-    Objects all;
-    for (int k = 0; k < operand.objects(); ++k)
-        all.push_back(object(operand, k));
-    return all;
-}
-void put(Placed &operand, int k, Grid a) {
-    for (int i = 0; i < operand.rows(); ++i)
-        for (int j = 0; j < operand.columns(); ++j)
-            operand.put(k, i, j, a(i, j));
-}
-
-std::vector<const Member *> family(const char *name) {
-    std::vector<const Member *> those;
-    for (const Member &m : members())
-        if (m.family == name)
-            those.push_back(&m);
-    return those;
-}
+constexpr int singular = -195;
 
 bool is_straight_line(int n) { return n >= 3 && n <= 6; }
 double threshold(bool single, int n) {
     return is_straight_line(n) ? (single ? 0x1p-125 : 0x1p-1021) : (single ? 0x1p-23 : 0x1p-52);
 }
-double rounded(bool single, double x) { return single ? static_cast<float>(x) : x; }
 
 // Factors `a` and changes `to` and `p` as the destination and the permutation array change: orders
 // 3 to 6 write a row when it is final, the others everything that they compute.
@@ -128,27 +83,6 @@ Grid solution(bool single, Grid f, Grid p, Grid b) {
     return x;
 }
 
-// Runs the problem; expects the status, the objects of the operands from number `first` on, and
-// that nothing else has changed.
-bool gives(Problem &problem, int expected, std::size_t first, const std::vector<Objects> &values) {
-    const int status = problem.run();
-    std::string difference = problem.disturbed();
-    for (const Objects &objects : values) {
-        const Placed &operand = problem.operands[first++];
-        for (int k = 0; difference.empty() && k < operand.objects(); ++k) {
-            const auto is = object(operand, k).values, &should = objects[std::size_t(k)].values;
-            const auto [at, other] = std::mismatch(is.begin(), is.end(), should.begin(), same);
-            if (at != is.end())
-                difference = "object " + std::to_string(k) + " of operand " +
-                             std::to_string(first) + " holds " + std::to_string(*at) +
-                             ", should be " + std::to_string(*other);
-        }
-    }
-    EXPECT_EQ(status, expected) << problem.describe();
-    EXPECT_EQ(difference, "") << problem.describe();
-    return status == expected && difference.empty();
-}
-
 // Runs a decomposition and compares every object with the reference; objects behind a singular one
 // keep what they hold. Returns the status, or `wrong`.
 int decomposed(Problem &problem) {
@@ -179,12 +113,6 @@ Problem decomposition(const Member &m, int n, int count, const std::vector<Place
     return problem;
 }
 
-template <class Value>
-void set_source(Problem &problem, Value value) {
-    Placed &from = problem.operands[0];
-    from.for_each_element([&](int k, int i, int j) { from.put(k, i, j, value(k, i, j)); });
-}
-
 // Factors with exchanged rows whose solutions do not grow.
 void fill_substitution(Problem &problem, int seed, bool special = false) {
     problem.fill(unsigned(seed), special);
@@ -199,18 +127,9 @@ void fill_substitution(Problem &problem, int seed, bool special = false) {
     }
 }
 
-std::vector<int> counts(const Member &m, int n) {
-    if (!m.is_array())
-        return {1};
-    return n > 16 ? std::vector{1, 5} : std::vector{1, 2, 3, 4, 5, 6, 7, 8, 9, 101};
-}
 // At most so many objects are decomposed by one thread, in order.
 int serial_count(const Member &m, int n) {
     return m.is_array() ? std::clamp(1000 / (n * n), 1, 9) : 1;
-}
-
-std::vector<Placement> placed(const Member &m, int shape, int step) {
-    return shape == 0 ? all_in(m, packed) : shape == 1 ? all_in(m, planar) : mixed(m, step);
 }
 
 // Matrices that are random, whose columns tie, of NaNs, and with special values, which may fail,
@@ -231,7 +150,7 @@ TEST(LUDecomp, EveryOrderAndCountInEveryMixOfMemoryShapes) {
                             return j == row ? 1. : j < row ? int(random() % 3) - 1. : 0.;
                         });
                     if (shape == 3 && count > 5)
-                        set_source(problem, [](int, int, int) { return nan; });
+                        set_source(problem, [](int, int, int) { return not_a_number; });
                     const int status = decomposed(problem);
                     ASSERT_TRUE(status == ok || (status == singular && special));
                 }
@@ -268,7 +187,7 @@ TEST(LUDecomp, ThresholdsAtEveryPivot) {
             const std::pair<double, int> cases[] = {
                 {0, singular},     {limit - ulp / 2, singular},
                 {limit + ulp, ok}, {limit, is_straight_line(n) ? ok : singular},
-                {infinite, ok},    {nan, ok},
+                {infinite, ok},    {not_a_number, ok},
             };
             const int count = serial_count(*m, n);
             for (int step = 0; step < 4 * n; ++step)
@@ -301,7 +220,7 @@ TEST(LUDecomp, StateAfterAFailureAtEveryObjectAndColumn) {
                     set_source(problem, [&](int k, int i, int j) {
                         const bool zero = (k == failing || k == failing + 2) && j == column;
                         return zero               ? 0
-                               : k == failing + 1 ? (step % 3 == 0 ? infinite : nan)
+                               : k == failing + 1 ? (step % 3 == 0 ? infinite : not_a_number)
                                                   : problem.operands[0].get(k, i, j);
                     });
                     ASSERT_EQ(decomposed(problem), singular) << failing << " column " << column;
@@ -326,26 +245,6 @@ TEST(LUBackSubst, EveryOrderAndCountInEveryMixOfMemoryShapes) {
                     for (int k = 0; shape == 5 && k < problem.destination().objects(); ++k)
                         ASSERT_FALSE(std::isfinite(problem.destination().get(k, 0, i)));
                 }
-    }
-}
-
-// Puts object k of an operand at first + k*step bytes from where its object 0 is.
-void move(Problem &problem, int operand, std::ptrdiff_t first, std::ptrdiff_t step) {
-    const char description = problem.member.operands[std::size_t(operand)].description;
-    for (std::size_t q = 0; q < problem.slots.size(); ++q) {
-        const Parameter &p = problem.member.parameters[q];
-        Slot &slot = problem.slots[q];
-        const bool here = p.operand == operand;
-        auto *const table = static_cast<std::byte **>(slot.pointer);
-        if (here && p.group == 's' && p.axis == 0)
-            slot.integer = int(step);
-        if (here && p.group == 'o')
-            slot.integer += int(first);
-        if (here && p.group == 'p' && description == 'S')
-            slot.pointer = static_cast<std::byte *>(slot.pointer) + first;
-        for (int k = 1; here && p.group == 'p' && description == 'L' && k < problem.sizes.count;
-             ++k)
-            table[k] = table[0] + k * step;
     }
 }
 
@@ -405,59 +304,11 @@ TEST(LUTogether, SourcesOverlapOneAnother) {
         }
 }
 
-double noise(int n, int i, int j) {
-    const double x = std::sin(n + 12.9898 * (i + 1) + 78.233 * (j + 1)) * 43758.5453;
-    return 2 * (x - std::floor(x)) - 1;
-}
-
-constexpr struct {
-    const char *name;
-    int judged; // orders up to 64 that are not singular, at the least
-    double (*element)(int n, int i, int j);
-} matrices[] = {
-    {"random", 64, noise},
-    {"Hilbert", 5, [](int, int i, int j) { return 1. / (i + j + 1); }},
-    {"Frank", 10, [](int n, int i, int j) { return j < i - 1 ? 0. : n - std::max(i, j); }},
-    {"Kahan", 64,
-     [](int, int i, int j) {
-         return std::pow(.93, i) * (j < i ? 0 : j == i ? 1 : -.36);
-     }},
-    {"Wilkinson", 63,
-     [](int n, int i, int j) {
-         return i == j ? std::fabs(i - (n - 1) / 2.) : std::abs(i - j) == 1;
-     }},
-    {"Pascal", 64, [](int, int i, int j) { return 1 / ((i + j + 1) * std::beta(i + 1., j + 1.)); }},
-    {"Clement", 32, [](int n, int i, int j) { return j == i + 1   ? j
-                                                     : j == i - 1 ? n - i
-                                                                  : 0.; }},
-    {"Grcar", 64, [](int, int i, int j) { return j == i - 1 ? -1. : j >= i && j <= i + 3; }},
-    {"growth", 64, [](int n, int i, int j) { return i == j || j == n - 1 ? 1. : -(j < i); }},
-    {"Vandermonde", 15, [](int n, int i, int j) { return std::pow((i + 1.) / n, j); }},
-    {"graded", 64, [](int n, int i, int j) { return noise(n, i, j) * std::pow(10, -4. * i / n); }},
-    {"orthogonal", 64,
-     [](int n, int i, int j) {
-         return std::sqrt(2. / (n + 1)) * std::sin(std::numbers::pi * (i + 1) * (j + 1) / (n + 1));
-     }},
-};
-
-using Long = long double;
-template <class Element>
-Long norm(int rows, int columns, Element element) {
-    Long largest = 0;
-    for (int j = 0; j < columns; ++j) {
-        Long sum = 0;
-        for (int i = 0; i < rows; ++i)
-            sum += std::fabs(Long(element(i, j)));
-        largest = std::max(largest, sum);
-    }
-    return largest;
-}
-
 // Judges the numbers of a decomposition and of one solution with it against their bounds.
 void judge(Problem &problem, int of_factors, int of_solution) {
     const int n = problem.sizes.width;
     const bool single = problem.member.is_float;
-    const Long eps = single ? 0x1p-23L : 0x1p-52L;
+    const Long eps = epsilon(single);
     Grid a = object(problem.operands[0], 0), f = object(problem.operands[2], 0);
     Grid p = object(problem.operands[1], 0), b{n, {}};
     const Long of_a = norm(n, n, a);
@@ -489,7 +340,7 @@ void judge(Problem &problem, int of_factors, int of_solution) {
 // The status is that of the reference; where it is singular there is nothing to judge.
 TEST(LUResiduals, OfHardMatrices) {
     for (const char *name : {"zelmLUDecomp_m_32f", "zelmLUDecomp_m_64f"})
-        for (const auto &matrix : matrices) {
+        for (const KnownMatrix &matrix : known_matrices) {
             const Member &m = member(name);
             const testing::ScopedTrace trace(__FILE__, __LINE__, m.name + " " + matrix.name);
             int judged = 0;

@@ -46,6 +46,22 @@ void mul_vector_by_columns(const BenchProblem *p) {
         c[n] = a[n] * b[n];
 }
 
+template <class Matrix>
+void invert(const BenchProblem *p) {
+    const auto *a = objects<Matrix>(p->a);
+    auto *c = results<Matrix>(p->c);
+    for (int n = 0; n < p->count; ++n)
+        c[n] = glm::inverse(a[n]);
+}
+
+template <class Matrix>
+void determinant(const BenchProblem *p) {
+    const auto *a = objects<Matrix>(p->a);
+    auto *c = results<typename Matrix::value_type>(p->c);
+    for (int n = 0; n < p->count; ++n)
+        c[n] = glm::determinant(a[n]);
+}
+
 template <class T, int N, glm::qualifier Q>
 void offer_order(PeerList &list, const char *name) {
     using Matrix = glm::mat<N, N, T, Q>;
@@ -54,6 +70,8 @@ void offer_order(PeerList &list, const char *name) {
     list.offer<T>(name, bench_add, sum(N, N), bench_packed, add<Matrix>);
     list.offer<T>(name, bench_add, sum(1, N), bench_packed, add<Vector>);
     list.offer<T>(name, bench_mul, square(N), bench_packed, mul<Matrix, false, false>);
+    list.offer<T>(name, bench_invert, square(N), bench_packed, invert<Matrix>);
+    list.offer<T>(name, bench_det, square(N), bench_packed, determinant<Matrix>);
     list.offer<T>(name, bench_mul_mam, square(N), bench_packed, mul<Matrix, false, true>);
     list.offer<T>(name, bench_mul_mma, square(N), bench_packed, mul<Matrix, true, false>);
     list.offer<T>(name, bench_mul_vector, matrix_vector(N), bench_packed,

@@ -79,6 +79,66 @@ void lu_solve(const BenchProblem *p) {
     }
 }
 
+// Of the lower triangle in rows, the upper one in columns.
+template <class T>
+void factor_definite(int n, T *a) {
+    int info = 0;
+    if constexpr (sizeof(T) == 4)
+        LAPACK_spotrf("U", &n, a, &n, &info);
+    else
+        LAPACK_dpotrf("U", &n, a, &n, &info);
+}
+
+template <class T>
+void cholesky(const BenchProblem *p) {
+    const int n = p->rows;
+    for (int i = 0; i < p->count; ++i) {
+        const T *a = object_at<const T>(p->a, i);
+        T *c = object_at<T>(p->c, i);
+        std::copy(a, a + n * n, c);
+        factor_definite(n, c);
+    }
+}
+
+template <class T>
+void cholesky_solve(const BenchProblem *p) {
+    constexpr int largest = 16;
+    T factors[largest * largest];
+    const int n = p->rows, one = 1;
+    int info = 0;
+    for (int i = 0; i < p->count; ++i) {
+        const T *a = object_at<const T>(p->a, i);
+        const T *b = object_at<const T>(p->b, i);
+        T *c = object_at<T>(p->c, i);
+        std::copy(a, a + n * n, factors);
+        std::copy(b, b + n, c);
+        factor_definite(n, factors);
+        if constexpr (sizeof(T) == 4)
+            LAPACK_spotrs("U", &n, &one, factors, &n, c, &n, &info);
+        else
+            LAPACK_dpotrs("U", &n, &one, factors, &n, c, &n, &info);
+    }
+}
+
+template <class T>
+void invert(const BenchProblem *p) {
+    constexpr int largest = 16, room = 64 * largest;
+    T work[room];
+    int pivots[largest];
+    const int n = p->rows;
+    int info = 0;
+    for (int i = 0; i < p->count; ++i) {
+        const T *a = object_at<const T>(p->a, i);
+        T *c = object_at<T>(p->c, i);
+        std::copy(a, a + n * n, c);
+        factor(n, c, pivots);
+        if constexpr (sizeof(T) == 4)
+            LAPACK_sgetri(&n, c, &n, pivots, work, &room, &info);
+        else
+            LAPACK_dgetri(&n, c, &n, pivots, work, &room, &info);
+    }
+}
+
 template <class T>
 void offer_all(PeerList &list) {
     for (int n : {3, 4, 5, 6, 8}) {
@@ -93,6 +153,9 @@ void offer_all(PeerList &list) {
     for (int n : {3, 4, 5, 6, 8, 16}) {
         list.offer<T>("LAPACK", bench_lu, square(n), bench_packed, lu<T>, bench_pivots_swaps_of_at);
         list.offer<T>("LAPACK", bench_lu_solve, square(n), bench_packed, lu_solve<T>);
+        list.offer<T>("LAPACK", bench_cholesky, square(n), bench_packed, cholesky<T>, bench_factor);
+        list.offer<T>("LAPACK", bench_cholesky_solve, square(n), bench_packed, cholesky_solve<T>);
+        list.offer<T>("LAPACK", bench_invert, square(n), bench_packed, invert<T>);
     }
 }
 

@@ -264,6 +264,72 @@ void lu_solve_at_once(const BenchProblem *p) {
     }
 }
 
+template <class T, int N>
+void factor_definite(T (&m)[N][N]) {
+    for (int i = 0; i < N; ++i)
+        for (int j = 0; j <= i; ++j) {
+            T s = m[i][j];
+            for (int k = 0; k < j; ++k)
+                s -= m[i][k] * m[j][k];
+            m[i][j] = j < i ? s / m[j][j] : std::sqrt(s);
+        }
+}
+
+template <class T, int N>
+void cholesky(const BenchProblem *p) {
+    for (int n = 0; n < p->count; ++n) {
+        auto m = objects<Matrix<T, N, N>>(p->a)[n];
+        factor_definite(m.at);
+        results<Matrix<T, N, N>>(p->c)[n] = m;
+    }
+}
+
+template <class T, int N>
+void cholesky_solve(const BenchProblem *p) {
+    for (int n = 0; n < p->count; ++n) {
+        auto m = objects<Matrix<T, N, N>>(p->a)[n];
+        auto x = objects<Matrix<T, 1, N>>(p->b)[n];
+        factor_definite(m.at);
+        for (int i = 0; i < N; ++i) {
+            for (int k = 0; k < i; ++k)
+                x.at[0][i] -= m.at[i][k] * x.at[0][k];
+            x.at[0][i] /= m.at[i][i];
+        }
+        for (int i = N - 1; i >= 0; --i) {
+            for (int k = i + 1; k < N; ++k)
+                x.at[0][i] -= m.at[k][i] * x.at[0][k];
+            x.at[0][i] /= m.at[i][i];
+        }
+        results<Matrix<T, 1, N>>(p->c)[n] = x;
+    }
+}
+
+template <class T, int N>
+void determinant(const BenchProblem *p) {
+    for (int n = 0; n < p->count; ++n) {
+        auto m = objects<Matrix<T, N, N>>(p->a)[n];
+        T d = 1;
+        for (int k = 0; k < N; ++k) {
+            int best = k;
+            for (int i = k + 1; i < N; ++i)
+                if (std::abs(m.at[i][k]) > std::abs(m.at[best][k]))
+                    best = i;
+            if (best != k) {
+                for (int j = k; j < N; ++j)
+                    std::swap(m.at[k][j], m.at[best][j]);
+                d = -d;
+            }
+            d *= m.at[k][k];
+            for (int i = k + 1; i < N; ++i) {
+                const T f = m.at[i][k] / m.at[k][k];
+                for (int j = k + 1; j < N; ++j)
+                    m.at[i][j] -= f * m.at[k][j];
+            }
+        }
+        results<T>(p->c)[n] = d;
+    }
+}
+
 template <class T, int R, int C>
 void offer_sums(PeerList &list) {
     constexpr PeerShape shape = sum(R, C);
@@ -305,6 +371,10 @@ void offer_all(PeerList &list) {
         list.offer<T>("loop", bench_lu, square(n), bench_strided, lu_strided<T, n>,
                       bench_pivots_order);
         list.offer<T>("loop", bench_lu_solve, square(n), bench_packed, lu_solve<T, n>);
+        list.offer<T>("loop", bench_cholesky, square(n), bench_packed, cholesky<T, n>,
+                      bench_factor);
+        list.offer<T>("loop", bench_cholesky_solve, square(n), bench_packed, cholesky_solve<T, n>);
+        list.offer<T>("loop", bench_det, square(n), bench_packed, determinant<T, n>);
         list.offer<T>("fused loop", bench_lu_solve, square(n), bench_packed,
                       lu_solve_at_once<T, n>);
     });

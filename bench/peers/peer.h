@@ -18,7 +18,13 @@ typedef enum BenchWork {
     bench_mul_mma,    /* the same with one a for all objects */
     bench_mul_vector, /* c = a * b, (rows x inner) * (vector of length inner) */
     bench_lu,         /* c = the factors of a, with row pivots; rows = inner = columns */
-    bench_lu_solve    /* c = the solution of a * c = b with vectors b and c */
+    bench_lu_solve,   /* c = the solution of a * c = b with vectors b and c */
+    bench_cholesky,   /* c = the factor of a, symmetric and definite; rows = inner = columns */
+    bench_cholesky_solve,
+    bench_invert, /* c = the inverse of a */
+    bench_det,    /* c = the determinant of a, one number per object */
+    bench_qr, /* c = R of a = Q * R on and above the diagonal, rows x columns; inner = columns */
+    bench_qr_solve /* c minimises |a * c - b|; b has rows elements, c columns */
 } BenchWork;
 
 typedef enum BenchMemory {
@@ -30,14 +36,16 @@ typedef enum BenchMemory {
     bench_strided  /* offered by a peer: any memory but packed, told by the strides */
 } BenchMemory;
 
-/* How the result of bench_lu tells the order of its rows. */
+/* How the result of bench_lu tells the order of its rows, and how other factors are stored. */
 typedef enum BenchPivots {
     bench_pivots_none,
     bench_pivots_stay,          /* pivot row i is row index[i] of c and of a */
     bench_pivots_order,         /* pivot row i is row i of c and row index[i] of a */
     bench_pivots_inverse,       /* row i of a is pivot row index[i] of c */
     bench_pivots_inverse_of_at, /* as above, a and c read by columns */
-    bench_pivots_swaps_of_at    /* row i was exchanged with row index[i] - 1; read by columns */
+    bench_pivots_swaps_of_at,   /* row i was exchanged with row index[i] - 1; read by columns */
+    bench_factor,               /* of bench_cholesky: L; without it the diagonal is inverted */
+    bench_factor_by_columns     /* L or R, stored by columns */
 } BenchPivots;
 
 /* Strides in bytes: between objects, rows and elements of a row. */
@@ -48,7 +56,7 @@ typedef struct BenchOperand {
 
 typedef struct BenchProblem {
     BenchOperand a, b, c;
-    BenchOperand factors; /* of bench_lu_solve, for who keeps them between the two steps */
+    BenchOperand factors; /* of solutions, for who keeps them between the two steps */
     int *index;           /* rows entries per object */
     int rows, inner, columns;
     int count;

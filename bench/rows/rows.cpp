@@ -9,6 +9,8 @@ namespace {
 
 std::string shape_name(const ArrayRow &row) {
     const Shape &s = row.shape;
+    if (row.kind == bench_qr || row.kind == bench_qr_solve)
+        return std::to_string(s.rows) + 'x' + std::to_string(s.columns);
     if (row.kind == bench_add && s.rows == 1)
         return std::to_string(s.columns);
     return std::to_string(s.rows) + 'x' +

@@ -82,9 +82,10 @@ double full_weight_limit(const double *residuals, double least) {
 //   4. computes the residuals z - A c for the next iteration.
 class Fitter {
 public:
-    Fitter(const Grid &heights, double noise, Progress &progress)
+    Fitter(const Grid &heights, double noise, Solver solver, Progress &progress)
         : heights_(heights),
           noise_(noise),
+          solver_(solver),
           progress_(progress),
           rows_(heights.rows - side + 1),
           columns_(heights.columns - side + 1),
@@ -109,11 +110,13 @@ public:
         for (iteration_ = 0; iteration_ < iterations; ++iteration_) {
             weigh();
             multiply();
-            solve();
+            show(2, "decomposition and solution");
+            solve(solver_, coefficients_, fit_.decomposition_seconds, fit_.solve_seconds);
             check();
             if (iteration_ + 1 < iterations)
                 compute_residuals();
         }
+        compare_solvers();
         progress_.show(1, "done");
         const double per_metre = 1 / (side / 2 * spacing);
         fit_.height = coefficient(0, 1);
@@ -174,26 +177,72 @@ private:
     // N and r are parts of one matrix of 6 rows of 7, and strides are all it takes to use them
     // where they are. N starts at the first element, its rows are 7 elements apart. r is the last
     // column: it starts at element 6, and its elements are one row apart.
-    void solve() {
+    void solve(Solver solver, std::vector<double> &solution, double &decomposition_seconds,
+               double &solve_seconds) {
         constexpr Strides n = packed(terms, augmented);
         constexpr Strides f = packed(terms, terms);
         constexpr Strides c = packed(1, terms);
-        show(2, "decomposition");
-        timed(fit_.lu_seconds, "zelmLUDecomp_ma_64f", [&] {
-            return zelmLUDecomp_ma_64f(normal_.data(), n.stride0, n.stride1, n.stride2,  // N
-                                       permutations_.data(),                             //
-                                       factors_.data(), f.stride0, f.stride1, f.stride2, // LU
-                                       terms, cells_);
-        });
-        show(3, "solution");
-        timed(fit_.solve_seconds, "zelmLUBackSubst_mava_64f", [&] {
-            return zelmLUBackSubst_mava_64f(factors_.data(), f.stride0, f.stride1,
-                                            f.stride2,                                    // LU
-                                            permutations_.data(),                         //
-                                            normal_.data() + terms, n.stride0, n.stride1, // r
-                                            coefficients_.data(), c.stride0, c.stride2,   // c
-                                            terms, cells_);
-        });
+        const double *const matrices = normal_.data(), *const sides = normal_.data() + terms;
+        double *const factors = factors_.data();
+        std::array<double, terms> buffer; // of QR
+        switch (solver) {
+        case Solver::lu:
+            timed(decomposition_seconds, "zelmLUDecomp_ma_64f", [&] {
+                return zelmLUDecomp_ma_64f(matrices, n.stride0, n.stride1, n.stride2, // N
+                                           permutations_.data(),                      //
+                                           factors, f.stride0, f.stride1, f.stride2,  // LU
+                                           terms, cells_);
+            });
+            timed(solve_seconds, "zelmLUBackSubst_mava_64f", [&] {
+                return zelmLUBackSubst_mava_64f(factors, f.stride0, f.stride1, f.stride2, // LU
+                                                permutations_.data(),                     //
+                                                sides, n.stride0, n.stride1,              // r
+                                                solution.data(), c.stride0, c.stride2,    // c
+                                                terms, cells_);
+            });
+            break;
+        case Solver::cholesky: // reads the lower triangles of N alone
+            timed(decomposition_seconds, "zelmCholeskyDecomp_ma_64f", [&] {
+                return zelmCholeskyDecomp_ma_64f(matrices, n.stride0, n.stride1, n.stride2, // N
+                                                 factors, f.stride0, f.stride1, f.stride2,  // L
+                                                 terms, cells_);
+            });
+            timed(solve_seconds, "zelmCholeskyBackSubst_mava_64f", [&] {
+                return zelmCholeskyBackSubst_mava_64f(factors, f.stride0, f.stride1, f.stride2, // L
+                                                      sides, n.stride0, n.stride1,              // r
+                                                      solution.data(), c.stride0, c.stride2,    // c
+                                                      terms, cells_);
+            });
+            break;
+        case Solver::qr:
+            timed(decomposition_seconds, "zelmQRDecomp_ma_64f", [&] {
+                return zelmQRDecomp_ma_64f(matrices, n.stride0, n.stride1, n.stride2, // N
+                                           buffer.data(),                             //
+                                           factors, f.stride0, f.stride1, f.stride2,  // QR
+                                           terms, terms, cells_);
+            });
+            timed(solve_seconds, "zelmQRBackSubst_mava_64f", [&] {
+                return zelmQRBackSubst_mava_64f(factors, f.stride0, f.stride1, f.stride2, // QR
+                                                buffer.data(),                            //
+                                                sides, n.stride0, n.stride1,              // r
+                                                solution.data(), c.stride0, c.stride2,    // c
+                                                terms, terms, cells_);
+            });
+            break;
+        }
+    }
+
+    // The systems of the last iteration once more, by every solver.
+    void compare_solvers() {
+        show(5, "all solvers");
+        std::vector<double> other(coefficients_.size());
+        for (std::size_t s = 0; s < solver_names.size(); ++s) {
+            double &seconds = fit_.solver_seconds[s];
+            solve(static_cast<Solver>(s), other, seconds, seconds);
+            for (std::size_t k = 0; k < other.size(); k += terms)
+                fit_.largest_difference =
+                    std::max(fit_.largest_difference, std::abs(other[k] - coefficients_[k]));
+        }
     }
 
     // Residuals of all systems in extended precision, each as a multiple of |N| |c|.
@@ -268,6 +317,7 @@ private:
 
     const Grid &heights_;
     double noise_;
+    Solver solver_;
     Progress &progress_;
     Fit fit_;
     int iteration_ = 0;
@@ -287,9 +337,10 @@ private:
 
 } // namespace
 
-Fit fit_surfaces(const Grid &heights, double spacing, double noise, Progress &progress) {
+Fit fit_surfaces(const Grid &heights, double spacing, double noise, Solver solver,
+                 Progress &progress) {
     progress.show(0, "memory");
-    return Fitter(heights, noise, progress).run(spacing);
+    return Fitter(heights, noise, solver, progress).run(spacing);
 }
 
 } // namespace terrain

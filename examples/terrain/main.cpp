@@ -1,5 +1,5 @@
 // Slopes of a volcano: fits a quadratic surface around every point of a grid of heights, with
-// zelmMul, zelmLUDecomp and zelmLUBackSubst on arrays, and draws a map of the slopes.
+// zelmMul and a decomposition (LU, Cholesky or QR) on arrays, and draws a map of the slopes.
 // The use of the library is in fit.cpp.
 
 #include "fit.hpp"
@@ -34,7 +34,7 @@ constexpr double residual_limit = 10;
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
 
 constexpr const char *usage =
-    "Usage: terrain [--input FILE] [--output FILE] [--refine N]\n"
+    "Usage: terrain [--input FILE] [--output FILE] [--refine N] [--solver NAME]\n"
     "\n"
     "Fits a quadratic surface to the 5 x 5 heights around every inner point of a grid\n"
     "and draws a map of the slopes.\n"
@@ -45,6 +45,7 @@ constexpr const char *usage =
     "  --output FILE  the map, a PNG (default: terrain.png)\n"
     "  --refine N     work on a grid that is N times finer in both directions; 14\n"
     "                 makes a million points of the default grid (about 2.4 GB)\n"
+    "  --solver NAME  what solves the systems: lu (default), cholesky or qr\n"
     "  --help         this text\n";
 
 struct UsageError : std::runtime_error {
@@ -55,6 +56,7 @@ struct Options {
     std::string input = TERRAIN_DEFAULT_INPUT;
     std::string output = "terrain.png";
     int refine = 1;
+    terrain::Solver solver = terrain::Solver::lu;
     bool help = false;
 };
 
@@ -66,6 +68,14 @@ int parse_factor(const std::string &text) {
         throw UsageError("--refine takes a whole number from 1 to " + std::to_string(most_refined) +
                          ", not '" + text + "'");
     return factor;
+}
+
+terrain::Solver parse_solver(const std::string &text) {
+    const auto &names = terrain::solver_names;
+    const auto found = std::find(names.begin(), names.end(), text);
+    if (found == names.end())
+        throw UsageError("--solver takes lu, cholesky or qr, not '" + text + "'");
+    return static_cast<terrain::Solver>(found - names.begin());
 }
 
 // Takes both "--name value" and "--name=value".
@@ -90,6 +100,8 @@ Options parse(int argc, char **argv) {
             options.output = value();
         else if (name == "--refine")
             options.refine = parse_factor(value());
+        else if (name == "--solver")
+            options.solver = parse_solver(value());
         else
             throw UsageError("unknown option '" + argument + "'");
     }
@@ -128,22 +140,34 @@ File open_output(const Options &options) {
 void report_fit(const terrain::Fit &fit) {
     const int cells = fit.height.rows * fit.height.columns;
     const double systems = static_cast<double>(cells) * terrain::iterations;
-    const double library = fit.product_seconds + fit.lu_seconds + fit.solve_seconds +
+    const double library = fit.product_seconds + fit.decomposition_seconds + fit.solve_seconds +
                            fit.residual_seconds + fit.extract_seconds;
     const double all = library + fit.weigh_seconds;
     std::printf("cells       %d, %d iterations, %.0f systems of order 6\n", cells,
                 terrain::iterations, systems);
     std::printf("speed       %.2f million systems solved per second (decomposition and solution)\n",
-                systems / (fit.lu_seconds + fit.solve_seconds) / 1e6);
+                systems / (fit.decomposition_seconds + fit.solve_seconds) / 1e6);
     std::printf("fit         %.1f ms without the check, %.0f %% of it in the library:\n"
                 "            normal equations %.1f ms, decompositions %.1f ms, solutions %.1f ms,\n"
                 "            residuals %.1f ms\n",
-                1e3 * all, 100 * library / all, 1e3 * fit.product_seconds, 1e3 * fit.lu_seconds,
-                1e3 * fit.solve_seconds, 1e3 * fit.residual_seconds);
+                1e3 * all, 100 * library / all, 1e3 * fit.product_seconds,
+                1e3 * fit.decomposition_seconds, 1e3 * fit.solve_seconds,
+                1e3 * fit.residual_seconds);
     std::printf("weights     %.1f %% of the heights count less than fully\n",
                 100 * fit.reduced_share);
     std::printf("check       |b - A x| / (|A| |x|) is at most %.2g in all solves, %.1f epsilon\n",
                 fit.largest_residual, fit.largest_residual / epsilon);
+}
+
+void report_solvers(const terrain::Fit &fit) {
+    std::printf("solvers     one iteration by");
+    for (std::size_t s = 0; s < fit.solver_seconds.size(); ++s)
+        std::printf("%s %s %.1f ms", s == 0 ? "" : ",", terrain::solver_names[s].data(),
+                    1e3 * fit.solver_seconds[s]);
+    const auto fastest = std::min_element(fit.solver_seconds.begin(), fit.solver_seconds.end());
+    std::printf(": %s is fastest;\n            their heights differ by %.2g m at most\n",
+                terrain::solver_names[std::size_t(fastest - fit.solver_seconds.begin())].data(),
+                fit.largest_difference);
 }
 
 void report_slopes(const terrain::Fit &fit) {
@@ -174,11 +198,12 @@ void run(const Options &options) {
     const double noise = rounding_noise / std::pow(options.refine, 3);
     const terrain::Fit fit = [&] {
         terrain::Progress progress(options.refine > 1);
-        return terrain::fit_surfaces(grid, spacing, noise, progress);
+        return terrain::fit_surfaces(grid, spacing, noise, options.solver, progress);
     }();
     report_fit(fit);
     if (!(fit.largest_residual <= residual_limit * epsilon))
         throw std::runtime_error("the solutions are not accurate");
+    report_solvers(fit);
     report_slopes(fit);
 
     const terrain::Picture picture = terrain::draw(fit, spacing);

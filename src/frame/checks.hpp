@@ -49,7 +49,7 @@ template <class T, int r, bool a>
 ZELM_INLINE const void *pointer_of(const Tabled<T, r, a> &op) {
     return op.table;
 }
-ZELM_INLINE const void *pointer_of(const int *index) { return index; }
+ZELM_INLINE const void *pointer_of(const void *plain) { return plain; }
 template <class T>
 ZELM_INLINE const void *pointer_of(const Scalars<T> &op) {
     return op.base;
@@ -90,7 +90,7 @@ inline constexpr std::uint32_t alignment_mask = sizeof(typename Operand::Element
 
 } // namespace detail
 
-// Required pointers: bases, tables, index arrays.
+// Required pointers: bases, tables, index arrays, buffers.
 template <class... Operands>
 ZELM_INLINE CheckGroup pointers(const Operands &...op) {
     return {(std::uint32_t{detail::pointer_of(op) == nullptr} | ...), zelStatusNullPointer};
@@ -137,6 +137,10 @@ ZELM_INLINE CheckGroup shifts(const Operands &...op) {
 }
 ZELM_INLINE CheckGroup agreement(int a, int b) {
     return {static_cast<std::uint32_t>(a ^ b), zelStatusSizeMismatch};
+}
+// Of sizes.
+ZELM_INLINE CheckGroup at_most(int a, int b) {
+    return {std::uint32_t{a > b}, zelStatusSizeMismatch};
 }
 
 template <class... Groups>

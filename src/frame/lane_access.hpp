@@ -140,23 +140,27 @@ ZELM_INLINE int row_of(const Rows &rows, int i, int lane) {
 } // namespace detail
 
 // One object in every lane.
-template <class T, int H, int W, class View>
+template <class T, class Part = Whole, int H, int W, class View>
 ZELM_INLINE void load_splat(Lanes<T> (&a)[H][W], const View &v) {
-    unroll<H>(
-        ZELM_EACH(i) { unroll<W>(ZELM_EACH(j) { a[i][j] = splat<Lanes<T>>(get(v, i, j)); }); });
+    unroll<H>(ZELM_EACH(i) {
+        unroll<Part::width(i, W)>(ZELM_EACH(j) { a[i][j] = splat<Lanes<T>>(get(v, i, j)); });
+    });
 }
 
-// Row i of `a` is row i of each lane's object, or row rows(i, lane).
-template <class T, int H, int W, class Operand, class Rows = NaturalRows<T>>
+// Row i of `a` is row i of each lane's object, or row rows(i, lane); of a Part its elements alone.
+// In dense objects the bytes between these may be read.
+template <class T, class Part = Whole, int H, int W, class Operand, class Rows = NaturalRows<T>>
 ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
                             const Rows &rows = {}) {
     constexpr int L = lanes_per_register<T>;
     const auto planar = [&](const auto &at) __attribute__((always_inline)) {
         Lanes<T> b[H][W];
-        unroll<H>(
-            ZELM_EACH(i) { unroll<W>(ZELM_EACH(j) { b[i][j] = load<Lanes<T>>(at(i, j)); }); });
+        unroll<H>(ZELM_EACH(i) {
+            unroll<Part::width(i, W)>(ZELM_EACH(j) { b[i][j] = load<Lanes<T>>(at(i, j)); });
+        });
         if constexpr (Rows::natural)
-            unroll<H>(ZELM_EACH(i) { unroll<W>(ZELM_EACH(j) { a[i][j] = b[i][j]; }); });
+            unroll<H>(
+                ZELM_EACH(i) { unroll<Part::width(i, W)>(ZELM_EACH(j) { a[i][j] = b[i][j]; }); });
         else
             detail::permute_rows<T, false>(a, b, rows);
     };
@@ -168,7 +172,7 @@ ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
                 return op.at[i * W + j] + lane[0];
             });
         unroll<H>(ZELM_EACH(i) {
-            unroll<W>(ZELM_EACH(j) {
+            unroll<Part::width(i, W)>(ZELM_EACH(j) {
                 const char *at[L];
                 unroll<L>(
                     ZELM_EACH(l) { at[l] = op.at[detail::row_of(rows, i, l) * W + j] + lane[l]; });
@@ -199,28 +203,32 @@ ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
                 const char *row[L];
                 unroll<L>(
                     ZELM_EACH(l) { row[l] = base[l] + detail::row_of(rows, i, l) * v.stride1; });
+                constexpr int width = Part::width(i, W);
                 if (packed)
-                    detail::load_runs<T, W>(a[i], row);
+                    detail::load_runs<T, width>(a[i], row);
                 else
-                    unroll<W>(ZELM_EACH(j) { a[i][j] = detail::gather<T>(row, j * v.stride2); });
+                    unroll<width>(
+                        ZELM_EACH(j) { a[i][j] = detail::gather<T>(row, j * v.stride2); });
             });
         }
     }
 }
 
 // Row i of `a` goes to row i of each lane's object, or to row rows(i, lane).
-template <class T, int H, int W, class Operand, class Rows = NaturalRows<T>>
+template <class T, class Part = Whole, int H, int W, class Operand, class Rows = NaturalRows<T>>
 ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H][W],
                              const Rows &rows = {}) {
     constexpr int L = lanes_per_register<T>;
     const auto planar = [&](const auto &at) __attribute__((always_inline)) {
         Lanes<T> b[H][W];
         if constexpr (Rows::natural)
-            unroll<H>(ZELM_EACH(i) { unroll<W>(ZELM_EACH(j) { b[i][j] = a[i][j]; }); });
+            unroll<H>(
+                ZELM_EACH(i) { unroll<Part::width(i, W)>(ZELM_EACH(j) { b[i][j] = a[i][j]; }); });
         else
             detail::permute_rows<T, true>(b, a, rows);
-        unroll<H>(
-            ZELM_EACH(i) { unroll<W>(ZELM_EACH(j) { store<Lanes<T>>(at(i, j), b[i][j]); }); });
+        unroll<H>(ZELM_EACH(i) {
+            unroll<Part::width(i, W)>(ZELM_EACH(j) { store<Lanes<T>>(at(i, j), b[i][j]); });
+        });
     };
     if constexpr (Operand::is_tabled) {
         Distance lane[L]; // from object 0 to the lanes' objects
@@ -230,7 +238,7 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
                 return op.at[i * W + j] + lane[0];
             });
         unroll<H>(ZELM_EACH(i) {
-            unroll<W>(ZELM_EACH(j) {
+            unroll<Part::width(i, W)>(ZELM_EACH(j) {
                 char *at[L];
                 unroll<L>(
                     ZELM_EACH(l) { at[l] = op.at[detail::row_of(rows, i, l) * W + j] + lane[l]; });
@@ -254,17 +262,20 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
         char *base[L];
         detail::lane_objects<T>(base, op, first);
         const bool packed = W == 1 || v.stride2 == Distance{sizeof(T)};
-        if (Rows::natural && packed && (H == 1 || v.stride1 == W * Distance{sizeof(T)})) {
+        if (Rows::natural && std::is_same_v<Part, Whole> && packed &&
+            (H == 1 || v.stride1 == W * Distance{sizeof(T)})) {
             detail::store_runs<T, H * W>(base, a[0]);
         } else {
             unroll<H>(ZELM_EACH(i) {
                 char *row[L];
                 unroll<L>(
                     ZELM_EACH(l) { row[l] = base[l] + detail::row_of(rows, i, l) * v.stride1; });
+                constexpr int width = Part::width(i, W);
                 if (packed)
-                    detail::store_runs<T, W>(row, a[i]);
+                    detail::store_runs<T, width>(row, a[i]);
                 else
-                    unroll<W>(ZELM_EACH(j) { detail::scatter<T>(row, j * v.stride2, a[i][j]); });
+                    unroll<width>(
+                        ZELM_EACH(j) { detail::scatter<T>(row, j * v.stride2, a[i][j]); });
             });
         }
     }

@@ -76,6 +76,18 @@ ZELM_INLINE constexpr void unroll(F &&f) {
 }
 #define ZELM_EACH(i) [&](auto i) __attribute__((always_inline))
 
+// f(n as a compile-time constant) where n is From ... To, else otherwise().
+template <int From, int To, class F, class G>
+ZELM_INLINE auto with_order(int n, const F &f, const G &otherwise) {
+    if constexpr (From > To) {
+        return otherwise();
+    } else {
+        if (n == From)
+            return f(std::integral_constant<int, From>{});
+        return with_order<From + 1, To>(n, f, otherwise);
+    }
+}
+
 // Every lane x.
 template <class S>
 ZELM_INLINE S splat(ElementOf<S> x) {
@@ -127,6 +139,33 @@ ZELM_INLINE Lanes<float> square_root(Lanes<float> x) {
 }
 ZELM_INLINE Lanes<double> square_root(Lanes<double> x) {
     return (Lanes<double>)_mm_sqrt_pd((__m128d)x);
+}
+
+// 1 / x and 1 / sqrt(x): exact roots and quotients in double; in float the processor's
+// approximation after one Newton step, within about 2 units in the last place. A step forms no
+// square of the approximation, which could be subnormal or infinite. Of a float that is 0,
+// subnormal or infinite the result is infinite or NaN; of one from 2^126 on the reciprocal is 0.
+ZELM_INLINE Lanes<float> refined_reciprocal(Lanes<float> x) {
+    const auto r = (Lanes<float>)_mm_rcp_ps((__m128)x);
+    return r * (2.0f - x * r);
+}
+ZELM_INLINE Lanes<float> refined_reciprocal_root(Lanes<float> x) {
+    const auto r = (Lanes<float>)_mm_rsqrt_ps((__m128)x);
+    return -0.5f * r * (x * r * r - 3.0f);
+}
+ZELM_INLINE float refined_reciprocal(float x) {
+    return refined_reciprocal(splat<Lanes<float>>(x))[0];
+}
+ZELM_INLINE float refined_reciprocal_root(float x) {
+    return refined_reciprocal_root(splat<Lanes<float>>(x))[0];
+}
+template <class S>
+ZELM_INLINE S refined_reciprocal(S x) {
+    return 1.0 / x;
+}
+template <class S>
+ZELM_INLINE S refined_reciprocal_root(S x) {
+    return 1.0 / square_root(x);
 }
 
 // The mask with no lane set, and the lanes of a mask as bits, lane 0 lowest.

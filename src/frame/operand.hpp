@@ -51,9 +51,17 @@ struct TabledView {
     Distance offset;
 
     ZELM_INLINE ByteOf<T> *at(int i, int j) const {
-        const std::size_t entry = static_cast<std::size_t>(i) * static_cast<std::size_t>(row) +
-                                  static_cast<std::size_t>(j) * static_cast<std::size_t>(column);
-        return reinterpret_cast<ByteOf<T> *>(table[entry]) + offset;
+        return reinterpret_cast<ByteOf<T> *>(entry(i, j)) + offset;
+    }
+    // The address as a number, of a null entry too.
+    ZELM_INLINE std::uintptr_t number(int i, int j) const {
+        return reinterpret_cast<std::uintptr_t>(entry(i, j)) + static_cast<std::uintptr_t>(offset);
+    }
+
+private:
+    ZELM_INLINE T *entry(int i, int j) const {
+        return table[static_cast<std::size_t>(i) * static_cast<std::size_t>(row) +
+                     static_cast<std::size_t>(j) * static_cast<std::size_t>(column)];
     }
 };
 
@@ -72,6 +80,15 @@ enum class Description { standard, pointer, layout };
 
 struct Shape {
     int height, width;
+};
+
+// The elements of an object that an operation touches: row i from its first column on. Others are
+// not looked at; in a table their pointers may be null.
+struct Whole {
+    static constexpr int width(int, int columns) { return columns; }
+};
+struct LowerTriangle {
+    static constexpr int width(int i, int columns) { return i < columns ? i + 1 : columns; }
 };
 
 // packed() is about the call's own stride2: it chooses limits. What a kernel needs to know of
@@ -299,13 +316,14 @@ template <class T, int H, int W>
 inline constexpr bool is_dense<Dense<T, H, W>> = true;
 
 // The operand as lane kernels of a fixed shape take it.
-template <int H, int W, class Operand>
+template <int H, int W, class Part = Whole, class Operand>
 ZELM_INLINE auto resolved(const Operand &op) {
     if constexpr (Operand::is_tabled) {
         Resolved<typename Operand::Type, H * W> r;
         const auto v = op.view(0, {H, W});
-        for (int e = 0; e < H * W; ++e)
-            r.at[e] = v.at(e / W, e % W);
+        for (int i = 0; i < H; ++i)
+            for (int j = 0; j < W; ++j)
+                r.at[i * W + j] = j < Part::width(i, W) ? v.at(i, j) : nullptr;
         r.stride0 = op.step();
         return r;
     } else {
@@ -318,7 +336,7 @@ ZELM_INLINE auto resolved(const Operand &op) {
 template <class T, int rank, bool array>
 inline bool is_regular(const Tabled<T, rank, array> &op, Shape shape, Standard<T, 2, array> &same) {
     const auto v = op.view(0, shape);
-    const auto at = [&](int i, int j) { return reinterpret_cast<std::uintptr_t>(v.at(i, j)); };
+    const auto at = [&](int i, int j) { return v.number(i, j); };
     const auto origin = at(0, 0);
     const auto down = shape.height > 1 ? at(1, 0) - origin : 0;
     const auto across = shape.width > 1 ? at(0, 1) - origin : 0;

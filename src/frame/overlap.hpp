@@ -18,18 +18,19 @@ struct Span {
     ZELM_INLINE bool meets(Span other) const { return low < other.high && other.low < high; }
 };
 
-// The bytes that each object of an operand spans.
-template <class Operand>
+// The bytes that each object of an operand spans, or a Part of it.
+template <class Described, class Part = Whole>
 class Footprint {
 public:
+    using Operand = Described;
     using T = typename Operand::Type;
 
-    ZELM_INLINE Footprint(const Operand &op, Shape shape) : op_(op) {
+    ZELM_INLINE Footprint(const Operand &op, Shape shape, Part = {}) : op_(op) {
         if constexpr (Operand::is_tabled) {
             const auto v = op.view(0, shape);
             Number low = ~Number{0}, high = 0;
             for (int i = 0; i < shape.height; ++i)
-                for (int j = 0; j < shape.width; ++j) {
+                for (int j = 0; j < Part::width(i, shape.width); ++j) {
                     const auto at = reinterpret_cast<Number>(v.at(i, j));
                     low = at < low ? at : low;
                     high = at > high ? at : high;
@@ -94,7 +95,7 @@ private:
         bool up = true, down = true;
         Number before = 0;
         for (int i = 0; i < shape.height; ++i)
-            for (int j = 0; j < shape.width; ++j) {
+            for (int j = 0; j < Part::width(i, shape.width); ++j) {
                 const auto at = reinterpret_cast<Number>(v.at(i, j));
                 if (i + j > 0) {
                     up = up && at >= before + static_cast<Number>(run);
@@ -127,14 +128,13 @@ ZELM_INLINE bool same_memory(const A &a, const B &b) {
 }
 } // namespace detail
 
-// Decides once per call where that is possible, else group by group.
+// Of footprints. Decides once per call where that is possible, else group by group.
 template <class Destination, class... Sources>
 class Overlap {
 public:
-    ZELM_INLINE Overlap(int count, Shape shape, const Footprint<Destination> &d,
-                        const Footprint<Sources> &...s)
+    ZELM_INLINE Overlap(int count, Shape shape, const Destination &d, const Sources &...s)
         : destination_(d), sources_(s...) {
-        if constexpr (Destination::has_table)
+        if constexpr (Destination::Operand::has_table)
             scan(count);
         else
             clear_ =
@@ -187,8 +187,8 @@ private:
         return true;
     }
 
-    const Footprint<Destination> &destination_;
-    std::tuple<const Footprint<Sources> &...> sources_;
+    const Destination &destination_;
+    std::tuple<const Sources &...> sources_;
     bool clear_ = false;
 };
 

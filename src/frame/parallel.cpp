@@ -19,8 +19,9 @@ ZelStatus y8_ownOMP_zelm_ranges(RangeKernel kernel, int count, std::size_t scrat
     const int slices = request > threads ? request : threads;
     char *block = nullptr;
     if (scratch_bytes != 0) {
-        block = static_cast<char *>(
-            omp_alloc(scratch_bytes * static_cast<std::size_t>(slices), omp_default_mem_alloc));
+        std::size_t bytes = 0;
+        if (!__builtin_mul_overflow(scratch_bytes, static_cast<std::size_t>(slices), &bytes))
+            block = static_cast<char *>(omp_alloc(bytes, omp_default_mem_alloc));
         if (block == nullptr)
             return kernel.run(kernel.context, 0, count, own_scratch);
     }

@@ -18,17 +18,26 @@ struct RangeKernel {
 ZelStatus y8_ownOMP_zelm_ranges(RangeKernel kernel, int count, std::size_t scratch_bytes,
                                 void *own_scratch);
 
-// kernel(n, operands...) over all objects, the operands moved to each range's first object.
+// The caller's buffer, and the bytes that one thread needs in its place.
+struct Scratch {
+    void *own;
+    std::size_t bytes;
+};
+
+// kernel(scratch, n, operands...) over all objects, the operands moved to each range's first
+// object.
 template <class Kernel, class... Operands>
-[[gnu::noinline]] ZelStatus y8_ownOMP_zelm(const Kernel &kernel, int count,
+[[gnu::noinline]] ZelStatus y8_ownOMP_zelm(const Kernel &kernel, Scratch scratch, int count,
                                            const Operands &...operands) {
-    auto body = [&](int first, int n) -> ZelStatus { return kernel(n, operands.from(first)...); };
+    auto body = [&](int first, int n, void *slice) -> ZelStatus {
+        return kernel(slice, n, operands.from(first)...);
+    };
     using Body = decltype(body);
-    const RangeKernel ranges = {[](const void *context, int first, int n, void *) {
-                                    return (*static_cast<const Body *>(context))(first, n);
+    const RangeKernel ranges = {[](const void *context, int first, int n, void *slice) {
+                                    return (*static_cast<const Body *>(context))(first, n, slice);
                                 },
                                 &body};
-    return y8_ownOMP_zelm_ranges(ranges, count, 0, nullptr);
+    return y8_ownOMP_zelm_ranges(ranges, count, scratch.bytes, scratch.own);
 }
 
 // Serial or parallel, by the estimate's verdict.
@@ -37,7 +46,18 @@ ZELM_INLINE ZelStatus run_objects(bool serial, const Kernel &kernel, int count,
                                   const Operands &...operands) {
     if (serial)
         return kernel(count, operands...);
-    return y8_ownOMP_zelm(kernel, count, operands...);
+    return y8_ownOMP_zelm(
+        [&kernel](void *, int n, const Operands &...moved) { return kernel(n, moved...); },
+        Scratch{}, count, operands...);
+}
+
+// The same for kernels that work in a buffer: kernel(buffer, n, operands...).
+template <class Kernel, class... Operands>
+ZELM_INLINE ZelStatus run_objects_in(Scratch scratch, bool serial, const Kernel &kernel, int count,
+                                     const Operands &...operands) {
+    if (serial)
+        return kernel(scratch.own, count, operands...);
+    return y8_ownOMP_zelm(kernel, scratch, count, operands...);
 }
 
 } // namespace zelm

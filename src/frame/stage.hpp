@@ -7,8 +7,8 @@
 
 namespace zelm {
 
-// Room for a group of objects of up to `elements` elements.
-template <class Operand, int elements>
+// Room for a group of objects of up to `elements` elements, of which a Part is copied.
+template <class Operand, int elements, class Part = Whole>
 class Stage {
 public:
     using T = typename Operand::Element;
@@ -18,7 +18,7 @@ public:
     [[gnu::noinline]] Operand enter(const Operand &op, Shape shape, int first, int live) {
         for (int lane = 0; lane < lanes; ++lane)
             for (int i = 0; i < shape.height; ++i)
-                for (int j = 0; j < shape.width; ++j)
+                for (int j = 0; j < Part::width(i, shape.width); ++j)
                     store<T>(
                         at(shape, lane, i, j),
                         load<T>(element(op, shape, first + (lane < live ? lane : live - 1), i, j)));
@@ -29,7 +29,7 @@ public:
         if constexpr (!std::is_const_v<typename Operand::Type>)
             for (int lane = 0; lane < n; ++lane)
                 for (int i = 0; i < shape.height; ++i)
-                    for (int j = 0; j < shape.width; ++j)
+                    for (int j = 0; j < Part::width(i, shape.width); ++j)
                         store<T>(element(op, shape, first + lane, i, j),
                                  load<T>(at(shape, lane, i, j)));
     }
@@ -77,7 +77,7 @@ private:
 };
 
 template <class Int, int elements>
-class Stage<IndexRows<Int>, elements> {
+class Stage<IndexRows<Int>, elements, Whole> {
 public:
     [[gnu::noinline]] IndexRows<Int> enter(const IndexRows<Int> &op, Shape, int first, int live) {
         if (op.length == 0)

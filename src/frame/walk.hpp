@@ -24,34 +24,35 @@ struct Group {
 
 // An array operand of a walk, its objects' shape and the most elements that one can have. H and W
 // are 0 where the shape is known at run time only.
-template <class Operand, int elements, int H = 0, int W = 0>
+template <class Operand, int elements, int H = 0, int W = 0, class Part = Whole>
 struct Walked {
+    using Stage = zelm::Stage<Operand, elements, Part>;
     Operand operand;
     Shape shape;
 };
-template <int H, int W, class Operand>
+template <int H, int W, class Part = Whole, class Operand>
 ZELM_INLINE auto walked(const Operand &op) {
-    const auto r = resolved<H, W>(op);
-    return Walked<std::remove_const_t<decltype(r)>, H * W, H, W>{r, {H, W}};
+    const auto r = resolved<H, W, Part>(op);
+    return Walked<std::remove_const_t<decltype(r)>, H * W, H, W, Part>{r, {H, W}};
 }
-template <int elements, class Operand>
+template <int elements, class Part = Whole, class Operand>
 ZELM_INLINE auto walked(const Operand &op, Shape shape) {
-    return Walked<Operand, elements>{op, shape};
+    return Walked<Operand, elements, 0, 0, Part>{op, shape};
 }
 
 namespace detail {
 // Standard objects of a fixed shape may turn out dense; row numbers and scalars always are.
 template <class W>
 inline constexpr bool may_be_dense = false;
-template <class T, int rank, int elements, int H, int W>
-inline constexpr bool may_be_dense<Walked<Standard<T, rank, true>, elements, H, W>> = H != 0;
+template <class T, int rank, int elements, int H, int W, class Part>
+inline constexpr bool may_be_dense<Walked<Standard<T, rank, true>, elements, H, W, Part>> = H != 0;
 template <class Int, int elements>
 inline constexpr bool may_be_dense<Walked<IndexRows<Int>, elements>> = true;
 template <class T>
 inline constexpr bool may_be_dense<Walked<Scalars<T>, 1, 1, 1>> = true;
 
-template <class T, int rank, int elements, int H, int W>
-ZELM_INLINE bool dense_now(const Walked<Standard<T, rank, true>, elements, H, W> &w) {
+template <class T, int rank, int elements, int H, int W, class Part>
+ZELM_INLINE bool dense_now(const Walked<Standard<T, rank, true>, elements, H, W, Part> &w) {
     const auto v = w.operand.view(0);
     return (W == 1 || v.stride2 == Distance{sizeof(T)}) &&
            (H == 1 || v.stride1 == W * Distance{sizeof(T)});
@@ -64,9 +65,10 @@ template <class T>
 ZELM_INLINE bool dense_now(const Walked<Scalars<T>, 1, 1, 1> &) {
     return true;
 }
-template <class T, int rank, int elements, int H, int W>
-ZELM_INLINE auto as_dense(const Walked<Standard<T, rank, true>, elements, H, W> &w) {
-    return Walked<Dense<T, H, W>, elements, H, W>{{w.operand.object(0), w.operand.step()}, w.shape};
+template <class T, int rank, int elements, int H, int W, class Part>
+ZELM_INLINE auto as_dense(const Walked<Standard<T, rank, true>, elements, H, W, Part> &w) {
+    return Walked<Dense<T, H, W>, elements, H, W, Part>{{w.operand.object(0), w.operand.step()},
+                                                        w.shape};
 }
 template <class Int, int elements>
 ZELM_INLINE auto as_dense(const Walked<IndexRows<Int>, elements> &w) {
@@ -78,28 +80,36 @@ ZELM_INLINE auto as_dense(const Walked<Scalars<T>, 1, 1, 1> &w) {
 }
 } // namespace detail
 
-template <class T, class Allowed, class Kernel, class Single, class... Operand, int... elements,
-          int... H, int... W>
+// Objects 0 ... count - 1 one by one, up to the first that fails.
+template <class Single>
+ZELM_INLINE ZelStatus walk_singly(int count, const Single &single) {
+    for (int n = 0; n < count; ++n)
+        if (const ZelStatus status = single(n))
+            return status;
+    return zelStatusOk;
+}
+
+// Groups begin at multiples of the lanes as long as no object fails.
+template <class T, class Allowed, class Kernel, class Single, class... Arrays>
 ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kernel &kernel,
-                                  const Single &single,
-                                  const Walked<Operand, elements, H, W> &...arrays) {
+                                  const Single &single, const Arrays &...arrays) {
     constexpr int L = lanes_per_register<T>;
-    std::tuple<Stage<Operand, elements>...> stages;
-    std::tuple<Operand...> operands = {arrays.operand...};
+    std::tuple<typename Arrays::Stage...> stages;
+    std::tuple operands(arrays.operand...);
     const auto each = [&](const auto &f) {
         [&]<std::size_t... k>(std::index_sequence<k...>) {
             (f(std::get<k>(stages), arrays, std::get<k>(operands)), ...);
         }
-        (std::index_sequence_for<Operand...>{});
+        (std::index_sequence_for<Arrays...>{});
     };
 
     bool failed_before = false; // and so computed once more, on the stage
     for (int n = 0; n < count;) {
         const int live = count - n < L ? count - n : L;
         if (live == 1 || !allowed.clear(n, live)) [[unlikely]] {
-            if (const ZelStatus status = single(n))
+            if (const ZelStatus status = walk_singly(live, [&](int l) { return single(n + l); }))
                 return status;
-            ++n;
+            n += live;
             continue;
         }
         Group group = {n, live < L || failed_before};
@@ -110,7 +120,7 @@ ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kerne
             });
         }
         const unsigned failing = std::apply(
-            [&](const Operand &...o) __attribute__((always_inline)) { return kernel(group, o...); },
+            [&](const auto &...o) __attribute__((always_inline)) { return kernel(group, o...); },
             operands);
         if (!group.staged) [[likely]] {
             n += failing == 0 ? L : 0;

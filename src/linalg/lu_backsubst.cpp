@@ -46,22 +46,9 @@ ZelStatus y8_ownzelmLUBackSubst_mv(const Factor &factor, const int *index, const
     const auto f = view(factor, object, {n, n});
     const auto from = view(b, object, {1, n});
     const auto to = view(x, object, {1, n});
-    switch (n) {
-    case 3:
-        solve_object<3, T>(f, index, from, to);
-        break;
-    case 4:
-        solve_object<4, T>(f, index, from, to);
-        break;
-    case 5:
-        solve_object<5, T>(f, index, from, to);
-        break;
-    case 6:
-        solve_object<6, T>(f, index, from, to);
-        break;
-    default:
-        solve_object<T>(n, f, index, from, to);
-    }
+    with_order<3, 6>(
+        n, [&](auto N) { solve_object<N, T>(f, index, from, to); },
+        [&] { solve_object<T>(n, f, index, from, to); });
     return zelStatusOk;
 }
 
@@ -176,28 +163,17 @@ ZelStatus y8_ownzelmLUBackSubst(int count, const Factor &factor, const Index &in
     const Footprint from(b, {1, n});
     const Footprint to(x, {1, n});
     const Overlap overlap(count, {1, n}, to, factors, from);
-    switch (n) {
-    case 3:
-        solve_array<3>(factor, index, b, x, count, overlap);
-        break;
-    case 4:
-        solve_array<4>(factor, index, b, x, count, overlap);
-        break;
-    case 5:
-        solve_array<5>(factor, index, b, x, count, overlap);
-        break;
-    case 6:
-        solve_array<6>(factor, index, b, x, count, overlap);
-        break;
-    default:
-        // The stage holds whole factors, or vectors alone.
-        constexpr int largest = Factor::is_array ? 16 : 256;
-        if (n <= largest)
-            solve_array<largest>(n, factor, index, b, x, count, overlap);
-        else
-            for (int k = 0; k < count; ++k)
-                y8_ownzelmLUBackSubst_mv(factor, index.row(k), b, x, n, k);
-    }
+    with_order<3, 6>(
+        n, [&](auto N) { solve_array<N>(factor, index, b, x, count, overlap); },
+        [&] {
+            // The stage holds whole factors, or vectors alone.
+            constexpr int largest = Factor::is_array ? 16 : 256;
+            if (n <= largest)
+                return solve_array<largest>(n, factor, index, b, x, count, overlap);
+            walk_singly(count, [&](int k) {
+                return y8_ownzelmLUBackSubst_mv(factor, index.row(k), b, x, n, k);
+            });
+        });
     return zelStatusOk;
 }
 

@@ -55,18 +55,9 @@ ZelStatus y8_ownzelmLUDecomp_m(const Source &source, int *index, const Destinati
     using T = typename Source::Element;
     const auto from = view(source, object, {n, n});
     const auto to = view(destination, object, {n, n});
-    switch (n) {
-    case 3:
-        return factor_object<3, T>(from, index, to);
-    case 4:
-        return factor_object<4, T>(from, index, to);
-    case 5:
-        return factor_object<5, T>(from, index, to);
-    case 6:
-        return factor_object<6, T>(from, index, to);
-    default:
-        return factor_object<T>(n, from, index, to, rows_adjacent(destination));
-    }
+    return with_order<3, 6>(
+        n, [&](auto N) { return factor_object<N, T>(from, index, to); },
+        [&] { return factor_object<T>(n, from, index, to, rows_adjacent(destination)); });
 }
 
 template <int N, class Source, class Destination>
@@ -154,24 +145,15 @@ ZelStatus y8_ownzelmLUDecomp_ma(int count, const Source &source, const IndexRows
         if (is_regular(source, shape, from) && is_regular(destination, shape, to))
             return y8_ownzelmLUDecomp_ma(count, from, index, to);
     }
-    switch (index.length) {
-    case 3:
-        return factor_array<3>(source, index, destination, count);
-    case 4:
-        return factor_array<4>(source, index, destination, count);
-    case 5:
-        return factor_array<5>(source, index, destination, count);
-    case 6:
-        return factor_array<6>(source, index, destination, count);
-    default:
-        if (index.length > 1 && index.length <= largest_lane_order)
-            return factor_array_general(source, index, destination, count);
-        for (int k = 0; k < count; ++k)
-            if (const ZelStatus status =
-                    y8_ownzelmLUDecomp_m(source, index.row(k), destination, index.length, k))
-                return status;
-        return zelStatusOk;
-    }
+    return with_order<3, 6>(
+        index.length, [&](auto N) { return factor_array<N>(source, index, destination, count); },
+        [&] {
+            if (index.length > 1 && index.length <= largest_lane_order)
+                return factor_array_general(source, index, destination, count);
+            return walk_singly(count, [&](int k) {
+                return y8_ownzelmLUDecomp_m(source, index.row(k), destination, index.length, k);
+            });
+        });
 }
 
 template <class Source, class Destination>

@@ -16,7 +16,8 @@ struct Slot {
 
 struct Operand {
     std::string name;
-    char letter;      // v, m, t, c as in the kind string; i permutation array; b scratch buffer
+    char letter;      // v, m, t, c as in the kind string; i permutation array; b scratch buffer;
+                      // o results without strides
     bool array;       // one object per count
     bool destination; // written by the member
     char description; // S, P or L as it holds for this operand: _L leaves single ones standard

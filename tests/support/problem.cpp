@@ -56,7 +56,7 @@ Placed::Placed(const Operand &operand, int element, bool is_float, const Sizes &
       objects_(operand.array ? sizes.count : 1),
       rows_(transposed_ ? columns : rows),
       columns_(transposed_ ? rows : columns) {
-    const bool dense = letter_ == 'i' || letter_ == 'b';
+    const bool dense = letter_ == 'i' || letter_ == 'b' || letter_ == 'o';
     const Shape &shape = shapes[dense ? packed : placement.shape];
     std::ptrdiff_t step = element_, extent = element_;
     for (std::size_t k = 0; k < 3; ++k) {
@@ -166,7 +166,7 @@ Problem::Problem(const Member &of, const Sizes &given, const std::vector<Placeme
         return std::any_of(member.parameters.begin(), member.parameters.end(),
                            [&](const Parameter &p) { return p.name == name; });
     };
-    const bool product = has("src1Width");
+    const bool product = has("src1Width"), least_squares = member.family == "QRBackSubst";
     for (std::size_t k = 0; k < member.operands.size(); ++k) {
         const Operand &operand = member.operands[k];
         int rows = sizes.height, columns = sizes.width;
@@ -174,14 +174,18 @@ Problem::Problem(const Member &of, const Sizes &given, const std::vector<Placeme
             (k == 0 ? columns : rows) = sizes.inner;
         if (operand.letter != 'm' && operand.letter != 't')
             rows = 1;
-        if (operand.letter == 'c')
+        if (operand.letter == 'c' || operand.letter == 'o')
             columns = 1;
+        if (operand.letter == 'v' && least_squares && !operand.destination)
+            columns = sizes.height;
         if (operand.letter == 'b')
-            columns = sizes.buffer;
+            columns = sizes.buffer != 0    ? sizes.buffer
+                      : member.is_square() ? sizes.width * (sizes.width + 1)
+                                           : sizes.height;
         if (operand.letter == 'v' && product)
             columns = operand.destination ? sizes.height : sizes.inner;
         const bool index_array = operand.letter == 'i';
-        if (operand.destination && in_place && !index_array)
+        if (operand.destination && in_place && !among({&operand.letter, 1}, "i b o"))
             operands.emplace_back(operand, operands[index(*in_place)], placements[k]);
         else
             operands.emplace_back(operand, index_array ? 4 : member.element(),
@@ -220,6 +224,7 @@ void Problem::fill(unsigned seed, bool special) {
     std::mt19937_64 random(seed);
     for (std::size_t k = 0; k < operands.size(); ++k) {
         Placed &operand = operands[k];
+        const bool definite = member.family == "CholeskyDecomp" && !special;
         if (!member.operands[k].destination)
             operand.for_each_element([&](int n, int i, int j) {
                 const double uniform = static_cast<double>(random() >> 11) * 0x1p-52 - 1;
@@ -227,6 +232,7 @@ void Problem::fill(unsigned seed, bool special) {
                 operand.put(n, i, j,
                             operand.letter_ == 'i' ? j
                             : pick                 ? values[random() % values.size()]
+                            : definite && i == j   ? uniform + sizes.width + 1
                                                    : uniform);
             });
     }
@@ -313,7 +319,9 @@ std::vector<Placement> all_in(const Member &member, int shape) {
 }
 
 Sizes parallel_sizes(const Member &member) {
-    return {3, member.is_square() ? 4 : 9, 5, member.kinds == "cva" ? 2500 : 500};
+    const bool tall = member.family.starts_with("QR");
+    const int count = member.kinds == "cva" ? 2500 : member.family == "Det" ? 5000 : 500;
+    return {tall ? 9 : 3, member.is_square() || tall ? 4 : 9, 5, count};
 }
 
 } // namespace zelm_test

@@ -65,7 +65,7 @@ struct Placement {
 // over inner. Vectors of element-wise members have width elements.
 struct Sizes {
     int height = 1, width = 1, inner = 1, count = 1;
-    int buffer = 0; // elements
+    int buffer = 0; // elements; 0 for what the member asks for
 };
 
 // One operand in memory. Indices are those of the operand as it enters the operation.
@@ -122,7 +122,8 @@ public:
     Placed &destination() { return operands.back(); }
     int size_of(const std::string &parameter) const;
     // Every input at random: in [-1, 1), or with one special value (NaN, infinite, zero of either
-    // sign, subnormal, huge) in four.
+    // sign, subnormal, huge) in four. Without special values a matrix to be factored by Cholesky's
+    // method is dominated by its diagonal.
     void fill(unsigned seed, bool special = false);
     void clear_destinations();
 

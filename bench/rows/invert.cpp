@@ -1,0 +1,82 @@
+// Inverses and determinants.
+#include "rows.hpp"
+
+namespace zelm::bench {
+namespace {
+
+template <class T>
+T *buffer(const Problem &p) {
+    return static_cast<T *>(p.buffer);
+}
+
+template <class T>
+void invert(const Problem &p) {
+    must(BENCH_MEMBER(T, zelmInvert_ma)(base<T>(p.a), p.a.object, p.a.row, p.a.element,
+                                        buffer<T>(p), base<T>(p.c), p.c.object, p.c.row,
+                                        p.c.element, p.rows, p.count));
+}
+
+template <class T>
+void determinant(const Problem &p) {
+    must(BENCH_MEMBER(T, zelmDet_ma)(base<T>(p.a), p.a.object, p.a.row, p.a.element, p.rows,
+                                     buffer<T>(p), base<T>(p.c), p.count));
+}
+
+struct Order {
+    int order;
+    Floors floors;
+    const char *bound;
+};
+
+// Times the best SSE4.2-built peer.
+constexpr Order inverses[] = {
+    {3, {1.9, 1.5}, "shuffles"},
+    {4, {1.3, 1.2}, "multiplies, shuffles"},
+    {5, {13, 7}, "selects, spills"},
+    {6, {10, 5}, "selects, spills"},
+};
+// In planar memory the elements are apart: true divisions, and guards.
+constexpr Order planar_inverses[] = {{3, {3.4, 1.4}, "loads"}, {4, {2.5, 1.1}, "multiplies"}};
+constexpr Order determinants[] = {
+    {3, {1.0, 1.0}, "shuffles"},
+    {4, {1.0, 1.0}, "shuffles"},
+    {6, {5, 5}, "shuffles"},
+    {8, {1.8, 1.8}, "pivot search"},
+};
+
+template <class T>
+void add_inverses(Rows &rows) {
+    const auto add = [&](const char *work, BenchWork kind, int n, LibraryCall call,
+                         BenchMemory memory, Floor floor, const char *bound, int count = 1000) {
+        rows.add<T>({.work = work,
+                     .kind = kind,
+                     .shape = order(n),
+                     .library = call,
+                     .memory = memory,
+                     .count = count,
+                     .floor = floor,
+                     .bound = bound});
+    };
+    for (const Order &o : inverses)
+        add("inverse", bench_invert, o.order, invert<T>, bench_packed,
+            times_best_sse(o.floors.of<T>()), o.bound);
+    // A cofactor is an elimination: time of order n^5.
+    for (int n : {8, 16})
+        add("inverse", bench_invert, n, invert<T>, bench_packed, shown(best_sse_peer),
+            "n^2 eliminations", 20);
+    for (const Order &o : planar_inverses)
+        add("inverse", bench_invert, o.order, invert<T>, bench_planar,
+            times_best_sse(o.floors.of<T>()), o.bound);
+    for (const Order &o : determinants)
+        add("determinant", bench_det, o.order, determinant<T>, bench_packed,
+            times_best_sse(o.floors.of<T>()), o.bound);
+}
+
+} // namespace
+
+void add_invert_rows(Rows &rows) {
+    add_inverses<float>(rows);
+    add_inverses<double>(rows);
+}
+
+} // namespace zelm::bench

@@ -1,0 +1,103 @@
+// Inversion of orders 3 to 6, as algorithms over a scalar-like S.
+#pragma once
+
+#include "det.hpp"
+
+namespace zelm {
+
+// The cofactors of `a` in the places of the inverse's elements: c[j][i] is that of a[i][j], without
+// its sign. Returns the determinant, expanded along the first row.
+template <class S>
+ZELM_INLINE S cofactors(S (&c)[3][3], const S (&a)[3][3]) {
+    S m[3];
+    const auto row = [&](auto i, const S(&x)[3], const S(&y)[3]) __attribute__((always_inline)) {
+        minors2<3>(m, x, y);
+        unroll<3>(ZELM_EACH(j) { c[j][i] = m[2 - j]; });
+    };
+    row(std::integral_constant<int, 0>{}, a[1], a[2]);
+    row(std::integral_constant<int, 1>{}, a[0], a[2]);
+    row(std::integral_constant<int, 2>{}, a[0], a[1]);
+    return a[0][0] * c[0][0] - a[0][1] * c[1][0] + a[0][2] * c[2][0];
+}
+template <class S>
+ZELM_INLINE S cofactors(S (&c)[4][4], const S (&a)[4][4]) {
+    S upper[6], lower[6];
+    minors2<4>(upper, a[0], a[1]);
+    minors2<4>(lower, a[2], a[3]);
+    const auto row = [&](auto i, const S(&pairs)[6], const S(&third)[4])
+        __attribute__((always_inline)) {
+        unroll<4>(ZELM_EACH(j) {
+            constexpr int x = j == 0, y = j <= 1 ? 2 : 1, z = j <= 2 ? 3 : 2;
+            c[j][i] = minor3<4, x, y, z>(pairs, third);
+        });
+    };
+    row(std::integral_constant<int, 0>{}, lower, a[1]);
+    row(std::integral_constant<int, 1>{}, lower, a[0]);
+    row(std::integral_constant<int, 2>{}, upper, a[3]);
+    row(std::integral_constant<int, 3>{}, upper, a[2]);
+    return a[0][0] * c[0][0] - a[0][1] * c[1][0] + a[0][2] * c[2][0] - a[0][3] * c[3][0];
+}
+
+// Makes the cofactors the inverse.
+template <int N, class S>
+ZELM_INLINE void divide(S (&c)[N][N], S reciprocal) {
+    const S negative = -reciprocal;
+    unroll<N>(ZELM_EACH(i) {
+        unroll<N>(ZELM_EACH(j) { c[i][j] = c[i][j] * ((i + j) % 2 == 0 ? reciprocal : negative); });
+    });
+}
+
+// Gauss-Jordan elimination in place with row exchanges (Higham: Accuracy and Stability of Numerical
+// Algorithms, 14.4). Afterwards column k of `a` is column p[k] of the inverse. Of equal candidates
+// the topmost becomes the pivot. Returns the lanes with a pivot below the threshold.
+template <int N, class S>
+ZELM_INLINE MaskOf<S> gauss_jordan(S (&a)[N][N], IndexOf<S> (&p)[N], ElementOf<S> threshold) {
+    MaskOf<S> failing = no_lane<S>();
+    unroll<N>(ZELM_EACH(i) { p[i] = splat_index<S>(i); });
+    unroll<N>(ZELM_EACH(k) {
+        S best = magnitude(a[k][k]);
+        IndexOf<S> where = splat_index<S>(k);
+        unroll<k + 1, N>(ZELM_EACH(i) {
+            const S candidate = magnitude(a[i][k]);
+            const auto larger = candidate > best;
+            best = select(larger, candidate, best);
+            where = select(larger, splat_index<S>(i), where);
+        });
+        failing = failing | (splat<S>(threshold) > best);
+
+        S row[N];
+        unroll<N>(ZELM_EACH(j) { row[j] = a[k][j]; });
+        const IndexOf<S> number = p[k];
+        unroll<k + 1, N>(ZELM_EACH(i) {
+            const auto here = where == splat_index<S>(i);
+            unroll<N>(ZELM_EACH(j) {
+                a[k][j] = select(here, a[i][j], a[k][j]);
+                a[i][j] = select(here, row[j], a[i][j]);
+            });
+            p[k] = select(here, p[i], p[k]);
+            p[i] = select(here, number, p[i]);
+        });
+
+        const S r = refined_reciprocal(a[k][k]);
+        unroll<N>(ZELM_EACH(j) {
+            if constexpr (j == k)
+                a[k][j] = r;
+            else
+                a[k][j] = a[k][j] * r;
+        });
+        unroll<N>(ZELM_EACH(i) {
+            if constexpr (i != k) {
+                const S f = a[i][k];
+                unroll<N>(ZELM_EACH(j) {
+                    if constexpr (j == k)
+                        a[i][j] = -f * r;
+                    else
+                        a[i][j] = a[i][j] - f * a[k][j];
+                });
+            }
+        });
+    });
+    return failing;
+}
+
+} // namespace zelm

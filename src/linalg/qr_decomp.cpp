@@ -1,0 +1,154 @@
+#include "qr.hpp"
+
+#include "../frame/checks.hpp"
+#include "../frame/element_at.hpp"
+#include "../frame/estimate.hpp"
+#include "../frame/member.hpp"
+#include "../frame/parallel.hpp"
+#include "../frame/walk.hpp"
+
+namespace zelm {
+namespace {
+
+constexpr Limits standard_limits = {2801, 2801}, table_limits = {1801, 1801}; // of 2*w*h*count
+
+// In the destination, where a failure leaves the columns before the failing one factored.
+template <class Source, class Destination>
+ZelStatus y8_ownzelmQRDecomp_m(const Source &source, const Destination &destination, Shape shape,
+                               int object) {
+    using T = typename Source::Element;
+    const auto from = view(source, object, shape);
+    const auto to = view(destination, object, shape);
+    for (int i = 0; i < shape.height; ++i)
+        for (int j = 0; j < shape.width; ++j)
+            put(to, i, j, T{get(from, i, j)});
+    const bool failed = factor_qr<T>(shape.width, shape.height,
+                                     [&](int i, int j) { return element_at<T>(to, i, j); });
+    return failed ? zelStatusDivByZero : zelStatusOk;
+}
+
+template <int H, int W, class Source, class Destination, class Allowed, class Single>
+ZelStatus factor_array(const Source &source, const Destination &destination, int count,
+                       const Allowed &allowed, const Single &single) {
+    using T = typename Source::Element;
+    return walk<T>(
+        count, allowed,
+        [](const Group &group, const auto &x, const auto &y) __attribute__((always_inline)) {
+            Lanes<T> d[H][W];
+            load_lanes<T>(d, x, group.first);
+            const unsigned failing = lane_bits(factor_qr(d));
+            if (group.stores(failing)) [[likely]]
+                store_lanes<T>(y, group.first, d);
+            return failing;
+        },
+        single, walked<H, W>(source), walked<H, W>(destination));
+}
+
+constexpr int most_lane_elements = 256; // 4 KiB of registers
+
+template <class Source, class Destination, class Allowed, class Single>
+ZelStatus factor_array(Shape shape, const Source &source, const Destination &destination, int count,
+                       const Allowed &allowed, const Single &single) {
+    using T = typename Source::Element;
+    using S = Lanes<T>;
+    const int width = shape.width, height = shape.height;
+    return walk<T>(
+        count, allowed,
+        [&](const Group &group, const auto &x, const auto &y) {
+            S d[most_lane_elements];
+            const auto all = [&](const auto &f) __attribute__((always_inline)) {
+                for (int i = 0; i < height; ++i)
+                    in_steps<T>(
+                        0, width, [&](int j, auto K) __attribute__((always_inline)) {
+                            f(i, j, *reinterpret_cast<S(*)[K]>(d + i * width + j));
+                        });
+            };
+            all([&](int i, int j, auto &part) __attribute__((always_inline)) {
+                load_row<T>(part, x, group.first, shape, i, j);
+            });
+            const unsigned failing = lane_bits(
+                factor_qr<S>(width, height, [&](int i, int j) -> S & { return d[i * width + j]; }));
+            if (group.stores(failing))
+                all([&](int i, int j, auto &part) __attribute__((always_inline)) {
+                    store_row<T>(y, group.first, shape, i, j, part);
+                });
+            return failing;
+        },
+        single, walked<most_lane_elements>(source, shape),
+        walked<most_lane_elements>(destination, shape));
+}
+
+template <class Source, class Destination>
+ZelStatus y8_ownzelmQRDecomp_ma(int count, const Source &source, const Destination &destination,
+                                Shape shape) {
+    if constexpr (Destination::is_tabled) {
+        Standard<typename Source::Type, 2, true> from;
+        Standard<typename Destination::Type, 2, true> to;
+        if (is_regular(source, shape, from) && is_regular(destination, shape, to))
+            return y8_ownzelmQRDecomp_ma(count, from, to, shape);
+    }
+    const auto single = [&](int k) __attribute__((noinline)) {
+        return y8_ownzelmQRDecomp_m(source, destination, shape, k);
+    };
+    if (shape.height > most_lane_elements / shape.width)
+        return walk_singly(count, single);
+    const Footprint from(source, shape);
+    const Footprint to(destination, shape);
+    const Overlap overlap(count, shape, to, from);
+    const auto general = [&] {
+        return factor_array(shape, source, destination, count, overlap, single);
+    };
+    if (shape.width != shape.height)
+        return general();
+    return with_order<3, 6>(
+        shape.width,
+        [&](auto N) { return factor_array<N, N>(source, destination, count, overlap, single); },
+        general);
+}
+
+template <class Source, class T, class Destination>
+ZELM_INLINE ZelStatus qr_decomp(const Source &source, T *buffer, const Destination &destination,
+                                int width, int height) {
+    if (const ZelStatus s = first_failure(pointers(source, buffer, destination),
+                                          sizes(width, height), strides(source, destination),
+                                          shifts(source, destination), at_most(width, height)))
+        return s;
+    return y8_ownzelmQRDecomp_m(source, destination, {height, width}, 0);
+}
+
+// The reflections live in the destination: the buffer is not needed.
+template <class Source, class T, class Destination>
+ZELM_INLINE ZelStatus qr_decomp(const Source &source, T *buffer, const Destination &destination,
+                                int width, int height, int count) {
+    if (const ZelStatus s = first_failure(pointers(source, buffer, destination), counts(count),
+                                          sizes(width, height), strides(source, destination),
+                                          shifts(source, destination), at_most(width, height)))
+        return s;
+    constexpr Limits limits =
+        description_of<Destination> == Description::standard ? standard_limits : table_limits;
+    return run_objects(
+        limits.serial(Estimate(2) * width * height * count, true),
+        [width, height](int objects, const Source &from, const Destination &to) {
+            return y8_ownzelmQRDecomp_ma(objects, from, to, Shape{height, width});
+        },
+        count, source, destination);
+}
+
+} // namespace
+} // namespace zelm
+
+#define QR_M(D, T, suffix, kind)                                                                   \
+    ZELM_MEMBER(zelmQRDecomp_##kind##_##suffix,                                                    \
+                (ZELM_PARAMETERS(D, kind, const T, src), T * buffer,                               \
+                 ZELM_PARAMETERS(D, kind, T, dst), int width, int height),                         \
+                zelm::qr_decomp(ZELM_OPERAND(D, kind, const T, src), buffer,                       \
+                                ZELM_OPERAND(D, kind, T, dst), width, height))
+#define QR_MA(D, T, suffix, kind)                                                                  \
+    ZELM_MEMBER(zelmQRDecomp_##kind##_##suffix,                                                    \
+                (ZELM_PARAMETERS(D, kind, const T, src), T * buffer,                               \
+                 ZELM_PARAMETERS(D, kind, T, dst), int width, int height, int count),              \
+                zelm::qr_decomp(ZELM_OPERAND(D, kind, const T, src), buffer,                       \
+                                ZELM_OPERAND(D, kind, T, dst), width, height, count))
+
+ZELM_SINGLE(QR_M, m)
+ZELM_ARRAY(QR_MA, ma)
