@@ -13,17 +13,32 @@ using namespace zelm_test;
 
 namespace {
 
-// Groups: p pointers, c count, z sizes, a agreement of sizes, s strides, o shifts. Groups that a
-// member lacks are passed over.
-const std::map<char, int> statuses = {{'p', -8},   {'c', -203}, {'z', -6},
-                                      {'a', -204}, {'s', -182}, {'o', -202}};
+// Groups: p pointers, c count, z sizes, a agreement of sizes, s strides, o shifts, d strides from
+// object to object where there are two. Groups that a member lacks are passed over.
+const std::map<char, int> statuses = {{'p', -8},   {'c', -203}, {'z', -6},  {'a', -204},
+                                      {'s', -182}, {'o', -202}, {'d', -182}};
 constexpr struct {
     const char *families, *kinds, *descriptions, *order;
+    const char *type = "32f 64f";
 } orders[] = {
     {"Add Sub", "mam", "S", "pcsz"},
     {"Sub", "mma", "S", "pcsz"},
     {"Add Sub", "vav", "S P", "pzsco"},
     {"Add Sub", "vav", "L", "pzsoc"},
+    {"Copy", "", "PP", "pzcosd"},
+    {"Copy", "va", "SP LP", "pzcosd", "32f"},
+    {"Copy", "", "SS SP SL PS PL LS LP LL", "pzcsod"},
+    {"Extract", "v", "P", "pzo", "32f"},
+    {"Extract", "m t v", "P", "zpo"},
+    {"Extract", "m t v", "S", "pzs"},
+    {"Extract", "ma ta va", "S P L", "pzcos"},
+    {"LoadIdentity", "", "S L", "pzcsdo"},
+    {"LoadIdentity", "", "P", "pzocd", "32f"},
+    {"LoadIdentity", "", "P", "pzcod", "64f"},
+    {"CrossProduct", "vav", "L", "psoc"},
+    {"CrossProduct", "vav", "S P", "psco"},
+    {"Transpose DotProduct CrossProduct L2Norm FrobNorm Trace LComb Saxpy Gaxpy", "", "S P L",
+     "pczaso"},
     {"CholeskyBackSubst", "mva", "L", "psozc"},
     {"QRDecomp QRBackSubst", "", "S P L", "pczsoa"},
     {"Add Sub Mul LUDecomp LUBackSubst Invert Det CholeskyDecomp CholeskyBackSubst", "", "S P L",
@@ -33,7 +48,7 @@ constexpr struct {
 std::string order_of(const Member &m) {
     for (const auto &row : orders)
         if (among(m.family, row.families) && (*row.kinds == 0 || among(m.kinds, row.kinds)) &&
-            among(m.description, row.descriptions))
+            among(m.description, row.descriptions) && among(m.is_float ? "32f" : "64f", row.type))
             return row.order;
     throw std::logic_error(m.name + ": no order of checks is given for this family");
 }
@@ -41,7 +56,8 @@ std::string order_of(const Member &m) {
 // The group in which a parameter is checked. One member does not check this stride.
 char group_of(const Member &m, const Parameter &p) {
     const bool unchecked = m.name == "zelmAdd_vaca_32f_P" && p.group == 's' && p.operand == 0;
-    return unchecked ? '-' : p.group;
+    const bool apart = among(m.family, "Copy LoadIdentity") && p.group == 's' && p.axis == 0;
+    return unchecked ? '-' : apart ? 'd' : p.group;
 }
 
 // Products: the inner sizes, as stored, are equal. QR: no more columns than rows.
@@ -50,6 +66,14 @@ bool sizes_agree(const Member &m, const std::vector<Slot> &slots) {
         const std::size_t width = slots.size() - (m.is_array() ? 3 : 2);
         return slots[width].integer <= slots[width + 1].integer;
     }
+    const auto value = [&](const std::string &name) {
+        for (std::size_t k = 0; k < slots.size(); ++k)
+            if (m.parameters[k].name == name)
+                return slots[k].integer;
+        throw std::logic_error(m.name + " has no " + name);
+    };
+    if (m.family == "Gaxpy")
+        return value("width") == value("src2Len") && value("height") == value("src3Len");
     if (m.family != "Mul" || m.kinds.find('c') != std::string::npos)
         return true;
     const char first = m.operands[0].letter, second = m.operands[1].letter;
@@ -57,29 +81,25 @@ bool sizes_agree(const Member &m, const std::vector<Slot> &slots) {
     const char *const inner2 = second == 'v'   ? "src2Len"
                                : second == 't' ? "src2Width"
                                                : "src2Height";
-    long long difference = 0;
-    for (std::size_t k = 0; k < slots.size(); ++k)
-        if (m.parameters[k].name == inner1)
-            difference += slots[k].integer;
-        else if (m.parameters[k].name == inner2)
-            difference -= slots[k].integer;
-    return difference == 0;
+    return value(inner1) == value(inner2);
 }
 
-bool is_faulty(const Member &m, char group, const Slot &slot) {
+bool is_faulty(const Member &m, char group, const std::vector<Slot> &slots, std::size_t k) {
+    const Slot &slot = slots[k];
     const bool misaligned = slot.integer % m.element() != 0;
     return group == 'p'                   ? slot.pointer == nullptr
            : group == 'c' || group == 'z' ? slot.integer < 1
            : group == 's'                 ? slot.integer < 1 || misaligned
-           : group == 'o'                 ? slot.integer < 0 || misaligned
-                                          : false;
+           : group == 'd' ? (slot.integer < 1 || misaligned) && slots.back().integer >= 2
+           : group == 'o' ? slot.integer < 0 || misaligned
+                          : false;
 }
 
 int expected_status(const Member &m, const std::string &order, const std::vector<Slot> &slots) {
     for (const char group : order) {
         bool faulty = group == 'a' && !sizes_agree(m, slots);
         for (std::size_t k = 0; k < slots.size(); ++k)
-            faulty |= group_of(m, m.parameters[k]) == group && is_faulty(m, group, slots[k]);
+            faulty |= group_of(m, m.parameters[k]) == group && is_faulty(m, group, slots, k);
         if (faulty)
             return statuses.at(group);
     }
@@ -97,7 +117,10 @@ std::vector<int> faults_of(const Member &m, const Parameter &p) {
         {'o', {-e, -1, 1, e / 2, e + 2, INT_MIN}},
         {'-', {}},
     };
-    return faults.at(p.group);
+    std::vector<int> some = faults.at(p.group);
+    if (p.group == 'c')
+        some.push_back(1); // no fault, and strides from object to object are none then
+    return some;
 }
 
 // Calls m where the arguments amount to a fault.

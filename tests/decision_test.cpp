@@ -23,7 +23,7 @@ struct Pair {
 };
 struct Limits {
     Pair standard32, standard64, layout32, layout64;
-    int pointer;
+    int pointer32, pointer64 = pointer32;
 };
 constexpr Pair p1999 = {1999, 1999}, p2500 = {2500, 2500}, p3500 = {3500, 3500};
 constexpr Pair p3600 = {3600, 1440}, p1400 = {1400, 1400}, p2100 = {2100, 2100};
@@ -46,6 +46,19 @@ constexpr Limits orthogonal = {p2800, p2800, p1800, p1800, 1800};
 constexpr Limits cholesky = {p7500, p7500, p2000, p2000, 2000};
 constexpr Limits cholesky_vectors = {p1200, p1200, p720, p720, 720};
 constexpr Limits cholesky_pairs = {p2050, p2050, p1700, p1700, 2050};
+constexpr Pair p2400 = {2400, 2400}, p3000 = {3000, 3000}, p2999 = {2999, 2999};
+constexpr Pair p3600b = {3600, 3600}, p4500 = {4500, 4500}, p5000 = {5000, 5000};
+constexpr Pair p1600 = {1600, 1600}, p1500 = {1500, 1500}, scaled = {3000, 2000};
+constexpr Limits dots = {{5000, 2620}, {3500, 2000}, p2400, {4200, 3300}, 2400, 2000};
+constexpr Limits cross_one = {p2999, p2999, p2999, p2999, 2999};
+constexpr Limits cross_pairs = {p3000, p3000, p3000, p3000, 3000};
+constexpr Limits lengths = {p1500, p1500, p1500, p1500, 1500};
+constexpr Limits frobenius = {{2500, 1800}, {1800, 1500}, p1600, p1600, 1500, 2500};
+constexpr Limits traces = {p3600b, p3600b, p3600b, p3600b, 3600};
+constexpr Limits combinations = {p4500, p4500, p4500, p4500, 4500};
+constexpr Limits saxpy = {scaled, scaled, scaled, scaled, 2000};
+constexpr Limits gaxpy_one = {{7000, 5000}, p5000, {7000, 5000}, p5000, 4500, 7000};
+constexpr Limits gaxpy_many = {{7000, 5000}, p5000, {7000, 7000}, {6000, 5000}, 4500, 7000};
 
 // Sizes as they enter the operation: the result is h x w, products sum over k, c objects.
 struct N {
@@ -80,6 +93,19 @@ const Row rows[] = {
     {"Mul", "vac", product, [](N n) { return 2 * n.w * n.c; }},
     {"Mul", "vca", scaled_vector, [](N n) { return n.w * (n.c + 1) + n.c; }},
     {"Mul", "vaca", scaled_vector, [](N n) { return n.c * (2 * n.w + 1); }},
+    {"DotProduct", "vav", dots, [](N n) { return n.w * (n.c + 1); }},
+    {"DotProduct", "vava", dots, [](N n) { return 2 * n.w * n.c; }},
+    {"CrossProduct", "vav vva", cross_one, [](N n) { return 2 * n.c; }},
+    {"CrossProduct", "vava", cross_pairs, [](N n) { return 3 * n.c; }},
+    {"L2Norm", "va", lengths, [](N n) { return n.w * n.c; }},
+    {"FrobNorm", "ma", frobenius, [](N n) { return n.w * n.h * n.c; }},
+    {"Trace", "ma", traces, [](N n) { return n.w * n.c; }},
+    {"LComb", "vav", combinations, [](N n) { return (2 * n.c + 1) * n.w; }},
+    {"LComb", "vava", combinations, [](N n) { return 3 * n.c * n.w; }},
+    {"Saxpy", "vav vva", saxpy, [](N n) { return (2 * n.c + 1) * n.w; }},
+    {"Saxpy", "vava", saxpy, [](N n) { return 3 * n.c * n.w; }},
+    {"Gaxpy", "mvav", gaxpy_one, [](N n) { return n.w * n.c + n.h * (n.c + 1); }},
+    {"Gaxpy", "mva", gaxpy_many, [](N n) { return (n.w + 2 * n.h) * n.c; }},
     {"LUDecomp", "ma", decomposition, [](N n) { return n.w * n.w * n.c; }},
     {"LUBackSubst", "mva", solve_vectors, one_factor},
     {"LUBackSubst", "mava", solve_pairs, many_factors},
@@ -103,7 +129,7 @@ const Row &row_of(const Member &m) {
 int limit_of(const Row &row, const Member &m, bool contiguous) {
     const Limits &limits = row.limits;
     if (m.description == "P")
-        return limits.pointer;
+        return m.is_float ? limits.pointer32 : limits.pointer64;
     const Pair &pair = m.description == "S" ? (m.is_float ? limits.standard32 : limits.standard64)
                                             : (m.is_float ? limits.layout32 : limits.layout64);
     return contiguous ? pair.contiguous : pair.general;
@@ -153,7 +179,7 @@ std::vector<Sizes> around(const Row &row, std::int64_t limit) {
 std::vector<const Member *> array_members() {
     std::vector<const Member *> those;
     for (const Member &m : members())
-        if (m.is_array())
+        if (m.is_array() && !among(m.family, "Copy Extract LoadIdentity Transpose"))
             those.push_back(&m);
     return those;
 }
@@ -256,6 +282,47 @@ TEST(Decision, NumberOfQuestions) {
             ASSERT_TRUE(problem.image() == serial) << m->name << ", answers " << answers;
         }
     }
+}
+
+TEST(Decision, MovesStaySerial) {
+    for (const Member &m : members())
+        if (among(m.family, "Copy Extract LoadIdentity Transpose")) {
+            Problem problem(m, {6, 6, 6, 3000}, all_in(m, packed));
+            problem.fill(3);
+            stub_core_answers({2});
+            EXPECT_EQ(problem.run(), 0) << m.name;
+            EXPECT_EQ(stub_core_questions(), 0) << m.name;
+        }
+}
+
+// The size of the largest cache is asked for where both sides are above 128, for 32f rows without
+// gaps inside. The result is the same on all paths.
+TEST(Decision, TransposeAsksForTheCache) {
+    constexpr struct {
+        int height, width, cache, questions;
+    } cases[] = {
+        {128, 400, 1 << 20, 0}, {300, 100, 1 << 20, 0}, {129, 129, 1 << 20, 1},
+        {200, 200, 1 << 20, 1}, {400, 400, 1 << 20, 1}, {401, 401, 1 << 20, 1},
+        {150, 272, 1000, 1},    {131, 144, 0, 1},
+    };
+    for (const auto &c : cases)
+        for (const char *name : {"zelmTranspose_m_32f", "zelmTranspose_m_64f"})
+            for (const Edge edge : {Edge::first, Edge::last, Edge::odd}) {
+                const Member &m = member(name);
+                Problem problem(m, {c.height, c.width, 1, 1},
+                                {{packed, Edge::last}, {packed, edge}});
+                problem.fill(4);
+                stub_core_cache(c.cache);
+                EXPECT_EQ(problem.run(), 0);
+                EXPECT_EQ(stub_core_cache_questions(), m.is_float ? c.questions : 0)
+                    << problem.describe();
+                int wrong = 0;
+                problem.operands[0].for_each_element([&](int n, int i, int j) {
+                    wrong += problem.operands[0].bits(n, i, j) != problem.operands[1].bits(n, j, i);
+                });
+                EXPECT_EQ(wrong, 0) << problem.describe();
+                EXPECT_EQ(problem.disturbed(), "") << problem.describe();
+            }
 }
 
 TEST(Decision, VersionRecordAsksForFeature128) {

@@ -1,5 +1,5 @@
-// Add, Sub and products with constants: every kind and description in every memory shape, bit for
-// bit.
+// Add, Sub, products with constants and weighted sums: every kind and description in every memory
+// shape, bit for bit.
 
 #include "support/results.hpp"
 
@@ -22,7 +22,7 @@ constexpr Sizes cases[] = {
 std::vector<const Member *> elementwise() {
     std::vector<const Member *> those;
     for (const Member &m : members())
-        if (among(m.family, "Add Sub") ||
+        if (among(m.family, "Add Sub LComb Saxpy") ||
             (m.family == "Mul" && m.kinds.find('c') != std::string::npos))
             those.push_back(&m);
     return those;

@@ -10,6 +10,7 @@ namespace {
 std::vector<int> answers = {1};
 std::size_t questions = 0;
 int exit_code = 0, feature_code = 0, feature_answer = 0;
+int cache_bytes = 1 << 20, cache_questions = 0;
 } // namespace
 
 void stub_core_answers(const std::vector<int> &given) {
@@ -23,6 +24,12 @@ void stub_core_feature(int code, int answer) {
     feature_answer = answer;
 }
 
+void stub_core_cache(int bytes) {
+    cache_bytes = bytes;
+    cache_questions = 0;
+}
+int stub_core_cache_questions() { return cache_questions; }
+
 int ownGetNumThreads() {
     if (exit_code != 0)
         _exit(exit_code);
@@ -30,6 +37,9 @@ int ownGetNumThreads() {
 }
 int zelSetNumThreads(int) { return 0; }
 int ownGetFeature(int code) { return code == feature_code ? feature_answer : 0; }
-int zelGetMaxCacheSizeB(int *size) { return *size = 1 << 20, 0; }
+int zelGetMaxCacheSizeB(int *size) {
+    ++cache_questions;
+    return *size = cache_bytes, 0;
+}
 int zelGetCpuFeatures(ZelCpuFeatures *mask) { return *mask = 0, 0; }
 ZelCpuFeatures zelGetEnabledCpuFeatures() { return 0; }

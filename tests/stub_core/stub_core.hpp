@@ -11,3 +11,6 @@ __attribute__((visibility("default"))) int stub_core_questions();
 __attribute__((visibility("default"))) void stub_core_exit(int code);
 // The answer of ownGetFeature to this one code; it is 0 for all others.
 __attribute__((visibility("default"))) void stub_core_feature(int code, int answer);
+// The size of the largest cache; questions about it are counted anew.
+__attribute__((visibility("default"))) void stub_core_cache(int bytes);
+__attribute__((visibility("default"))) int stub_core_cache_questions();

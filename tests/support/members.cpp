@@ -60,6 +60,8 @@ void add_operand(Member &m, const std::string &name, const std::string &kind) {
         operand.array = operand.letter != 'b' && m.operands.front().array;
         operand.destination = kind != "cindex";
     }
+    if (kind == "value")
+        operand.letter = 'c', operand.array = false;
     operand.description =
         description_of(operand, operand.destination ? m.description.back() : m.description[0]);
     const int index = static_cast<int>(m.operands.size());
@@ -117,6 +119,11 @@ void name_the_call(int) {
 }
 
 } // namespace
+
+bool Member::is_array() const {
+    return std::any_of(parameters.begin(), parameters.end(),
+                       [](const Parameter &p) { return p.group == 'c'; });
+}
 
 bool Member::is_square() const {
     return std::any_of(parameters.begin(), parameters.end(),

@@ -44,7 +44,7 @@ struct Member {
     int (*invoke)(Function, const Slot *);
 
     int element() const { return is_float ? 4 : 8; }
-    bool is_array() const { return parameters.back().group == 'c'; }
+    bool is_array() const;
     bool is_square() const; // takes widthHeight
     int call(const std::vector<Slot> &slots) const;
 };

@@ -184,6 +184,14 @@ Problem::Problem(const Member &of, const Sizes &given, const std::vector<Placeme
                                            : sizes.height;
         if (operand.letter == 'v' && product)
             columns = operand.destination ? sizes.height : sizes.inner;
+        if (operand.letter == 'v' && member.family == "Gaxpy")
+            columns = operand.name == "src2" ? sizes.width : sizes.height;
+        if (operand.letter == 'o' && member.family == "Extract")
+            rows = has("height") ? sizes.height : 1, columns = sizes.width;
+        if (operand.destination && member.family == "Transpose")
+            std::swap(rows, columns);
+        if (member.family == "CrossProduct")
+            columns = 3;
         const bool index_array = operand.letter == 'i';
         if (operand.destination && in_place && !among({&operand.letter, 1}, "i b o"))
             operands.emplace_back(operand, operands[index(*in_place)], placements[k]);
@@ -195,6 +203,13 @@ Problem::Problem(const Member &of, const Sizes &given, const std::vector<Placeme
     for (const Parameter &p : member.parameters)
         slots.push_back(p.operand >= 0 ? operands[index(p.operand)].slot(p)
                                        : Slot{nullptr, size_of(p.name)});
+}
+
+Placed &Problem::destination() {
+    std::size_t k = operands.size() - 1;
+    while (!member.operands[k].destination)
+        --k;
+    return operands[k];
 }
 
 int Problem::size_of(const std::string &parameter) const {

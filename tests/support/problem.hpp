@@ -119,7 +119,7 @@ public:
     std::vector<Placed> operands; // in the order of member.operands
     std::vector<Slot> slots;      // may be changed before run()
 
-    Placed &destination() { return operands.back(); }
+    Placed &destination(); // the last operand that is written
     int size_of(const std::string &parameter) const;
     // Every input at random: in [-1, 1), or with one special value (NaN, infinite, zero of either
     // sign, subnormal, huge) in four. Without special values a matrix to be factored by Cholesky's

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 namespace zelm_test {
 
@@ -18,7 +19,14 @@ Reference reference(const Problem &problem, int n, int i, int j) {
             return p.is_constant() ? p.get(n, 0, 0) : p.get(n, i, j);
         };
         const double x = value(a), y = value(b);
-        const double z = rounded(family == "Add" ? x + y : family == "Sub" ? x - y : x * y);
+        const auto weight = [&](std::size_t k) { return problem.operands[k].get(0, 0, 0); };
+        const double z =
+            rounded(family == "Add"     ? x + y
+                    : family == "Sub"   ? x - y
+                    : family == "Mul"   ? x * y
+                    : family == "Saxpy" ? rounded(x * weight(3)) + y
+                    : family == "LComb" ? rounded(x * weight(3)) + rounded(y * weight(4))
+                                        : throw std::logic_error("no reference for " + family));
         return {z, z, 0};
     }
     const bool vector = kinds.find('v') != std::string::npos;

@@ -1,0 +1,221 @@
+// Dot and cross products, norms, traces and Gaxpy: bit for bit in the order of addition that each
+// is documented to have.
+
+#include "support/results.hpp"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+using namespace zelm_test;
+
+namespace {
+
+// Adds the products of two vectors to s: `singles` in order, blocks of eight, the rest in order.
+template <class T>
+T add_products(T s, const std::vector<T> &x, const std::vector<T> &y, std::size_t singles) {
+    std::size_t k = 0;
+    for (; k < std::min(singles, x.size()); ++k)
+        s = s + x[k] * y[k];
+    if (x.size() - k >= 8) {
+        T first[4] = {}, second[4] = {};
+        for (; k + 8 <= x.size(); k += 8)
+            for (std::size_t l = 0; l < 4; ++l) {
+                first[l] = first[l] + x[k + l] * y[k + l];
+                second[l] = second[l] + x[k + 4 + l] * y[k + 4 + l];
+            }
+        T sum[4];
+        for (std::size_t l = 0; l < 4; ++l)
+            sum[l] = first[l] + second[l];
+        s = s + ((sum[0] + sum[2]) + (sum[1] + sum[3]));
+    }
+    for (; k < x.size(); ++k)
+        s = s + x[k] * y[k];
+    return s;
+}
+
+template <class T>
+std::vector<T> row(const Placed &p, int n, int i) {
+    std::vector<T> values;
+    for (int j = 0; j < p.columns(); ++j)
+        values.push_back(static_cast<T>(p.get(n, i, j)));
+    return values;
+}
+
+// What a single pair adds before its blocks: up to a multiple of 16 of the address of the second
+// vector where both are adjacent floats, of the address of its table in pointer description.
+template <class T>
+std::size_t singles_of(const Problem &problem) {
+    const Placed &a = problem.operands[0], &b = problem.operands[1];
+    if (problem.member.is_array() || b.columns() < 8)
+        return 0;
+    std::uintptr_t at = 0, step = sizeof(T);
+    if (problem.member.description == "P") {
+        for (std::size_t k = 0; k < problem.slots.size(); ++k)
+            if (problem.member.parameters[k].group == 'p' &&
+                problem.member.parameters[k].operand == 1)
+                at = reinterpret_cast<std::uintptr_t>(problem.slots[k].pointer);
+        step = sizeof(void *);
+    } else {
+        const auto adjacent = [](const Placed &p) {
+            return p.address(0, 0, 1) - p.address(0, 0, 0) == sizeof(float);
+        };
+        if (sizeof(T) == 8 || !adjacent(a) || !adjacent(b))
+            return 0;
+        at = reinterpret_cast<std::uintptr_t>(b.address(0, 0, 0));
+    }
+    return at % step != 0 ? 1000 : (16 - at % 16) % 16 / step;
+}
+
+template <class T>
+T expected(const Problem &problem, int n, int k) {
+    const std::string &family = problem.member.family;
+    const Placed &a = problem.operands[0];
+    if (family == "DotProduct")
+        return add_products(T(-0.0), row<T>(a, n, 0), row<T>(problem.operands[1], n, 0),
+                            singles_of<T>(problem));
+    if (family == "L2Norm" || family == "FrobNorm") {
+        T sum = 0;
+        for (int i = 0; i < a.rows(); ++i)
+            sum = add_products(sum, row<T>(a, n, i), row<T>(a, n, i), 0);
+        return std::sqrt(sum);
+    }
+    if (family == "Trace") {
+        T sum = static_cast<T>(a.get(n, 0, 0));
+        for (int i = 1; i < a.rows(); ++i)
+            sum = sum + static_cast<T>(a.get(n, i, i));
+        return sum;
+    }
+    const std::vector<T> x = row<T>(problem.operands[1], n, 0);
+    if (family == "Gaxpy") {
+        T sum = 0;
+        for (int j = 0; j < a.columns(); ++j)
+            sum = sum + static_cast<T>(a.get(0, k, j)) * x[static_cast<std::size_t>(j)];
+        return sum + static_cast<T>(problem.operands[2].get(n, 0, k));
+    }
+    const std::vector<T> y = row<T>(a, n, 0);
+    const auto p = static_cast<std::size_t>((k + 1) % 3), q = static_cast<std::size_t>((k + 2) % 3);
+    return y[p] * x[q] - y[q] * x[p];
+}
+
+template <class T>
+bool is_as_expected(Problem &problem) {
+    std::vector<T> all;
+    Placed &result = problem.destination();
+    result.for_each_element([&](int n, int, int k) { all.push_back(expected<T>(problem, n, k)); });
+    EXPECT_EQ(problem.run(), 0) << problem.describe();
+    const std::string disturbed = problem.disturbed();
+    EXPECT_EQ(disturbed, "") << problem.describe();
+    bool right = disturbed.empty();
+    std::size_t e = 0;
+    result.for_each_element([&](int n, int, int k) {
+        const double is = result.get(n, 0, k), should = all[e++];
+        if (right && is != should && !(std::isnan(is) && std::isnan(should))) {
+            right = false;
+            ADD_FAILURE() << problem.describe() << ": (" << n << ", " << k << ") is " << is
+                          << ", should be " << should;
+        }
+    });
+    return right;
+}
+
+TEST(Reductions, EveryMemberInEveryMixOfMemoryShapes) {
+    for (const Member &m : members()) {
+        if (!among(m.family, "DotProduct CrossProduct L2Norm FrobNorm Trace Gaxpy"))
+            continue;
+        int step = 0;
+        bool right = true;
+        for (int size = 1; size <= 40; size += size < 20 ? 1 : 11)
+            for (const int count : {1, 2, 3, 4, 5, 9, size < 7 ? 101 : 6})
+                for (int k = 0; right && k < 4; ++k, ++step) {
+                    const int height = k == 3 ? size % 5 + 1 : size;
+                    Problem problem(m, {height, size, 1, count},
+                                    k < 2 ? all_in(m, k == 0 ? packed : planar) : mixed(m, step));
+                    problem.fill(static_cast<unsigned>(step), step % 3 == 0);
+                    right = m.is_float ? is_as_expected<float>(problem)
+                                       : is_as_expected<double>(problem);
+                }
+    }
+}
+
+// Nothing is scaled: squares overflow to infinity and vanish below the subnormal numbers.
+TEST(Reductions, NormsAreNotScaled) {
+    float x[9], norm[3];
+    for (const float value : {2e19f, 1e-30f}) {
+        std::fill(x, x + 9, value);
+        ASSERT_EQ(zelmL2Norm_va_32f(x, 12, 4, norm, 3, 3), 0);
+        EXPECT_EQ(norm[1], value > 1 ? INFINITY : 0.0f);
+        ASSERT_EQ(zelmFrobNorm_m_32f(x, 12, 4, 3, 3, norm), 0);
+        EXPECT_EQ(norm[0], value > 1 ? INFINITY : 0.0f);
+    }
+}
+
+// The running sum of a trace is in the destination from the first zero on; orders 3 to 6 are not
+// summed there.
+TEST(Reductions, TraceIntoItsOwnDiagonal) {
+    for (const int order : {2, 3, 6, 7, 8})
+        for (const int at : {0, 1, order - 1}) {
+            std::vector<double> a(static_cast<std::size_t>(order * order), 0.0);
+            std::vector<const double *> table;
+            const auto diagonal = [&](int i) -> double & {
+                return a[static_cast<std::size_t>(i * (order + 1))];
+            };
+            double plain = 0, running = 0;
+            for (int i = 0; i < order; ++i) {
+                diagonal(i) = i + 1;
+                plain += i + 1;
+                running += i == at ? running : i + 1;
+            }
+            for (const double &element : a)
+                table.push_back(&element);
+            const bool tabled = at == 1;
+            const int status = tabled
+                                   ? zelmTrace_m_64f_P(table.data(), 0, order, &diagonal(at))
+                                   : zelmTrace_m_64f(a.data(), order * 8, 8, order, &diagonal(at));
+            ASSERT_EQ(status, 0);
+            EXPECT_EQ(diagonal(at), order >= 3 && order <= 6 ? plain : running)
+                << "order " << order << " at " << at;
+        }
+}
+
+// So is that of Gaxpy: an addend in the same memory has become the sum when it is added, a factor
+// in the same memory is read as the sum has left it.
+TEST(Reductions, GaxpyIntoItsSources) {
+    for (const bool tabled : {false, true})
+        for (const bool into_factor : {false, true}) {
+            const float a[3][3] = {{2, 3, 5}, {7, 11, 13}, {17, 19, 23}};
+            float x[3] = {1, 2, 3}, b[3] = {10, 20, 30};
+            float *const d = into_factor ? x : b;
+            float y[3] = {1, 2, 3}, c[3] = {10, 20, 30};
+            float *const e = into_factor ? y : c;
+            // Rows are apart by three elements, of which two are used.
+            for (int i = 0; i < 2; ++i) {
+                e[i] = 0;
+                e[i] = (e[i] + a[i][0] * y[0]) + a[i][1] * y[1];
+                e[i] = e[i] + c[i];
+            }
+            const float *matrix[] = {&a[0][0], &a[0][1], &a[1][0], &a[1][1]};
+            const float *factors[] = {x, x + 1}, *addends[] = {b, b + 1};
+            float *const results[] = {d, d + 1};
+            const int status = tabled ? zelmGaxpy_mv_32f_P(matrix, 0, 2, 2, factors, 0, 2, addends,
+                                                           0, 2, results, 0)
+                                      : zelmGaxpy_mv_32f(a[0], 12, 4, 2, 2, x, 4, 2, b, 4, 2, d, 4);
+            ASSERT_EQ(status, 0);
+            EXPECT_EQ(d[0], e[0]);
+            EXPECT_EQ(d[1], e[1]);
+        }
+}
+
+TEST(Reductions, InPlaceCrossProduct) {
+    for (const char *name : {"zelmCrossProduct_vava_32f", "zelmCrossProduct_vav_64f_L",
+                             "zelmCrossProduct_vva_32f_P", "zelmCrossProduct_vava_64f_P"})
+        for (int step = 0; step < 12; ++step) {
+            const Member &m = member(name);
+            Problem problem(m, {1, 3, 1, 11}, mixed(m, step), m.kinds == "vva" ? 1 : 0);
+            problem.fill(static_cast<unsigned>(step));
+            const bool right =
+                m.is_float ? is_as_expected<float>(problem) : is_as_expected<double>(problem);
+            ASSERT_TRUE(right);
+        }
+}
+
+} // namespace
