@@ -1,0 +1,274 @@
+#include "inverse.hpp"
+#include "matrix.hpp"
+#include "points.hpp"
+
+#include "../frame/member.hpp"
+
+namespace zelm::geom3d {
+namespace {
+
+// The groupings differ on purpose. p are the coordinates of a point and r the rows of the matrix:
+// a coordinate in every lane and whole rows, or four points and one element of each row.
+
+template <int n>
+struct Affine {
+    static constexpr int size = 4;
+    static constexpr bool divides = false;
+    ZELM_INLINE static Row at(const Row (&p)[n], const Row (&r)[4]) {
+        if constexpr (n == 2)
+            return (p[0] * r[0] + p[1] * r[1]) + r[3];
+        else if constexpr (n == 3)
+            return ((p[0] * r[0] + p[1] * r[1]) + p[2] * r[2]) + r[3];
+        else
+            return (p[0] * r[0] + p[1] * r[1]) + (p[2] * r[2] + p[3] * r[3]);
+    }
+};
+template <int n>
+struct Coordinate {
+    static constexpr int size = n;
+    static constexpr bool divides = true; // by column 3
+    ZELM_INLINE static Row at(const Row (&p)[n], const Row (&r)[4]) {
+        if constexpr (n == 2)
+            return (p[0] * r[0] + r[3]) + p[1] * r[1];
+        else
+            return (r[3] + p[2] * r[2]) + (p[0] * r[0] + p[1] * r[1]);
+    }
+};
+template <int n>
+struct Direction {
+    static constexpr int size = n;
+    static constexpr bool divides = false;
+    ZELM_INLINE static Row at(const Row (&p)[n], const Row (&r)[4]) {
+        if constexpr (n == 2)
+            return p[0] * r[0] + p[1] * r[1];
+        else
+            return (p[0] * r[0] + p[1] * r[1]) + p[2] * r[2];
+    }
+};
+// A point with w = 1 that a product of four components follows.
+struct Homogeneous {
+    ZELM_INLINE static Row at(const Row (&p)[3], const Row (&r)[4]) {
+        return (p[0] * r[0] + p[1] * r[1]) + (p[2] * r[2] + r[3]);
+    }
+};
+
+template <int n>
+ZELM_INLINE void splat_elements(Row (&p)[n], const void *src) {
+    const Small<n> v = load_small<n>(src);
+    unroll<n>(ZELM_EACH(i) { p[i] = splat<Row>(v.e[i]); });
+}
+
+// ---- one point: whole rows ----
+
+template <class Transform, int n>
+ZELM_INLINE void transform(const Matrix &m, const void *src, void *dst) {
+    Row p[n];
+    splat_elements<n>(p, src);
+    Row h = Transform::at(p, m.r);
+    if constexpr (Transform::divides)
+        h = h / splat_lane<3>(h);
+    store_part<Transform::size, float>(static_cast<char *>(dst), h);
+}
+
+// ---- four points: a register for each coordinate ----
+
+// Every element of a matrix in all lanes; column by column, as products use them.
+struct Splats {
+    Row column[4][4];
+
+    ZELM_INLINE explicit Splats(const Matrix &m) {
+        unroll<4>(
+            ZELM_EACH(j) { unroll<4>(ZELM_EACH(i) { column[j][i] = splat_lane<j>(m.r[i]); }); });
+    }
+};
+
+template <class Transform, int n, int size>
+ZELM_INLINE void product(const Row (&p)[n], const Splats &m, Row (&result)[size]) {
+    unroll<size>(ZELM_EACH(j) { result[j] = Transform::at(p, m.column[j]); });
+}
+
+template <class Transform, int n>
+ZELM_INLINE void coordinates(const Row (&p)[n], const Splats &m, Row (&result)[n]) {
+    const Row w = Transform::at(p, m.column[3]);
+    unroll<n>(ZELM_EACH(j) { result[j] = Transform::at(p, m.column[j]) / w; });
+}
+
+// ---- arrays ----
+
+template <class Transform, int n>
+ZELM_INLINE ZelStatus transform_all(const float *mat, const Source &src, const Destination &dst,
+                                    int count) {
+    const Matrix m = load_matrix(mat);
+    if constexpr (Transform::divides) {
+        const Splats s(m);
+        each_point<n, n>(
+            src, dst, count,
+            [&](const Row(&p)[n], Row(&result)[n])
+                __attribute__((always_inline)) { coordinates<Transform>(p, s, result); },
+            [&](const void *from, void *to) { transform<Transform, n>(m, from, to); });
+    } else {
+        for (Distance k = 0; k < count; ++k)
+            transform<Transform, n>(m, src.at(k), dst.at(k));
+    }
+    return zelStatusOk;
+}
+template <class Transform, int n>
+ZELM_INLINE ZelStatus transform_one(const float *mat, const float *src, float *dst) {
+    transform<Transform, n>(load_matrix(mat), src, dst);
+    return zelStatusOk;
+}
+
+// ---- the viewport ----
+
+struct Viewport {
+    float width, height, near, far;
+};
+
+// From clip space to pixels and depth: offset + scale * d.
+struct ToPixels {
+    float offset[3], scale[3];
+
+    ZELM_INLINE explicit ToPixels(const Viewport &v)
+        : offset{v.width * 0.5f, v.height * 0.5f, v.near},
+          scale{v.width * 0.5f, 0 - v.height * 0.5f, v.far - v.near} {}
+};
+
+ZELM_INLINE void project(const Matrix &world, const Matrix &view, const Matrix &projection,
+                         const ToPixels &pixels, const void *src, void *dst) {
+    Row p[3];
+    splat_elements<3>(p, src);
+    Row q = Homogeneous::at(p, world.r);
+    const auto through = [&](const Matrix &m) __attribute__((always_inline)) {
+        q = Affine<4>::at({splat_lane<0>(q), splat_lane<1>(q), splat_lane<2>(q), splat_lane<3>(q)},
+                          m.r);
+    };
+    through(view);
+    through(projection);
+    const Row d = q / splat_lane<3>(q);
+    Small<3> result;
+    unroll<3>(ZELM_EACH(i) { result.e[i] = pixels.offset[i] + pixels.scale[i] * d[int{i}]; });
+    store_small(dst, result);
+}
+
+ZELM_INLINE ZelStatus project_one(const float *mat1, const float *mat2, const float *mat3,
+                                  const float *src, float *dst, const Viewport &v) {
+    project(load_matrix(mat3), load_matrix(mat2), load_matrix(mat1), ToPixels(v), src, dst);
+    return zelStatusOk;
+}
+
+ZELM_INLINE ZelStatus project_all(const float *mat1, const float *mat2, const float *mat3,
+                                  const Source &src, const Destination &dst, int count,
+                                  const Viewport &v) {
+    const Matrix projection = load_matrix(mat1), view = load_matrix(mat2),
+                 world = load_matrix(mat3);
+    const Splats s1(projection), s2(view), s3(world);
+    const ToPixels pixels(v);
+    each_point<3, 3>(
+        src, dst, count,
+        [&](const Row(&p)[3], Row(&result)[3]) __attribute__((always_inline)) {
+            Row in_world[4], in_view[4], q[4];
+            product<Homogeneous>(p, s3, in_world);
+            product<Affine<4>>(in_world, s2, in_view);
+            product<Affine<4>>(in_view, s1, q);
+            unroll<3>(
+                ZELM_EACH(i) { result[i] = pixels.offset[i] + pixels.scale[i] * (q[i] / q[3]); });
+        },
+        [&](const void *from, void *to) { project(world, view, projection, pixels, from, to); });
+    return zelStatusOk;
+}
+
+// From pixels and depth to clip space. S is a float, or a register of four points' values.
+template <class S>
+ZELM_INLINE void to_clip_space(const Viewport &v, S (&s)[3]) {
+    s[0] = 2 * s[0] / v.width - 1;
+    s[1] = 1 + (-2 * s[1] / v.height);
+    s[2] = (s[2] - v.near) / (v.far - v.near);
+}
+
+constexpr double singular_threshold = 0x1p-1014;
+
+// The product of the three matrices in float, inverted in double. False where it is singular.
+ZELM_INLINE bool invert_product(const float *mat1, const float *mat2, const float *mat3,
+                                Matrix &inverse) {
+    const Matrix m = product(product(load_matrix(mat3), load_matrix(mat2)), load_matrix(mat1));
+    Quad<double> wide[4];
+    double determinant;
+    unroll<4>(ZELM_EACH(i) { wide[i] = __builtin_convertvector(m.r[i], Quad<double>); });
+    if (!invert<double>(wide, singular_threshold, determinant))
+        return false;
+    unroll<4>(ZELM_EACH(i) { inverse.r[i] = __builtin_convertvector(wide[i], Row); });
+    return true;
+}
+
+ZELM_INLINE Small<3> clip_space_point(const Viewport &v, const void *src) {
+    Small<3> d = load_small<3>(src);
+    to_clip_space(v, d.e);
+    return d;
+}
+
+ZelStatus unproject_one(const float *mat1, const float *mat2, const float *mat3, const float *src,
+                        float *dst, const Viewport &v) {
+    const Small<3> d = clip_space_point(v, src);
+    store_small(dst, d);
+    Matrix inverse;
+    if (!invert_product(mat1, mat2, mat3, inverse))
+        return zelStatusSingular;
+    transform<Coordinate<3>, 3>(inverse, &d, dst);
+    return zelStatusOk;
+}
+
+ZelStatus unproject_all(const float *mat1, const float *mat2, const float *mat3, const Source &src,
+                        const Destination &dst, int count, const Viewport &v) {
+    Matrix inverse;
+    if (!invert_product(mat1, mat2, mat3, inverse))
+        return zelStatusSingular;
+    const Splats s(inverse);
+    each_point<3, 3>(
+        src, dst, count,
+        [&](const Row(&p)[3], Row(&result)[3]) __attribute__((always_inline)) {
+            Row d[3] = {p[0], p[1], p[2]};
+            to_clip_space(v, d);
+            coordinates<Coordinate<3>>(d, s, result);
+        },
+        [&](const void *from, void *to) {
+            const Small<3> d = clip_space_point(v, from);
+            transform<Coordinate<3>, 3>(inverse, &d, to);
+        });
+    return zelStatusOk;
+}
+
+} // namespace
+} // namespace zelm::geom3d
+
+using namespace zelm::geom3d;
+
+#define TRANSFORM(name, Transform, n)                                                              \
+    ZELM_MEMBER(zelm##name##_m4v##n##_32f, (const float *mat, const float *src, float *dst),       \
+                transform_one<Transform<n>, n>(mat, src, dst))                                     \
+    ZELM_MEMBER(zelm##name##_m4v##n##a_32f,                                                        \
+                (const float *mat, const float *src, int src_stride, float *dst, int dst_stride,   \
+                 int count),                                                                       \
+                transform_all<Transform<n>, n>(mat, {src, src_stride}, {dst, dst_stride}, count))
+
+TRANSFORM(AffineTransform, Affine, 2)
+TRANSFORM(AffineTransform, Affine, 3)
+TRANSFORM(AffineTransform, Affine, 4)
+TRANSFORM(AffineTransformCoord, Coordinate, 2)
+TRANSFORM(AffineTransformCoord, Coordinate, 3)
+TRANSFORM(AffineTransformNormal, Direction, 2)
+TRANSFORM(AffineTransformNormal, Direction, 3)
+
+#define VIEWPORT(name, function)                                                                   \
+    ZELM_MEMBER(zelm##name##_m4v3_32f,                                                             \
+                (const float *mat1, const float *mat2, const float *mat3, const float *src,        \
+                 float *dst, float width, float height, float near, float far),                    \
+                function##_one(mat1, mat2, mat3, src, dst, {width, height, near, far}))            \
+    ZELM_MEMBER(zelm##name##_m4v3a_32f,                                                            \
+                (const float *mat1, const float *mat2, const float *mat3, const float *src,        \
+                 int src_stride, float *dst, int dst_stride, int count, float width, float height, \
+                 float near, float far),                                                           \
+                function##_all(mat1, mat2, mat3, {src, src_stride}, {dst, dst_stride}, count,      \
+                               {width, height, near, far}))
+
+VIEWPORT(Project, project)
+VIEWPORT(Unproject, unproject)
