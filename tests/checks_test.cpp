@@ -24,7 +24,7 @@ constexpr struct {
     {"Sub", "mma", "S", "pcsz"},
     {"Add Sub", "vav", "S P", "pzsco"},
     {"Add Sub", "vav", "L", "pzsoc"},
-    {"Add Sub Mul LUDecomp LUBackSubst", "", "S P L", "pczaso"},
+    {"Add Sub Mul LUDecomp LUBackSubst AffineTransform3DH", "", "S P L", "pczaso"},
 };
 
 std::string order_of(const Member &m) {

@@ -37,6 +37,7 @@ constexpr Limits scaled_vector = {p2100, p2100, p1200, p1200, 650};
 constexpr Limits decomposition = {p1000, p1000, p1000, p1000, 1000};
 constexpr Limits solve_vectors = {p700, p700, p700, p700, 700};
 constexpr Limits solve_pairs = {p1200, p1200, p1200, p1200, 1200};
+constexpr Limits homogeneous = {{784, 784}, {}, {}, {}, 0};
 
 // Sizes as they enter the operation: the result is h x w, products sum over k, c objects.
 struct N {
@@ -72,6 +73,7 @@ const Row rows[] = {
     {"LUDecomp", "ma", decomposition, [](N n) { return n.w * n.w * n.c; }},
     {"LUBackSubst", "mva", solve_vectors, [](N n) { return (n.w + 2 * n.c) * n.w; }},
     {"LUBackSubst", "mava", solve_pairs, [](N n) { return (n.w + 2) * n.w * n.c; }},
+    {"AffineTransform3DH", "mva", homogeneous, [](N n) { return 2 * n.c; }},
 };
 
 const Row &row_of(const Member &m) {

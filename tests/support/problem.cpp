@@ -176,6 +176,8 @@ Problem::Problem(const Member &of, const Sizes &given, const std::vector<Placeme
             rows = 1;
         if (operand.letter == 'c')
             columns = 1;
+        if (member.family == "AffineTransform3DH")
+            columns = operand.letter == 'v' ? 3 : (rows = 4);
         if (operand.letter == 'b')
             columns = sizes.buffer;
         if (operand.letter == 'v' && product)
