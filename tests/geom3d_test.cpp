@@ -757,6 +757,10 @@ TEST(Geometry, EdgesOfSingleMembers) {
         EXPECT_EQ(std::memcmp(r, b, 4), 0);
         EXPECT_TRUE(std::isnan(r[1]) && std::signbit(r[2]) && !std::signbit(r[3]));
     }
+    const float ones[] = {1, 1, 1, 1};
+    zelmCrossProduct_v4_32f(ones, ones, ones, r);
+    for (const float x : r) // dependent vectors give +0
+        EXPECT_TRUE(x == 0 && !std::signbit(x));
     EXPECT_EQ(zelmPerspectiveLH_m4_32f(m, 1, 1, 2, 2), 0);
     EXPECT_TRUE(std::isinf(m[10]) && std::isinf(m[14]));
 }

@@ -63,6 +63,7 @@ constexpr Shape order(int n) { return {n, n, n}; }
 void add_lu_rows(Rows &rows);
 void add_mul_rows(Rows &rows);
 void add_sum_rows(Rows &rows);
+void add_geometry_rows(Rows &rows);
 void add_call_rows(Rows &rows);
 void add_thread_rows(Rows &rows);
 
