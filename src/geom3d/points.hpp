@@ -43,6 +43,74 @@ ZELM_INLINE Apart apart(const Source &src, const Destination &dst, int count) {
                                : step >= size && !span(src, n, count).meets(span(dst, m, count)))};
 }
 
+inline constexpr Distance packed_point = 3 * sizeof(float);
+
+// Four points without gaps, x0 y0 z0 x1 | y1 z1 x2 y2 | z2 x3 y3 z3, to a register for each
+// coordinate. Blending leaves every coordinate in a register of its own, in an order that one
+// shuffle mends; the same exchange turns coordinates back into points.
+ZELM_INLINE void exchange(Row (&v)[3]) {
+    const Row a = v[0], b = v[1], c = v[2];
+    const Row x = __builtin_shufflevector(__builtin_shufflevector(a, b, 0, 1, 6, 3), c, 0, 5, 2, 3);
+    const Row y = __builtin_shufflevector(__builtin_shufflevector(b, a, 0, 5, 2, 3), c, 0, 1, 6, 3);
+    const Row z = __builtin_shufflevector(__builtin_shufflevector(c, b, 0, 5, 2, 3), a, 0, 1, 6, 3);
+    v[0] = __builtin_shufflevector(x, x, 0, 3, 2, 1);
+    v[1] = __builtin_shufflevector(y, y, 1, 0, 3, 2);
+    v[2] = __builtin_shufflevector(z, z, 2, 1, 0, 3);
+}
+ZELM_INLINE void exchange_back(Row (&v)[3]) {
+    const Row x = __builtin_shufflevector(v[0], v[0], 0, 3, 2, 1);
+    const Row y = __builtin_shufflevector(v[1], v[1], 1, 0, 3, 2);
+    const Row z = __builtin_shufflevector(v[2], v[2], 2, 1, 0, 3);
+    v[0] = __builtin_shufflevector(__builtin_shufflevector(x, y, 0, 5, 2, 3), z, 0, 1, 6, 3);
+    v[1] = __builtin_shufflevector(__builtin_shufflevector(y, z, 0, 5, 2, 3), x, 0, 1, 6, 3);
+    v[2] = __builtin_shufflevector(__builtin_shufflevector(z, x, 0, 5, 2, 3), y, 0, 1, 6, 3);
+}
+
+template <int n>
+ZELM_INLINE void load_points(Row (&v)[1][n], const Dense<const float, 1, n> &op, int first) {
+    if constexpr (n == 3) {
+        const char *const at = op.object(first);
+        const Distance step = op.stride0;
+        if (step == packed_point) {
+            unroll<3>(ZELM_EACH(i) { v[0][i] = load<Row>(at + i * register_bytes); });
+            return exchange(v[0]);
+        }
+        const auto two = [&](const char *p, const char *q) __attribute__((always_inline)) {
+            return (Row)Lanes<double>{load<double>(p), load<double>(q)};
+        };
+        const Row low = two(at, at + step), high = two(at + 2 * step, at + 3 * step);
+        v[0][0] = __builtin_shufflevector(low, high, 0, 2, 4, 6);
+        v[0][1] = __builtin_shufflevector(low, high, 1, 3, 5, 7);
+        const char *const z = at + 2 * sizeof(float);
+        v[0][2] = Row{load<float>(z), load<float>(z + step), load<float>(z + 2 * step),
+                      load<float>(z + 3 * step)};
+    } else {
+        load_lanes<float>(v, op, first);
+    }
+}
+template <int n>
+ZELM_INLINE void store_points(const Dense<float, 1, n> &op, int first, Row (&v)[1][n]) {
+    if constexpr (n == 3) {
+        char *const at = op.object(first);
+        const Distance step = op.stride0;
+        if (step == packed_point) {
+            exchange_back(v[0]);
+            unroll<3>(ZELM_EACH(i) { store<Row>(at + i * register_bytes, v[0][i]); });
+            return;
+        }
+        const Row low = __builtin_shufflevector(v[0][0], v[0][1], 0, 4, 1, 5);
+        const Row high = __builtin_shufflevector(v[0][0], v[0][1], 2, 6, 3, 7);
+        store<double>(at, ((Lanes<double>)low)[0]);
+        store<double>(at + step, ((Lanes<double>)low)[1]);
+        store<double>(at + 2 * step, ((Lanes<double>)high)[0]);
+        store<double>(at + 3 * step, ((Lanes<double>)high)[1]);
+        unroll<4>(
+            ZELM_EACH(l) { store<float>(at + l * step + 2 * sizeof(float), v[0][2][int{l}]); });
+    } else {
+        store_lanes<float>(op, first, v);
+    }
+}
+
 // kernel(v, result) makes m values of n, one register each for four points; single(n) does point n.
 template <int n, int m, class Kernel, class Single>
 ZELM_INLINE void each_point(const Source &src, const Destination &dst, int count,
@@ -51,9 +119,9 @@ ZELM_INLINE void each_point(const Source &src, const Destination &dst, int count
         count, apart<n, m>(src, dst, count),
         [&](const Group &group, const auto &x, const auto &y) __attribute__((always_inline)) {
             Row v[1][n], result[1][m];
-            load_lanes<float>(v, x, group.first);
+            load_points(v, x, group.first);
             kernel(v[0], result[0]);
-            store_lanes<float>(y, group.first, result);
+            store_points(y, group.first, result);
             return 0u;
         },
         [&](int k) __attribute__((noinline)) {

@@ -107,8 +107,27 @@ ZELM_INLINE ZelStatus transform_all(const float *mat, const Source &src, const D
                 __attribute__((always_inline)) { coordinates<Transform>(p, s, result); },
             [&](const void *from, void *to) { transform<Transform, n>(m, from, to); });
     } else {
-        for (Distance k = 0; k < count; ++k)
-            transform<Transform, n>(m, src.at(k), dst.at(k));
+        Distance k = 0;
+        if constexpr (n == 3) // twelve floats in three loads
+            if (src.stride == packed_point && apart<n, Transform::size>(src, dst, count).all)
+                for (; k + 4 <= count; k += 4) {
+                    Row v[3];
+                    unroll<3>(ZELM_EACH(i) { v[i] = load<Row>(src.at(k) + i * register_bytes); });
+                    unroll<4>(ZELM_EACH(l) {
+                        Row p[3];
+                        unroll<3>(ZELM_EACH(i) {
+                            constexpr int element = 3 * l + i;
+                            p[i] = splat_lane<element % 4>(v[element / 4]);
+                        });
+                        store_part<Transform::size, float>(dst.at(k + l), Transform::at(p, m.r));
+                    });
+                }
+        for (; k < count; ++k) {
+            Row p[n];
+            const Row v = load_part<n, float>(src.at(k));
+            unroll<n>(ZELM_EACH(i) { p[i] = splat_lane<i>(v); });
+            store_part<Transform::size, float>(dst.at(k), Transform::at(p, m.r));
+        }
     }
     return zelStatusOk;
 }
