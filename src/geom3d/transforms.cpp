@@ -61,13 +61,36 @@ ZELM_INLINE void splat_elements(Row (&p)[n], const void *src) {
 // ---- one point: whole rows ----
 
 template <class Transform, int n>
+ZELM_INLINE Row image(const Row (&p)[n], const Matrix &m) {
+    const Row h = Transform::at(p, m.r);
+    if constexpr (Transform::divides)
+        return h / splat_lane<3>(h);
+    else
+        return h;
+}
+
+template <class Transform, int n>
 ZELM_INLINE void transform(const Matrix &m, const void *src, void *dst) {
     Row p[n];
     splat_elements<n>(p, src);
-    Row h = Transform::at(p, m.r);
-    if constexpr (Transform::divides)
-        h = h / splat_lane<3>(h);
-    store_part<Transform::size, float>(static_cast<char *>(dst), h);
+    store_part<Transform::size, float>(static_cast<char *>(dst), image<Transform>(p, m));
+}
+
+// Four points without gaps in three loads. Where the results have no gaps either, each is stored
+// with one element more, which the next one overwrites.
+template <class Transform, bool packed>
+ZELM_INLINE void transform_four(const Matrix &m, const char *src, char *dst, Distance stride) {
+    Row v[3];
+    unroll<3>(ZELM_EACH(i) { v[i] = load<Row>(src + i * register_bytes); });
+    unroll<4>(ZELM_EACH(l) {
+        Row p[3];
+        unroll<3>(ZELM_EACH(i) {
+            constexpr int element = 3 * l + i;
+            p[i] = splat_lane<element % 4>(v[element / 4]);
+        });
+        constexpr int stored = packed && l < 3 ? 4 : Transform::size;
+        store_part<stored, float>(dst + l * stride, image<Transform>(p, m));
+    });
 }
 
 // ---- four points: a register for each coordinate ----
@@ -99,35 +122,23 @@ template <class Transform, int n>
 ZELM_INLINE ZelStatus transform_all(const float *mat, const Source &src, const Destination &dst,
                                     int count) {
     const Matrix m = load_matrix(mat);
-    if constexpr (Transform::divides) {
-        const Splats s(m);
-        each_point<n, n>(
-            src, dst, count,
-            [&](const Row(&p)[n], Row(&result)[n])
-                __attribute__((always_inline)) { coordinates<Transform>(p, s, result); },
-            [&](const void *from, void *to) { transform<Transform, n>(m, from, to); });
-    } else {
-        Distance k = 0;
-        if constexpr (n == 3) // twelve floats in three loads
-            if (src.stride == packed_point && apart<n, Transform::size>(src, dst, count).all)
-                for (; k + 4 <= count; k += 4) {
-                    Row v[3];
-                    unroll<3>(ZELM_EACH(i) { v[i] = load<Row>(src.at(k) + i * register_bytes); });
-                    unroll<4>(ZELM_EACH(l) {
-                        Row p[3];
-                        unroll<3>(ZELM_EACH(i) {
-                            constexpr int element = 3 * l + i;
-                            p[i] = splat_lane<element % 4>(v[element / 4]);
-                        });
-                        store_part<Transform::size, float>(dst.at(k + l), Transform::at(p, m.r));
-                    });
-                }
-        for (; k < count; ++k) {
-            Row p[n];
-            const Row v = load_part<n, float>(src.at(k));
-            unroll<n>(ZELM_EACH(i) { p[i] = splat_lane<i>(v); });
-            store_part<Transform::size, float>(dst.at(k), Transform::at(p, m.r));
+    Distance k = 0;
+    if constexpr (n == 3)
+        if (src.stride == packed_point && apart<n, Transform::size>(src, dst, count).all) {
+            if (Transform::size == 3 && dst.stride == packed_point)
+                for (; k + 4 <= count; k += 4)
+                    transform_four<Transform, true>(m, src.at(k), dst.at(k), packed_point);
+            else
+                for (; k + 4 <= count; k += 4)
+                    transform_four<Transform, false>(m, src.at(k), dst.at(k), dst.stride);
         }
+    for (; k < count; ++k) {
+        Row p[n];
+        const Row v = load_part < n == 3 ? 2 : n, float > (src.at(k));
+        unroll<n>(ZELM_EACH(i) { p[i] = splat_lane<i>(v); });
+        if constexpr (n == 3)
+            p[2] = splat<Row>(load<float>(src.at(k) + 2 * sizeof(float)));
+        store_part<Transform::size, float>(dst.at(k), image<Transform>(p, m));
     }
     return zelStatusOk;
 }
