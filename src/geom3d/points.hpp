@@ -3,7 +3,7 @@
 
 #include "small.hpp"
 
-#include "../frame/walk.hpp"
+#include "../frame/overlap.hpp"
 
 namespace zelm::geom3d {
 
@@ -30,17 +30,13 @@ ZELM_INLINE Span span(const Points<T> &points, int elements, int count) {
 
 // Whether several points may be done at once: no destination point overlaps another one or the
 // source of another one.
-struct Apart {
-    bool all;
-    ZELM_INLINE bool clear(int, int) const { return all; }
-};
 template <int n, int m>
-ZELM_INLINE Apart apart(const Source &src, const Destination &dst, int count) {
+ZELM_INLINE bool apart(const Source &src, const Destination &dst, int count) {
     const Distance step = dst.stride < 0 ? -Distance{dst.stride} : Distance{dst.stride};
     const bool same = src.base == dst.base && src.stride == dst.stride;
     constexpr Distance size = m * sizeof(float), larger = (n > m ? n : m) * sizeof(float);
-    return {count > 0 && (same ? step >= larger
-                               : step >= size && !span(src, n, count).meets(span(dst, m, count)))};
+    return count > 0 && (same ? step >= larger
+                              : step >= size && !span(src, n, count).meets(span(dst, m, count)));
 }
 
 inline constexpr Distance packed_point = 3 * sizeof(float);
@@ -66,70 +62,53 @@ ZELM_INLINE void exchange_back(Row (&v)[3]) {
     v[2] = __builtin_shufflevector(__builtin_shufflevector(z, x, 0, 5, 2, 3), y, 0, 1, 6, 3);
 }
 
-template <int n>
-ZELM_INLINE void load_points(Row (&v)[1][n], const Dense<const float, 1, n> &op, int first) {
-    if constexpr (n == 3) {
-        const char *const at = op.object(first);
-        const Distance step = op.stride0;
-        if (step == packed_point) {
-            unroll<3>(ZELM_EACH(i) { v[0][i] = load<Row>(at + i * register_bytes); });
-            return exchange(v[0]);
-        }
-        const auto two = [&](const char *p, const char *q) __attribute__((always_inline)) {
-            return (Row)Lanes<double>{load<double>(p), load<double>(q)};
-        };
-        const Row low = two(at, at + step), high = two(at + 2 * step, at + 3 * step);
-        v[0][0] = __builtin_shufflevector(low, high, 0, 2, 4, 6);
-        v[0][1] = __builtin_shufflevector(low, high, 1, 3, 5, 7);
-        const char *const z = at + 2 * sizeof(float);
-        v[0][2] = Row{load<float>(z), load<float>(z + step), load<float>(z + 2 * step),
-                      load<float>(z + 3 * step)};
-    } else {
-        load_lanes<float>(v, op, first);
-    }
+// Four points at any distance.
+ZELM_INLINE void load_points(Row (&v)[3], const char *at, Distance step) {
+    const auto two = [](const char *p, const char *q) __attribute__((always_inline)) {
+        return (Row)Lanes<double>{load<double>(p), load<double>(q)};
+    };
+    const Row low = two(at, at + step), high = two(at + 2 * step, at + 3 * step);
+    v[0] = __builtin_shufflevector(low, high, 0, 2, 4, 6);
+    v[1] = __builtin_shufflevector(low, high, 1, 3, 5, 7);
+    const char *const z = at + 2 * sizeof(float);
+    v[2] = Row{load<float>(z), load<float>(z + step), load<float>(z + 2 * step),
+               load<float>(z + 3 * step)};
 }
-template <int n>
-ZELM_INLINE void store_points(const Dense<float, 1, n> &op, int first, Row (&v)[1][n]) {
-    if constexpr (n == 3) {
-        char *const at = op.object(first);
-        const Distance step = op.stride0;
-        if (step == packed_point) {
-            exchange_back(v[0]);
-            unroll<3>(ZELM_EACH(i) { store<Row>(at + i * register_bytes, v[0][i]); });
-            return;
-        }
-        const Row low = __builtin_shufflevector(v[0][0], v[0][1], 0, 4, 1, 5);
-        const Row high = __builtin_shufflevector(v[0][0], v[0][1], 2, 6, 3, 7);
-        store<double>(at, ((Lanes<double>)low)[0]);
-        store<double>(at + step, ((Lanes<double>)low)[1]);
-        store<double>(at + 2 * step, ((Lanes<double>)high)[0]);
-        store<double>(at + 3 * step, ((Lanes<double>)high)[1]);
-        unroll<4>(
-            ZELM_EACH(l) { store<float>(at + l * step + 2 * sizeof(float), v[0][2][int{l}]); });
-    } else {
-        store_lanes<float>(op, first, v);
-    }
+ZELM_INLINE void store_points(char *at, Distance step, const Row (&v)[3]) {
+    const auto low = (Lanes<double>)__builtin_shufflevector(v[0], v[1], 0, 4, 1, 5);
+    const auto high = (Lanes<double>)__builtin_shufflevector(v[0], v[1], 2, 6, 3, 7);
+    store<double>(at, low[0]);
+    store<double>(at + step, low[1]);
+    store<double>(at + 2 * step, high[0]);
+    store<double>(at + 3 * step, high[1]);
+    unroll<4>(ZELM_EACH(l) { store<float>(at + l * step + 2 * sizeof(float), v[2][int{l}]); });
 }
 
-// kernel(v, result) makes m values of n, one register each for four points; single(n) does point n.
-template <int n, int m, class Kernel, class Single>
+// kernel(v) replaces three values of four points, a register for each; single(from, to) does one
+// point. In ascending order.
+template <class Kernel, class Single>
 ZELM_INLINE void each_point(const Source &src, const Destination &dst, int count,
                             const Kernel &kernel, const Single &single) {
-    walk<float>(
-        count, apart<n, m>(src, dst, count),
-        [&](const Group &group, const auto &x, const auto &y) __attribute__((always_inline)) {
-            Row v[1][n], result[1][m];
-            load_points(v, x, group.first);
-            kernel(v[0], result[0]);
-            store_points(y, group.first, result);
-            return 0u;
-        },
-        [&](int k) __attribute__((noinline)) {
-            single(src.at(k), dst.at(k));
-            return zelStatusOk;
-        },
-        walked<1, n>(Dense<const float, 1, n>{src.at(0), src.stride}),
-        walked<1, m>(Dense<float, 1, m>{dst.at(0), dst.stride}));
+    Distance k = 0;
+    if (apart<3, 3>(src, dst, count)) {
+        Row v[3];
+        if (src.stride == packed_point && dst.stride == packed_point)
+            for (; k + 4 <= count; k += 4) {
+                unroll<3>(ZELM_EACH(i) { v[i] = load<Row>(src.at(k) + i * register_bytes); });
+                exchange(v);
+                kernel(v);
+                exchange_back(v);
+                unroll<3>(ZELM_EACH(i) { store<Row>(dst.at(k) + i * register_bytes, v[i]); });
+            }
+        else
+            for (; k + 4 <= count; k += 4) {
+                load_points(v, src.at(k), src.stride);
+                kernel(v);
+                store_points(dst.at(k), dst.stride, v);
+            }
+    }
+    for (; k < count; ++k)
+        single(src.at(k), dst.at(k));
 }
 
 } // namespace zelm::geom3d

@@ -52,34 +52,14 @@ struct Homogeneous {
     }
 };
 
-template <int n>
-ZELM_INLINE void splat_elements(Row (&p)[n], const void *src) {
-    const Small<n> v = load_small<n>(src);
-    unroll<n>(ZELM_EACH(i) { p[i] = splat<Row>(v.e[i]); });
-}
+// ---- points as rows ----
 
-// ---- one point: whole rows ----
-
-template <class Transform, int n>
-ZELM_INLINE Row image(const Row (&p)[n], const Matrix &m) {
-    const Row h = Transform::at(p, m.r);
-    if constexpr (Transform::divides)
-        return h / splat_lane<3>(h);
-    else
-        return h;
-}
-
-template <class Transform, int n>
-ZELM_INLINE void transform(const Matrix &m, const void *src, void *dst) {
-    Row p[n];
-    splat_elements<n>(p, src);
-    store_part<Transform::size, float>(static_cast<char *>(dst), image<Transform>(p, m));
-}
+// What becomes of a point is a function of its splatted coordinates, a row of results.
 
 // Four points without gaps in three loads. Where the results have no gaps either, each is stored
 // with one element more, which the next one overwrites.
-template <class Transform, bool packed>
-ZELM_INLINE void transform_four(const Matrix &m, const char *src, char *dst, Distance stride) {
+template <int size, bool packed, class Image>
+ZELM_INLINE void four_points(const Image &image, const char *src, char *dst, Distance stride) {
     Row v[3];
     unroll<3>(ZELM_EACH(i) { v[i] = load<Row>(src + i * register_bytes); });
     unroll<4>(ZELM_EACH(l) {
@@ -88,14 +68,108 @@ ZELM_INLINE void transform_four(const Matrix &m, const char *src, char *dst, Dis
             constexpr int element = 3 * l + i;
             p[i] = splat_lane<element % 4>(v[element / 4]);
         });
-        constexpr int stored = packed && l < 3 ? 4 : Transform::size;
-        store_part<stored, float>(dst + l * stride, image<Transform>(p, m));
+        constexpr int stored = packed && l < 3 ? 4 : size;
+        store_part<stored, float>(dst + l * stride, image(p));
     });
+}
+
+// `size` results of each vector of n elements, in ascending order.
+template <int n, int size, class Image>
+ZELM_INLINE void all_points(const Source &src, const Destination &dst, int count,
+                            const Image &image) {
+    Distance k = 0;
+    if constexpr (n == 3)
+        if (src.stride == packed_point && apart<n, size>(src, dst, count)) {
+            if (size == 3 && dst.stride == packed_point)
+                for (; k + 4 <= count; k += 4)
+                    four_points<size, true>(image, src.at(k), dst.at(k), packed_point);
+            else
+                for (; k + 4 <= count; k += 4)
+                    four_points<size, false>(image, src.at(k), dst.at(k), dst.stride);
+        }
+    constexpr int at_once = n == 3 ? 2 : n;
+#pragma GCC unroll 4
+    for (; k < count; ++k) {
+        Row p[n];
+        const Row v = load_part<at_once, float>(src.at(k));
+        unroll<n>(ZELM_EACH(i) { p[i] = splat_lane<i>(v); });
+        if constexpr (n == 3)
+            p[2] = splat<Row>(load<float>(src.at(k) + 2 * sizeof(float)));
+        store_part<size, float>(dst.at(k), image(p));
+    }
+}
+
+template <int n, int size, class Image>
+ZELM_INLINE void one_point(const void *src, void *dst, const Image &image) {
+    const Small<n> v = load_small<n>(src);
+    Row p[n];
+    unroll<n>(ZELM_EACH(i) { p[i] = splat<Row>(v.e[i]); });
+    store_part<size, float>(static_cast<char *>(dst), image(p));
+}
+
+template <class Transform, int n>
+struct Through {
+    Matrix m;
+
+    ZELM_INLINE Row operator()(const Row (&p)[n]) const {
+        const Row h = Transform::at(p, m.r);
+        if constexpr (Transform::divides)
+            return h / splat_lane<3>(h);
+        else
+            return h;
+    }
+};
+
+template <class Transform, int n>
+ZELM_INLINE ZelStatus transform_all(const float *mat, const Source &src, const Destination &dst,
+                                    int count) {
+    all_points<n, Transform::size>(src, dst, count, Through<Transform, n>{load_matrix(mat)});
+    return zelStatusOk;
+}
+template <class Transform, int n>
+ZELM_INLINE ZelStatus transform_one(const float *mat, const float *src, float *dst) {
+    one_point<n, Transform::size>(src, dst, Through<Transform, n>{load_matrix(mat)});
+    return zelStatusOk;
+}
+
+// ---- the viewport ----
+
+struct Viewport {
+    float width, height, near, far;
+};
+
+// Through three matrices, from clip space to pixels and depth.
+struct Projection {
+    Matrix world, view, projection;
+    Row offset, scale;
+
+    ZELM_INLINE Projection(const float *mat1, const float *mat2, const float *mat3,
+                           const Viewport &v)
+        : world(load_matrix(mat3)),
+          view(load_matrix(mat2)),
+          projection(load_matrix(mat1)),
+          offset{v.width * 0.5f, v.height * 0.5f, v.near, v.near},
+          scale{v.width * 0.5f, 0 - v.height * 0.5f, v.far - v.near, v.far - v.near} {}
+
+    ZELM_INLINE Row operator()(const Row (&p)[3]) const {
+        const auto through = [](Row q, const Matrix &m) __attribute__((always_inline)) {
+            return Affine<4>::at(
+                {splat_lane<0>(q), splat_lane<1>(q), splat_lane<2>(q), splat_lane<3>(q)}, m.r);
+        };
+        const Row q = through(through(Homogeneous::at(p, world.r), view), projection);
+        return offset + scale * (q / splat_lane<3>(q));
+    }
+};
+
+ZELM_INLINE ZelStatus project_one(const float *mat1, const float *mat2, const float *mat3,
+                                  const float *src, float *dst, const Viewport &v) {
+    one_point<3, 3>(src, dst, Projection(mat1, mat2, mat3, v));
+    return zelStatusOk;
 }
 
 // ---- four points: a register for each coordinate ----
 
-// Every element of a matrix in all lanes; column by column, as products use them.
+// Every element of a matrix in all lanes, column by column.
 struct Splats {
     Row column[4][4];
 
@@ -106,104 +180,28 @@ struct Splats {
 };
 
 template <class Transform, int n, int size>
-ZELM_INLINE void product(const Row (&p)[n], const Splats &m, Row (&result)[size]) {
+ZELM_INLINE void through(const Row (&p)[n], const Splats &m, Row (&result)[size]) {
     unroll<size>(ZELM_EACH(j) { result[j] = Transform::at(p, m.column[j]); });
 }
 
-template <class Transform, int n>
-ZELM_INLINE void coordinates(const Row (&p)[n], const Splats &m, Row (&result)[n]) {
-    const Row w = Transform::at(p, m.column[3]);
-    unroll<n>(ZELM_EACH(j) { result[j] = Transform::at(p, m.column[j]) / w; });
-}
-
-// ---- arrays ----
-
-template <class Transform, int n>
-ZELM_INLINE ZelStatus transform_all(const float *mat, const Source &src, const Destination &dst,
-                                    int count) {
-    const Matrix m = load_matrix(mat);
-    Distance k = 0;
-    if constexpr (n == 3)
-        if (src.stride == packed_point && apart<n, Transform::size>(src, dst, count).all) {
-            if (Transform::size == 3 && dst.stride == packed_point)
-                for (; k + 4 <= count; k += 4)
-                    transform_four<Transform, true>(m, src.at(k), dst.at(k), packed_point);
-            else
-                for (; k + 4 <= count; k += 4)
-                    transform_four<Transform, false>(m, src.at(k), dst.at(k), dst.stride);
-        }
-    for (; k < count; ++k) {
-        Row p[n];
-        const Row v = load_part < n == 3 ? 2 : n, float > (src.at(k));
-        unroll<n>(ZELM_EACH(i) { p[i] = splat_lane<i>(v); });
-        if constexpr (n == 3)
-            p[2] = splat<Row>(load<float>(src.at(k) + 2 * sizeof(float)));
-        store_part<Transform::size, float>(dst.at(k), image<Transform>(p, m));
-    }
-    return zelStatusOk;
-}
-template <class Transform, int n>
-ZELM_INLINE ZelStatus transform_one(const float *mat, const float *src, float *dst) {
-    transform<Transform, n>(load_matrix(mat), src, dst);
-    return zelStatusOk;
-}
-
-// ---- the viewport ----
-
-struct Viewport {
-    float width, height, near, far;
-};
-
-// From clip space to pixels and depth: offset + scale * d.
-struct ToPixels {
-    float offset[3], scale[3];
-
-    ZELM_INLINE explicit ToPixels(const Viewport &v)
-        : offset{v.width * 0.5f, v.height * 0.5f, v.near},
-          scale{v.width * 0.5f, 0 - v.height * 0.5f, v.far - v.near} {}
-};
-
-ZELM_INLINE void project(const Matrix &world, const Matrix &view, const Matrix &projection,
-                         const ToPixels &pixels, const void *src, void *dst) {
-    Row p[3];
-    splat_elements<3>(p, src);
-    Row q = Homogeneous::at(p, world.r);
-    const auto through = [&](const Matrix &m) __attribute__((always_inline)) {
-        q = Affine<4>::at({splat_lane<0>(q), splat_lane<1>(q), splat_lane<2>(q), splat_lane<3>(q)},
-                          m.r);
-    };
-    through(view);
-    through(projection);
-    const Row d = q / splat_lane<3>(q);
-    Small<3> result;
-    unroll<3>(ZELM_EACH(i) { result.e[i] = pixels.offset[i] + pixels.scale[i] * d[int{i}]; });
-    store_small(dst, result);
-}
-
-ZELM_INLINE ZelStatus project_one(const float *mat1, const float *mat2, const float *mat3,
-                                  const float *src, float *dst, const Viewport &v) {
-    project(load_matrix(mat3), load_matrix(mat2), load_matrix(mat1), ToPixels(v), src, dst);
-    return zelStatusOk;
-}
-
+// The same operations as for one point: by rows they would be as many, and twice the shuffles.
 ZELM_INLINE ZelStatus project_all(const float *mat1, const float *mat2, const float *mat3,
                                   const Source &src, const Destination &dst, int count,
                                   const Viewport &v) {
-    const Matrix projection = load_matrix(mat1), view = load_matrix(mat2),
-                 world = load_matrix(mat3);
-    const Splats s1(projection), s2(view), s3(world);
-    const ToPixels pixels(v);
-    each_point<3, 3>(
+    const Projection one(mat1, mat2, mat3, v);
+    const Splats world(one.world), view(one.view), projection(one.projection);
+    each_point(
         src, dst, count,
-        [&](const Row(&p)[3], Row(&result)[3]) __attribute__((always_inline)) {
+        [&](Row(&p)[3]) __attribute__((always_inline)) {
             Row in_world[4], in_view[4], q[4];
-            product<Homogeneous>(p, s3, in_world);
-            product<Affine<4>>(in_world, s2, in_view);
-            product<Affine<4>>(in_view, s1, q);
-            unroll<3>(
-                ZELM_EACH(i) { result[i] = pixels.offset[i] + pixels.scale[i] * (q[i] / q[3]); });
+            through<Homogeneous>(p, world, in_world);
+            through<Affine<4>>(in_world, view, in_view);
+            through<Affine<4>>(in_view, projection, q);
+            unroll<3>(ZELM_EACH(i) {
+                p[i] = splat_lane<i>(one.offset) + splat_lane<i>(one.scale) * (q[i] / q[3]);
+            });
         },
-        [&](const void *from, void *to) { project(world, view, projection, pixels, from, to); });
+        [&](const void *from, void *to) { one_point<3, 3>(from, to, one); });
     return zelStatusOk;
 }
 
@@ -243,7 +241,7 @@ ZelStatus unproject_one(const float *mat1, const float *mat2, const float *mat3,
     Matrix inverse;
     if (!invert_product(mat1, mat2, mat3, inverse))
         return zelStatusSingular;
-    transform<Coordinate<3>, 3>(inverse, &d, dst);
+    one_point<3, 3>(&d, dst, Through<Coordinate<3>, 3>{inverse});
     return zelStatusOk;
 }
 
@@ -253,16 +251,17 @@ ZelStatus unproject_all(const float *mat1, const float *mat2, const float *mat3,
     if (!invert_product(mat1, mat2, mat3, inverse))
         return zelStatusSingular;
     const Splats s(inverse);
-    each_point<3, 3>(
+    each_point(
         src, dst, count,
-        [&](const Row(&p)[3], Row(&result)[3]) __attribute__((always_inline)) {
-            Row d[3] = {p[0], p[1], p[2]};
-            to_clip_space(v, d);
-            coordinates<Coordinate<3>>(d, s, result);
+        [&](Row(&p)[3]) __attribute__((always_inline)) {
+            Row h[4];
+            to_clip_space(v, p);
+            through<Coordinate<3>>(p, s, h);
+            unroll<3>(ZELM_EACH(j) { p[j] = h[j] / h[3]; });
         },
         [&](const void *from, void *to) {
             const Small<3> d = clip_space_point(v, from);
-            transform<Coordinate<3>, 3>(inverse, &d, to);
+            one_point<3, 3>(&d, to, Through<Coordinate<3>, 3>{inverse});
         });
     return zelStatusOk;
 }
