@@ -47,8 +47,8 @@ constexpr const char *usage =
     "                    a row the eastern one (default: Maunga Whau, Auckland)\n"
     "  --output FILE     the picture, a PNG (default: terrain.png)\n"
     "  --map FILE        a map of the slopes as well\n"
-    "  --yaw DEGREES     seen from the south (0), east (90) ... (default: 32)\n"
-    "  --pitch DEGREES   seen from so far above the horizon, -89 to 89 (default: 33)\n"
+    "  --yaw DEGREES     seen from the south (0), east (90) ... (default: -60)\n"
+    "  --pitch DEGREES   seen from so far above the horizon, -89 to 89 (default: 34)\n"
     "  --distance METRES seen from so far (default: all of it in view)\n"
     "  --turntable N     once around in N pictures: terrain-000.png ...\n"
     "  --refine N        work on a grid that is N times finer in both directions; 14\n"
@@ -173,7 +173,7 @@ void write_picture(const terrain::Picture &picture, std::FILE *file, const std::
 }
 
 // With numbers that stay the same from one picture of a turntable to the next.
-std::vector<std::string> caption(const terrain::Fit &fit) {
+std::vector<std::string> caption(const std::string &input, const terrain::Fit &fit) {
     const int cells = fit.height.rows * fit.height.columns;
     const double systems = static_cast<double>(cells) * terrain::iterations;
     char text[2][96];
@@ -181,12 +181,13 @@ std::vector<std::string> caption(const terrain::Fit &fit) {
                   systems);
     std::snprintf(text[1], sizeof text[1], "%.2f million systems solved per second",
                   systems / (fit.lu_seconds + fit.solve_seconds) / 1e6);
-    return {text[0], text[1]};
+    return {std::filesystem::path(input).stem().string() + ", drawn 1.5 times as high", text[0],
+            text[1]};
 }
 
 void show(const Options &options, const terrain::Fit &fit, double spacing, File output) {
     terrain::Scene scene(fit, spacing);
-    std::vector<std::string> lines = caption(fit);
+    std::vector<std::string> lines = caption(options.input, fit);
     lines.push_back(std::to_string(scene.points()) + " points projected");
     if (options.turntable == 0) {
         write_picture(scene.look(options.camera, lines), output.get(), options.output);

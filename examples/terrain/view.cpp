@@ -152,14 +152,14 @@ void Scene::add_walls() {
 // view space is right-handed, and what is between the two planes gets depths from 0 to 1.
 void Scene::project(const Camera &camera) {
     const double yaw = radians(camera.yaw), pitch = radians(camera.pitch);
-    const double all = 0.95 * radius_ / std::tan(radians(field_of_view) / 2);
+    const double all = 0.79 * radius_ / std::tan(radians(field_of_view) / 2);
     const double distance = camera.distance > 0 ? camera.distance : all;
     const std::array<float, 3> eye = {
         static_cast<float>(distance * std::cos(pitch) * std::sin(yaw)),
         static_cast<float>(distance * std::sin(pitch)),
         static_cast<float>(distance * std::cos(pitch) * std::cos(yaw))};
     // A little below the middle, which leaves the caption free.
-    const std::array<float, 3> at = {0, static_cast<float>(-0.06 * distance), 0}, up = {0, 1, 0};
+    const std::array<float, 3> at = {0, static_cast<float>(-0.075 * distance), 0}, up = {0, 1, 0};
     const double far = distance + 2 * radius_, near = std::max(far / 1000, distance - 2 * radius_);
 
     std::array<float, 16> world, view, projection;

@@ -11,8 +11,8 @@ namespace terrain {
 // Where the terrain is seen from: `distance` metres from its middle, `pitch` degrees above the
 // horizon, `yaw` degrees from the south towards the east. Distance 0 takes it all in.
 struct Camera {
-    double yaw = 32;
-    double pitch = 33;
+    double yaw = -60;
+    double pitch = 34;
     double distance = 0;
 };
 
