@@ -2107,12 +2107,12 @@ ZELM_API ZelStatus zelmLUBackSubst_mava_64f_L(const double *const *ppSrc, int sr
 /* AffineTransform3DH: Homogeneous transform of an array of points */
 /* ============================================================================================== */
 
-/* dst_n = (M * (x, y, z, 1)) / w for every 3-vector (x, y, z) of the array, as columns: with m(i, j)
- * row i and column j of the 4x4 matrix,
+/* dst_n = (M * (x, y, z, 1)) / w for every 3-vector (x, y, z) of the array, as columns: with
+ * m(i, j) row i and column j of the 4x4 matrix,
  *   w        =  m(3, 0) * x + m(3, 1) * y + m(3, 2) * z + m(3, 3)
  *   dst_n(i) = (m(i, 0) * x + m(i, 1) * y + m(i, 2) * z + m(i, 3)) * (1 / w),   i = 0, 1, 2
- * with sums from left to right. This is the one transform that takes column vectors and any strides;
- * zelmAffineTransformCoord_m4v3a_32f below takes row vectors.
+ * with sums from left to right. This is the one transform that takes column vectors and any
+ * strides; zelmAffineTransformCoord_m4v3a_32f below takes row vectors.
  *
  * src1 is the matrix, src2 the array of vectors. There are no sizes.
  *
@@ -2121,9 +2121,9 @@ ZELM_API ZelStatus zelmLUBackSubst_mava_64f_L(const double *const *ppSrc, int sr
  *
  * Status, as under "Checks" above; in this order:
  *   null pointer, bad count, bad stride.
- * zelStatusDivByZero: |w| of at least one vector is not above 2^-126, the smallest normal number, or
- * is NaN. The three elements of every such vector are 3.4028235e38, the largest float. All other
- * vectors are transformed. */
+ * zelStatusDivByZero: |w| of at least one vector is not above 2^-126, the smallest normal number,
+ * or is NaN. The three elements of every such vector are 3.4028235e38, the largest float. All
+ * other vectors are transformed. */
 ZELM_API ZelStatus zelmAffineTransform3DH_mva_32f(const float *pSrc1, int src1Stride1,
                                                   int src1Stride2, const float *pSrc2,
                                                   int src2Stride0, int src2Stride2, float *pDst,
@@ -2133,9 +2133,9 @@ ZELM_API ZelStatus zelmAffineTransform3DH_mva_32f(const float *pSrc1, int src1St
 /* Vectors3D: Vectors of 2, 3 and 4 floats */
 /* ============================================================================================== */
 
-/* A vector v2, v3 or v4 is 2, 3 or 4 floats one behind the other, at any address. Exactly these are
- * read and written. Scalar results go to pDst as one float. No argument is checked, and the status is
- * always zelStatusOk.
+/* A vector v2, v3 or v4 is 2, 3 or 4 floats one behind the other, at any address. Exactly these
+ * are read and written. Scalar results go to pDst as one float. No argument is checked, and the
+ * status is always zelStatusOk.
  *
  * Sums run from left to right in float: (x0*x0 + x1*x1) + x2*x2, then + x3*x3.
  *
@@ -2150,9 +2150,9 @@ ZELM_API ZelStatus zelmSub_v2_32f(const float *pSrc1, const float *pSrc2, float 
 ZELM_API ZelStatus zelmSub_v3_32f(const float *pSrc1, const float *pSrc2, float *pDst);
 ZELM_API ZelStatus zelmSub_v4_32f(const float *pSrc1, const float *pSrc2, float *pDst);
 
-/* Element by element the smaller or the larger one: pDst[i] = pSrc1[i] if pSrc1[i] < pSrc2[i] (Max:
- * if pSrc1[i] > pSrc2[i]), else pSrc2[i]. So the element of pSrc2 is taken where either is NaN, and
- * of zeros with different signs. */
+/* Element by element the smaller or the larger one: pDst[i] = pSrc1[i] if pSrc1[i] < pSrc2[i]
+ * (Max: if pSrc1[i] > pSrc2[i]), else pSrc2[i]. So the element of pSrc2 is taken where either is
+ * NaN, and of zeros with different signs. */
 ZELM_API ZelStatus zelmMin_v2_32f(const float *pSrc1, const float *pSrc2, float *pDst);
 ZELM_API ZelStatus zelmMin_v3_32f(const float *pSrc1, const float *pSrc2, float *pDst);
 ZELM_API ZelStatus zelmMin_v4_32f(const float *pSrc1, const float *pSrc2, float *pDst);
@@ -2173,8 +2173,8 @@ ZELM_API ZelStatus zelmLen_v2_32f(const float *pSrc, float *pDst);
 ZELM_API ZelStatus zelmLen_v3_32f(const float *pSrc, float *pDst);
 ZELM_API ZelStatus zelmLen_v4_32f(const float *pSrc, float *pDst);
 
-/* pDst[i] = pSrc[i] / length, true divisions. A vector of length zero becomes NaNs; so does one whose
- * squares underflow, and elements become 0 where the squares overflow. */
+/* pDst[i] = pSrc[i] / length, true divisions. A vector of zeros becomes NaNs. Where the
+ * squares underflow to 0, other elements become infinite; where they overflow, 0. */
 ZELM_API ZelStatus zelmNormalize_v2_32f(const float *pSrc, float *pDst);
 ZELM_API ZelStatus zelmNormalize_v3_32f(const float *pSrc, float *pDst);
 ZELM_API ZelStatus zelmNormalize_v4_32f(const float *pSrc, float *pDst);
@@ -2225,8 +2225,8 @@ ZELM_API ZelStatus zelmHermite_v3_32f(const float *pPos1, const float *pTan1, co
 ZELM_API ZelStatus zelmHermite_v4_32f(const float *pPos1, const float *pTan1, const float *pPos2,
                                       const float *pTan2, float *pDst, float s);
 
-/* The Catmull-Rom curve through four points, from the second (s = 0) to the third (s = 1): the Hermite
- * curve with the tangents (pSrc3 - pSrc1) * 0.5 and (pSrc4 - pSrc2) * 0.5.
+/* The Catmull-Rom curve through four points, from the second (s = 0) to the third (s = 1): the
+ * Hermite curve with the tangents (pSrc3 - pSrc1) * 0.5 and (pSrc4 - pSrc2) * 0.5.
  * Source: E. Catmull, R. Rom, A class of local interpolating splines, 1974. */
 ZELM_API ZelStatus zelmInterpolationCatmullRom_v2_32f(const float *pSrc1, const float *pSrc2,
                                                       const float *pSrc3, const float *pSrc4,
@@ -2242,26 +2242,26 @@ ZELM_API ZelStatus zelmInterpolationCatmullRom_v4_32f(const float *pSrc1, const 
 /* Matrices3D: Transformation matrices */
 /* ============================================================================================== */
 
-/* A matrix m4 is 16 floats, row by row, at any address: m(r, c) is float 4 * r + c. Exactly these are
- * read and written.
+/* A matrix m4 is 16 floats, row by row, at any address: m(r, c) is float 4 * r + c. Exactly these
+ * are read and written.
  *
- * Vectors are rows, and a matrix stands behind them: v' = v * M. So the translation is row 3, column
- * 3 makes the homogeneous w, and A * B applies A first. Where the tables below say nothing the
- * element is 0. Angles are in radians; sines and cosines are those of single precision.
+ * Vectors are rows, and a matrix stands behind them: v' = v * M. So the translation is row 3,
+ * column 3 makes the homogeneous w, and A * B applies A first. Where the tables below say nothing
+ * the element is 0. Angles are in radians; sines and cosines are those of single precision.
  *
- * LH and RH: in a left-handed (LH) view space the camera looks along +z, in a right-handed one (RH)
- * along -z; in both, x goes to the right and y upwards. After the division by w, what is seen lies in
- * -1 <= x <= 1, -1 <= y <= 1 and, in depth, 0 <= z <= 1: 0 at zNear and 1 at zFar. Distances zNear and
- * zFar are positive in front of the camera, in both.
+ * LH and RH: in a left-handed (LH) view space the camera looks along +z, in a right-handed one
+ * (RH) along -z; in both, x goes to the right and y upwards. After the division by w, what is
+ * seen lies in -1 <= x <= 1, -1 <= y <= 1 and, in depth, 0 <= z <= 1: 0 at zNear and 1 at zFar.
+ * Distances zNear and zFar are positive in front of the camera, in both.
  *
- * Nothing is checked but by zelmMul_mm4x4_32f and zelmInvert_m4_32f: a width, distance or axis of zero
- * gives infinities or NaNs, and the status is zelStatusOk. */
+ * Nothing is checked but by zelmMul_mm4x4_32f and zelmInvert_m4_32f: a width, distance or axis of
+ * zero gives infinities or NaNs, and the status is zelStatusOk. */
 
 /* The identity: m(i, i) = 1. */
 ZELM_API ZelStatus zelmIdentity_m4_32f(float *pDst);
 
-/* *pResult = 1 if every element equals that of the identity, else 0. There is no tolerance; -0 counts
- * as 0, and a NaN is not equal to anything. */
+/* *pResult = 1 if every element equals that of the identity, else 0. There is no tolerance; -0
+ * counts as 0, and a NaN is not equal to anything. */
 ZELM_API ZelStatus zelmIsIdentity_m4_32f(const float *pSrc, int *pResult);
 
 /* Translation: the identity with row 3 = (tx, ty, tz, 1). */
@@ -2297,8 +2297,8 @@ ZELM_API ZelStatus zelmRotationAxis_v3m4_32f(const float *pAxis, float *pDst, fl
  *     0                 0      0                 1 */
 ZELM_API ZelStatus zelmRotationYawPitchRoll_m4_32f(float *pDst, float yaw, float pitch, float roll);
 
-/* The view from pEye towards pAt (3 floats each): world coordinates become those of the camera. pUp
- * need not be orthogonal to the line of sight, but not parallel to it. With
+/* The view from pEye towards pAt (3 floats each): world coordinates become those of the camera.
+ * pUp need not be orthogonal to the line of sight, but not parallel to it. With
  *   z = normalize(pAt - pEye) for LH, normalize(pEye - pAt) for RH
  *   x = normalize(cross(pUp, z)),  y = cross(z, x)
  * the matrix is
@@ -2311,8 +2311,8 @@ ZELM_API ZelStatus zelmLookAtLH_m4_32f(const float *pEye, const float *pAt, cons
 ZELM_API ZelStatus zelmLookAtRH_m4_32f(const float *pEye, const float *pAt, const float *pUp,
                                        float *pDst);
 
-/* Perspective projection, in which width x height is what is seen at the distance zNear. n = zNear,
- * f = zFar:
+/* Perspective projection, in which width x height is what is seen at the distance zNear. n =
+ * zNear, f = zFar:
  *     LH: 2n/width  0         0            0     RH: 2n/width  0         0            0
  *         0         2n/height 0            0         0         2n/height 0            0
  *         0         0         f/(f - n)    1         0         0         f/(n - f)   -1
@@ -2322,15 +2322,15 @@ ZELM_API ZelStatus zelmPerspectiveLH_m4_32f(float *pDst, float width, float heig
 ZELM_API ZelStatus zelmPerspectiveRH_m4_32f(float *pDst, float width, float height, float zNear,
                                             float zFar);
 
-/* Perspective projection with fovY the vertical angle of view and aspect = width / height: as above
- * with m(1,1) = cot(fovY / 2) and m(0,0) = m(1,1) / aspect. */
+/* Perspective projection with fovY the vertical angle of view and aspect = width / height: as
+ * above with m(1,1) = cot(fovY / 2) and m(0,0) = m(1,1) / aspect. */
 ZELM_API ZelStatus zelmPerspectiveFovLH_m4_32f(float *pDst, float fovY, float aspect, float zNear,
                                                float zFar);
 ZELM_API ZelStatus zelmPerspectiveFovRH_m4_32f(float *pDst, float fovY, float aspect, float zNear,
                                                float zFar);
 
-/* Perspective projection of the window left <= x <= right, bottom <= y <= top at the distance zNear.
- * l, r, b, t = left, right, bottom, top:
+/* Perspective projection of the window left <= x <= right, bottom <= y <= top at the distance
+ * zNear. l, r, b, t = left, right, bottom, top:
  *     LH: 2n/(r - l)         0                   0            0
  *         0                  2n/(t - b)          0            0
  *         -(l + r)/(r - l)   -(b + t)/(t - b)    f/(f - n)    1
@@ -2370,37 +2370,39 @@ ZELM_API ZelStatus zelmOrthoOffCenterRH_m4_32f(float *pDst, float left, float ri
 /* pDst(c, r) = pSrc(r, c). In place: pDst may be pSrc. */
 ZELM_API ZelStatus zelmTranspose_m4_32f(const float *pSrc, float *pDst);
 
-/* The product P = pSrc1 * pSrc2, every element summed from left to right: zelmMul_mm4x4_32f stores it,
- * zelmMulTranspose_m4_32f its transpose. In place: pDst may be either source or both.
+/* The product P = pSrc1 * pSrc2, every element summed from left to right: zelmMul_mm4x4_32f
+ * stores it, zelmMulTranspose_m4_32f its transpose. In place: pDst may be either source or both.
  *
- * Status: zelmMul_mm4x4_32f tests its three pointers and returns zelStatusNullPointer if one is null;
- * zelmMulTranspose_m4_32f tests nothing. */
+ * Status: zelmMul_mm4x4_32f tests its three pointers and returns zelStatusNullPointer if one is
+ * null; zelmMulTranspose_m4_32f tests nothing. */
 ZELM_API ZelStatus zelmMulTranspose_m4_32f(const float *pSrc1, const float *pSrc2, float *pDst);
 ZELM_API ZelStatus zelmMul_mm4x4_32f(const float *pSrc1, const float *pSrc2, float *pDst);
 
-/* The determinant, by expansion along row 0: (m00*M0 - m01*M1) + (m02*M2 - m03*M3) with the minors Mk
- * of rows 1 to 3 without column k. */
+/* The determinant, by expansion along row 0: (m00*M0 - m01*M1) + (m02*M2 - m03*M3) with the
+ * minors Mk of rows 1 to 3 without column k. */
 ZELM_API ZelStatus zelmDet_m4_32f(const float *pSrc, float *pDet);
 
 /* The inverse: the adjugate, from products and adjugates of 2x2 blocks, times 1/determinant. *pDet
  * receives the determinant unless pDet is null. In place: pDst may be pSrc.
  *
- * zelStatusSingular: the determinant is below 2^-119 (about 1.5e-36) in magnitude; *pDet is 0, pDst
- * is untouched. A NaN is not below, and gives NaNs.
- * Source: the inverse of a matrix in blocks; see R. A. Horn, C. R. Johnson, Matrix Analysis, 0.7.3. */
+ * zelStatusSingular: the determinant is below 2^-119 (about 1.5e-36) in magnitude; *pDet is 0,
+ * pDst is untouched. A NaN is not below, and gives NaNs.
+ * Source: the inverse of a matrix in blocks; see R. A. Horn, C. R. Johnson, Matrix Analysis,
+ * 0.7.3. */
 ZELM_API ZelStatus zelmInvert_m4_32f(const float *pSrc, float *pDet, float *pDst);
 
 /* ============================================================================================== */
 /* Transforms3D: Points and directions through 4x4 matrices */
 /* ============================================================================================== */
 
-/* Matrices are those of the builders above: 16 floats row by row, with row vectors in front of them,
- * v' = v * M. r0 to r3 are the rows of pMat. Vectors are 2, 3 or 4 floats; exactly these are read and
- * written.
+/* Matrices are those of the builders above: 16 floats row by row, with row vectors in front of
+ * them, v' = v * M. r0 to r3 are the rows of pMat. Vectors are 2, 3 or 4 floats; exactly these
+ * are read and written.
  *
  * Arrays (kinds that end in a) have count vectors; srcStride and dstStride are the bytes from one
- * vector to the next. Any stride will do, 0 and negative ones too. The vectors are done in ascending
- * order; where the destination overlaps itself or the source that can be seen, and is kept.
+ * vector to the next. Any stride will do, 0 and negative ones too. The vectors are done in
+ * ascending order; where the destination overlaps itself or the source that can be seen, and is
+ * kept.
  * In place: the destination may be the source; in arrays with the same stride, of at least the
  * destination's vector. The destination must not overlap a matrix.
  *
@@ -2439,8 +2441,8 @@ ZELM_API ZelStatus zelmAffineTransformCoord_m4v3a_32f(const float *pMat, const f
                                                       int srcStride, float *pDst, int dstStride,
                                                       int count);
 
-/* Directions: no translation and no w, as many floats as the source has. Normals of surfaces need the
- * transpose of the inverse matrix instead of the matrix, unless it only rotates and moves.
+/* Directions: no translation and no w, as many floats as the source has. Normals of surfaces need
+ * the transpose of the inverse matrix instead of the matrix, unless it only rotates and moves.
  *   m4v2  x*r0 + y*r1
  *   m4v3  (x*r0 + y*r1) + z*r2 */
 ZELM_API ZelStatus zelmAffineTransformNormal_m4v2_32f(const float *pMat, const float *pSrc,
@@ -2454,8 +2456,8 @@ ZELM_API ZelStatus zelmAffineTransformNormal_m4v3a_32f(const float *pMat, const 
                                                        int srcStride, float *pDst, int dstStride,
                                                        int count);
 
-/* From world space to the viewport of width x height pixels, whose origin is the top left corner and
- * whose y goes down: pMat3 is the world, pMat2 the view, pMat1 the projection matrix.
+/* From world space to the viewport of width x height pixels, whose origin is the top left corner
+ * and whose y goes down: pMat3 is the world, pMat2 the view, pMat1 the projection matrix.
  *   q = (((x, y, z, 1) * pMat3) * pMat2) * pMat1,  (d0, d1, d2) = (q0, q1, q2) / q3
  *   pDst = (width/2 + width/2 * d0, height/2 - height/2 * d1, minZ + (maxZ - minZ) * d2) */
 ZELM_API ZelStatus zelmProject_m4v3_32f(const float *pMat1, const float *pMat2, const float *pMat3,
@@ -2468,12 +2470,12 @@ ZELM_API ZelStatus zelmProject_m4v3a_32f(const float *pMat1, const float *pMat2,
 
 /* Back from the viewport: with (s0, s1, s2) the source
  *   d = (2 * s0 / width - 1, 1 - 2 * s1 / height, (s2 - minZ) / (maxZ - minZ))
- * goes as a point through the inverse of pMat3 * pMat2 * pMat1. The product is formed in float, the
- * inverse in double and rounded to float.
+ * goes as a point through the inverse of pMat3 * pMat2 * pMat1. The product is formed in float,
+ * the inverse in double and rounded to float.
  *
- * zelStatusSingular: the determinant is below 2^-1014 in magnitude. The single form has written d to
- * pDst then; the array form finds out before it touches any vector, even when count is below 1, and
- * leaves the destination alone. */
+ * zelStatusSingular: the determinant is below 2^-1014 in magnitude. The single form has written d
+ * to pDst then; the array form finds out before it touches any vector, even when count is below
+ * 1, and leaves the destination alone. */
 ZELM_API ZelStatus zelmUnproject_m4v3_32f(const float *pMat1, const float *pMat2,
                                           const float *pMat3, const float *pSrc, float *pDst,
                                           float width, float height, float minZ, float maxZ);
