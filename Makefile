@@ -33,7 +33,8 @@ help: ## list the targets
 demo: ## build and run examples/terrain, ARGS="--refine 14" for a finer grid
 	$(packages) build example
 	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=ON,terrain)
-	build/release/examples/terrain --output '$(CURDIR)/terrain.png' $(ARGS)
+	build/release/examples/terrain --output '$(CURDIR)/terrain.png' --map '$(CURDIR)/terrain-map.png' \
+		$(ARGS)
 
 test: ## build everything, warnings being errors, and run all tests
 	$(packages) build example test
@@ -87,4 +88,4 @@ doc: ## make the reference from the headers, in build/doc/html
 	doxygen docs/Doxyfile
 
 clean: ## remove all that was built
-	rm -rf build terrain.png
+	rm -rf build terrain*.png

@@ -90,17 +90,23 @@ def expand(family, line):
         raise TableError("expected: kinds types descriptions arguments")
     kinds, types, descriptions, arguments = fields
     arguments = " ".join(arguments.split())
+    operations, colon, fixed_kinds = kinds.partition(":")
+    if colon:
+        kinds = fixed_kinds
+    else:
+        operations = family
     members = []
-    for kind, description, of_type in itertools.product(
-        kinds.split(","), descriptions.split(","), types.split(",")
+    for operation, kind, description, of_type in itertools.product(
+        operations.split(","), kinds.split(","), descriptions.split(","), types.split(",")
     ):
-        if not re.fullmatch("[SPL]{1,2}", description) or of_type not in TYPES:
+        known = "-" if colon else "[SPL]{1,2}"
+        if not re.fullmatch(known, description) or of_type not in TYPES:
             raise TableError(f"unknown description or type: {description} {of_type}")
-        parts = [f"zelm{family}", kind, of_type, description]
+        parts = [f"zelm{operation}", kind, of_type, description]
         name = "_".join(part for part in parts if part not in ("-", "S"))
         ctype = TYPES[of_type]
         prototype = [f"ZELM_API ZelStatus {name}("] + parameters(arguments, description, ctype)
-        members.append(Member(name, family, kind, ctype, description, arguments, prototype))
+        members.append(Member(name, operation, kind, ctype, description, arguments, prototype))
     return members
 
 
@@ -188,7 +194,13 @@ def member_list(families):
         "// Made by api/generate.py from api/members.txt: one line per exported operation.",
         "// ZELM_MEMBER(name, family, kind, element type, description, arguments)",
     ]
+    fixed = [m for m in all_members(families) if m.description == "-"]
+    if fixed:
+        lines.append("// ZELM_FIXED_MEMBER(name, operation, kind, arguments): of fixed size, float")
     for m in all_members(families):
+        if m in fixed:
+            lines.append(f'ZELM_FIXED_MEMBER({m.name}, {m.family}, {m.kind}, "{m.arguments}")')
+            continue
         lines.append(
             f"ZELM_MEMBER({m.name}, {m.family}, {m.kind}, {m.ctype}, {m.description}, "
             f'"{m.arguments}")'

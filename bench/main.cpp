@@ -72,6 +72,7 @@ int run(const Options &options, char *program) {
     add_qr_rows(rows);
     add_mul_rows(rows);
     add_sum_rows(rows);
+    add_geometry_rows(rows);
     add_call_rows(rows);
     add_thread_rows(rows);
 

@@ -169,6 +169,84 @@ double solution_error(const BenchProblem &p) {
     return worst.worst();
 }
 
+// A point through the matrices of b, the last one first; with the sums of the magnitudes, which
+// bound the rounding.
+double transform_error(const BenchProblem &p, BenchWork work) {
+    Worst<float> worst;
+    constexpr double eps = epsilon<float>, scale[] = {320, -200, 1}, offset[] = {320, 200, 0};
+    for (int n = 0; n < p.count; ++n) {
+        double q[4] = {0, 0, 0, 1}, size[4] = {0, 0, 0, 1};
+        for (int j = 0; j < 3; ++j)
+            size[j] = std::abs(q[j] = at<float>(p.a, n, 0, j));
+        for (int m = work == bench_project ? 2 : 0; m >= 0; --m) {
+            double r[4] = {}, s[4] = {};
+            for (int j = 0; j < 4; ++j)
+                for (int k = 0; k < 4; ++k) {
+                    const double element = at<float>(p.b, 0, 4 * m + k, j);
+                    r[j] += q[k] * element;
+                    s[j] += size[k] * std::abs(element);
+                }
+            std::copy_n(r, 4, q);
+            std::copy_n(s, 4, size);
+        }
+        for (int j = 0; j < (work == bench_affine ? 4 : 3); ++j) {
+            const double found = at<float>(p.c, n, 0, j);
+            if (work == bench_affine) {
+                worst.add(found, q[j], 4 * eps * size[j]);
+                continue;
+            }
+            const double s = work == bench_project ? scale[j] : 1;
+            const double o = work == bench_project ? offset[j] : 0;
+            const double relative =
+                size[j] / std::abs(q[3]) + std::abs(q[j]) * size[3] / (q[3] * q[3]);
+            worst.add(found, o + s * q[j] / q[3], 16 * eps * (std::abs(s) * relative + o));
+        }
+    }
+    return worst.worst();
+}
+
+double frame_error(const BenchProblem &p, BenchWork work) {
+    Worst<float> worst;
+    const auto length = [](const double(&v)[3]) { return std::hypot(v[0], v[1], v[2]); };
+    for (int n = 0; n < p.count; ++n) {
+        double v[3][3];
+        for (int i = 0; i < p.rows; ++i)
+            for (int j = 0; j < 3; ++j)
+                v[i][j] = at<float>(p.a, n, i, j);
+        if (work == bench_normalize) {
+            for (int j = 0; j < 3; ++j)
+                worst.add(at<float>(p.c, n, 0, j), v[0][j] / length(v[0]), 4 * epsilon<float>);
+            continue;
+        }
+        double axis[3][3];
+        const auto normalized_cross = [&](int to, const double(&a)[3], const double(&b)[3]) {
+            for (int j = 0; j < 3; ++j)
+                axis[to][j] = a[(j + 1) % 3] * b[(j + 2) % 3] - a[(j + 2) % 3] * b[(j + 1) % 3];
+            const double l = length(axis[to]);
+            for (double &x : axis[to])
+                x /= l;
+            return l;
+        };
+        for (int j = 0; j < 3; ++j)
+            axis[2][j] = v[0][j] - v[1][j];
+        const double distance = length(axis[2]);
+        for (double &x : axis[2])
+            x /= distance;
+        const double across = normalized_cross(0, v[2], axis[2]);
+        normalized_cross(1, axis[2], axis[0]);
+        const double bound = 64 * epsilon<float> * (1 + 1 / distance) * (1 + 1 / across);
+        for (int j = 0; j < 3; ++j) {
+            double shift = 0;
+            for (int i = 0; i < 3; ++i) {
+                worst.add(at<float>(p.c, n, i, j), axis[j][i], bound);
+                shift -= axis[j][i] * v[0][i];
+            }
+            worst.add(at<float>(p.c, n, 3, j), shift, 2 * bound);
+        }
+    }
+    return worst.worst();
+}
+
 // L * L' against a. The diagonal of L is inverted where the factor is the library's.
 template <class T>
 double cholesky_error(const BenchProblem &p, BenchPivots stored) {
@@ -321,6 +399,13 @@ double work_error(const BenchProblem &p, BenchWork work, BenchPivots pivots) {
         return qr_error<T>(p, pivots);
     case bench_qr_solve:
         return least_squares_error<T>(p);
+    case bench_affine:
+    case bench_coordinate:
+    case bench_project:
+        return transform_error(p, work);
+    case bench_normalize:
+    case bench_look_at:
+        return frame_error(p, work);
     }
     return std::numeric_limits<double>::quiet_NaN();
 }
@@ -335,6 +420,8 @@ Workspace::Workspace(BenchWork work, ElementType type, Shape shape, BenchMemory 
     problem_.columns = shape.columns;
     problem_.count = count;
 
+    const bool one_matrix =
+        work == bench_affine || work == bench_coordinate || work == bench_project;
     const Extent square{shape.rows, shape.rows}, vector{1, shape.rows};
     switch (work) {
     case bench_add:
@@ -374,10 +461,24 @@ Workspace::Workspace(BenchWork work, ElementType type, Shape shape, BenchMemory 
         b_ = vector;
         c_ = {1, shape.columns};
         break;
+    case bench_affine:
+    case bench_coordinate:
+    case bench_project:
+        a_ = {1, 3};
+        b_ = {work == bench_project ? 12 : 4, 4};
+        c_ = {1, work == bench_affine ? 4 : 3};
+        break;
+    case bench_normalize:
+        a_ = c_ = {1, 3};
+        break;
+    case bench_look_at:
+        a_ = {3, 3};
+        c_ = {4, 4};
+        break;
     }
     problem_.a = place(a_, memory, work == bench_mul_mma);
     if (b_.rows > 0)
-        problem_.b = place(b_, memory, work == bench_mul_mam);
+        problem_.b = place(b_, memory, work == bench_mul_mam || one_matrix);
     problem_.c = place(c_, work == bench_det ? bench_packed : memory, false);
     if (work == bench_lu || work == bench_lu_solve) {
         index_.resize(static_cast<std::size_t>(count) * static_cast<std::size_t>(shape.rows));
@@ -425,6 +526,10 @@ BenchOperand Workspace::place(Extent extent, BenchMemory memory, bool single) {
         break;
     case bench_columns:
         o = {nullptr, rows * columns * size, size, rows * size};
+        break;
+    case bench_stride16:
+    case bench_stride32:
+        o = {nullptr, memory == bench_stride16 ? 16 : 32, columns * size, size};
         break;
     }
     constexpr std::size_t page = 4096, stagger = 17 * 64;

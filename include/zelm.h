@@ -3369,6 +3369,387 @@ ZELM_API ZelStatus zelmQRBackSubst_mava_64f_L(const double *const *ppSrc, int sr
                                               int dstRoiShift, int dstStride2, int width,
                                               int height, int count);
 
+/* ============================================================================================== */
+/* AffineTransform3DH: Homogeneous transform of an array of points */
+/* ============================================================================================== */
+
+/* dst_n = (M * (x, y, z, 1)) / w for every 3-vector (x, y, z) of the array, as columns: with
+ * m(i, j) row i and column j of the 4x4 matrix,
+ *   w        =  m(3, 0) * x + m(3, 1) * y + m(3, 2) * z + m(3, 3)
+ *   dst_n(i) = (m(i, 0) * x + m(i, 1) * y + m(i, 2) * z + m(i, 3)) * (1 / w),   i = 0, 1, 2
+ * with sums from left to right. This is the one transform that takes column vectors and any
+ * strides; zelmAffineTransformCoord_m4v3a_32f below takes row vectors.
+ *
+ * src1 is the matrix, src2 the array of vectors. There are no sizes.
+ *
+ * In place: the destination may be the array of vectors, at the same address and with the same
+ * strides. No other overlap is allowed, and none with the matrix.
+ *
+ * Status, as under "Checks" above; in this order:
+ *   null pointer, bad count, bad stride.
+ * zelStatusDivByZero: |w| of at least one vector is not above 2^-126, the smallest normal number,
+ * or is NaN. The three elements of every such vector are 3.4028235e38, the largest float. All
+ * other vectors are transformed. */
+ZELM_API ZelStatus zelmAffineTransform3DH_mva_32f(const float *pSrc1, int src1Stride1,
+                                                  int src1Stride2, const float *pSrc2,
+                                                  int src2Stride0, int src2Stride2, float *pDst,
+                                                  int dstStride0, int dstStride2, int count);
+
+/* ============================================================================================== */
+/* Vectors3D: Vectors of 2, 3 and 4 floats */
+/* ============================================================================================== */
+
+/* A vector v2, v3 or v4 is 2, 3 or 4 floats one behind the other, at any address. Exactly these
+ * are read and written. Scalar results go to pDst as one float. No argument is checked, and the
+ * status is always zelStatusOk.
+ *
+ * Sums run from left to right in float: (x0*x0 + x1*x1) + x2*x2, then + x3*x3.
+ *
+ * In place: every source is read before the destination is written, so the destination may be any
+ * of the sources, or overlap them. */
+
+/* pDst[i] = pSrc1[i] + pSrc2[i], pSrc1[i] - pSrc2[i]. */
+ZELM_API ZelStatus zelmAdd_v2_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmAdd_v3_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmAdd_v4_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmSub_v2_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmSub_v3_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmSub_v4_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+
+/* Element by element the smaller or the larger one: pDst[i] = pSrc1[i] if pSrc1[i] < pSrc2[i]
+ * (Max: if pSrc1[i] > pSrc2[i]), else pSrc2[i]. So the element of pSrc2 is taken where either is
+ * NaN, and of zeros with different signs. */
+ZELM_API ZelStatus zelmMin_v2_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmMin_v3_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmMin_v4_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmMax_v2_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmMax_v3_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmMax_v4_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+
+/* pDst[i] = pSrc[i] * scale. */
+ZELM_API ZelStatus zelmMulC_v2_32f(const float *pSrc, float *pDst, float scale);
+ZELM_API ZelStatus zelmMulC_v3_32f(const float *pSrc, float *pDst, float scale);
+ZELM_API ZelStatus zelmMulC_v4_32f(const float *pSrc, float *pDst, float scale);
+
+/* One float: the sum of the squares, and its square root. */
+ZELM_API ZelStatus zelmLenSqr_v2_32f(const float *pSrc, float *pDst);
+ZELM_API ZelStatus zelmLenSqr_v3_32f(const float *pSrc, float *pDst);
+ZELM_API ZelStatus zelmLenSqr_v4_32f(const float *pSrc, float *pDst);
+ZELM_API ZelStatus zelmLen_v2_32f(const float *pSrc, float *pDst);
+ZELM_API ZelStatus zelmLen_v3_32f(const float *pSrc, float *pDst);
+ZELM_API ZelStatus zelmLen_v4_32f(const float *pSrc, float *pDst);
+
+/* pDst[i] = pSrc[i] / length, true divisions. A vector of zeros becomes NaNs. Where the
+ * squares underflow to 0, other elements become infinite; where they overflow, 0. */
+ZELM_API ZelStatus zelmNormalize_v2_32f(const float *pSrc, float *pDst);
+ZELM_API ZelStatus zelmNormalize_v3_32f(const float *pSrc, float *pDst);
+ZELM_API ZelStatus zelmNormalize_v4_32f(const float *pSrc, float *pDst);
+
+/* One float: pSrc1[0] * pSrc2[0] + pSrc1[1] * pSrc2[1] + ... */
+ZELM_API ZelStatus zelmDotProduct_v2_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmDotProduct_v3_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmDotProduct_v4_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+
+/* Cross products of a = pSrc1, b = pSrc2, c = pSrc3.
+ *   v2  one float: a0*b1 - a1*b0
+ *   v3  (a1*b2 - a2*b1, a2*b0 - a0*b2, a0*b1 - a1*b0)
+ *   v4  the vector that is orthogonal to all three, by expansion of the determinant:
+ *       r0 =      a1*(b2*c3 - b3*c2) - a2*(b1*c3 - b3*c1) + a3*(b1*c2 - b2*c1)
+ *       r1 = 0 - (a0*(b2*c3 - b3*c2) - a2*(b0*c3 - b3*c0) + a3*(b0*c2 - b2*c0))
+ *       r2 =      a0*(b1*c3 - b3*c1) - a1*(b0*c3 - b3*c0) + a3*(b0*c1 - b1*c0)
+ *       r3 = 0 - (a0*(b1*c2 - b2*c1) - a1*(b0*c2 - b2*c0) + a2*(b0*c1 - b1*c0)) */
+ZELM_API ZelStatus zelmCrossProduct_v2_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmCrossProduct_v3_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmCrossProduct_v4_32f(const float *pSrc1, const float *pSrc2,
+                                           const float *pSrc3, float *pDst);
+
+/* From pSrc1 (s = 0) to pSrc2 (s = 1): pDst[i] = pSrc1[i] + (pSrc2[i] - pSrc1[i]) * s. */
+ZELM_API ZelStatus zelmInterpolationLinear_v2_32f(const float *pSrc1, const float *pSrc2,
+                                                  float *pDst, float s);
+ZELM_API ZelStatus zelmInterpolationLinear_v3_32f(const float *pSrc1, const float *pSrc2,
+                                                  float *pDst, float s);
+ZELM_API ZelStatus zelmInterpolationLinear_v4_32f(const float *pSrc1, const float *pSrc2,
+                                                  float *pDst, float s);
+
+/* The point with barycentric coordinates (1 - f - g, f, g) in the triangle of the three sources:
+ * pDst[i] = ((pSrc2[i] - pSrc1[i]) * f + pSrc1[i]) + (pSrc3[i] - pSrc1[i]) * g. */
+ZELM_API ZelStatus zelmBaryCentric_v2_32f(const float *pSrc1, const float *pSrc2,
+                                          const float *pSrc3, float *pDst, float f, float g);
+ZELM_API ZelStatus zelmBaryCentric_v3_32f(const float *pSrc1, const float *pSrc2,
+                                          const float *pSrc3, float *pDst, float f, float g);
+ZELM_API ZelStatus zelmBaryCentric_v4_32f(const float *pSrc1, const float *pSrc2,
+                                          const float *pSrc3, float *pDst, float f, float g);
+
+/* The cubic Hermite curve from position P1 with tangent T1 (s = 0) to P2 with T2 (s = 1):
+ *   (P1[i] - P2[i]) * (2s^3 - 3s^2) + ((P1[i] + T1[i] * (s^3 - 2s^2 + s)) + T2[i] * (s^3 - s^2))
+ * The three weights are computed in double from the float powers s*s and (s*s)*s and rounded once.
+ * s = 0 gives P1 exactly, unless something is infinite or NaN. */
+ZELM_API ZelStatus zelmHermite_v2_32f(const float *pPos1, const float *pTan1, const float *pPos2,
+                                      const float *pTan2, float *pDst, float s);
+ZELM_API ZelStatus zelmHermite_v3_32f(const float *pPos1, const float *pTan1, const float *pPos2,
+                                      const float *pTan2, float *pDst, float s);
+ZELM_API ZelStatus zelmHermite_v4_32f(const float *pPos1, const float *pTan1, const float *pPos2,
+                                      const float *pTan2, float *pDst, float s);
+
+/* The Catmull-Rom curve through four points, from the second (s = 0) to the third (s = 1): the
+ * Hermite curve with the tangents (pSrc3 - pSrc1) * 0.5 and (pSrc4 - pSrc2) * 0.5.
+ * Source: E. Catmull, R. Rom, A class of local interpolating splines, 1974. */
+ZELM_API ZelStatus zelmInterpolationCatmullRom_v2_32f(const float *pSrc1, const float *pSrc2,
+                                                      const float *pSrc3, const float *pSrc4,
+                                                      float *pDst, float s);
+ZELM_API ZelStatus zelmInterpolationCatmullRom_v3_32f(const float *pSrc1, const float *pSrc2,
+                                                      const float *pSrc3, const float *pSrc4,
+                                                      float *pDst, float s);
+ZELM_API ZelStatus zelmInterpolationCatmullRom_v4_32f(const float *pSrc1, const float *pSrc2,
+                                                      const float *pSrc3, const float *pSrc4,
+                                                      float *pDst, float s);
+
+/* ============================================================================================== */
+/* Matrices3D: Transformation matrices */
+/* ============================================================================================== */
+
+/* A matrix m4 is 16 floats, row by row, at any address: m(r, c) is float 4 * r + c. Exactly these
+ * are read and written.
+ *
+ * Vectors are rows, and a matrix stands behind them: v' = v * M. So the translation is row 3,
+ * column 3 makes the homogeneous w, and A * B applies A first. Where the tables below say nothing
+ * the element is 0. Angles are in radians; sines and cosines are those of single precision.
+ *
+ * LH and RH: in a left-handed (LH) view space the camera looks along +z, in a right-handed one
+ * (RH) along -z; in both, x goes to the right and y upwards. After the division by w, what is
+ * seen lies in -1 <= x <= 1, -1 <= y <= 1 and, in depth, 0 <= z <= 1: 0 at zNear and 1 at zFar.
+ * Distances zNear and zFar are positive in front of the camera, in both.
+ *
+ * Nothing is checked but by zelmMul_mm4x4_32f and zelmInvert_m4_32f: a width, distance or axis of
+ * zero gives infinities or NaNs, and the status is zelStatusOk. */
+
+/* The identity: m(i, i) = 1. */
+ZELM_API ZelStatus zelmIdentity_m4_32f(float *pDst);
+
+/* *pResult = 1 if every element equals that of the identity, else 0. There is no tolerance; -0
+ * counts as 0, and a NaN is not equal to anything. */
+ZELM_API ZelStatus zelmIsIdentity_m4_32f(const float *pSrc, int *pResult);
+
+/* Translation: the identity with row 3 = (tx, ty, tz, 1). */
+ZELM_API ZelStatus zelmTranslation_m4_32f(float *pDst, float tx, float ty, float tz);
+
+/* Scaling: m(0,0) = sx, m(1,1) = sy, m(2,2) = sz, m(3,3) = 1. */
+ZELM_API ZelStatus zelmScaling_m4_32f(float *pDst, float sx, float sy, float sz);
+
+/* Rotation about an axis of coordinates, with s = sin(angle), c = cos(angle):
+ *     X: 1   0   0   0       Y: c   0  -s   0       Z: c   s   0   0
+ *        0   c   s   0          0   1   0   0         -s   c   0   0
+ *        0  -s   c   0          s   0   c   0          0   0   1   0
+ *        0   0   0   1          0   0   0   1          0   0   0   1
+ * A positive angle takes y to z (X), z to x (Y), x to y (Z). */
+ZELM_API ZelStatus zelmRotationX_m4_32f(float *pDst, float angle);
+ZELM_API ZelStatus zelmRotationY_m4_32f(float *pDst, float angle);
+ZELM_API ZelStatus zelmRotationZ_m4_32f(float *pDst, float angle);
+
+/* Rotation about any axis (3 floats) through the origin. With (x, y, z) the axis divided by its
+ * length, s and c as above and t = 1 - c:
+ *     t*x*x + c    t*y*x + s*z  t*z*x - s*y  0
+ *     t*x*y - s*z  t*y*y + c    t*z*y + s*x  0
+ *     t*x*z + s*y  t*y*z - s*x  t*z*z + c    0
+ *     0            0            0            1
+ * An axis of length zero gives NaNs in rows 0 to 2. */
+ZELM_API ZelStatus zelmRotationAxis_v3m4_32f(const float *pAxis, float *pDst, float angle);
+
+/* Roll about z, then pitch about x, then yaw about y: RotationZ(roll) * RotationX(pitch) *
+ * RotationY(yaw). With sy, cy the sine and cosine of yaw, sp, cp of pitch and sr, cr of roll:
+ *     sy*sp*sr + cy*cr  cp*sr  cy*sp*sr - sy*cr  0
+ *     sy*sp*cr - cy*sr  cp*cr  sy*sr + cy*sp*cr  0
+ *     sy*cp             -sp    cy*cp             0
+ *     0                 0      0                 1 */
+ZELM_API ZelStatus zelmRotationYawPitchRoll_m4_32f(float *pDst, float yaw, float pitch, float roll);
+
+/* The view from pEye towards pAt (3 floats each): world coordinates become those of the camera.
+ * pUp need not be orthogonal to the line of sight, but not parallel to it. With
+ *   z = normalize(pAt - pEye) for LH, normalize(pEye - pAt) for RH
+ *   x = normalize(cross(pUp, z)),  y = cross(z, x)
+ * the matrix is
+ *     x0           y0           z0           0
+ *     x1           y1           z1           0
+ *     x2           y2           z2           0
+ *     -dot(x,eye)  -dot(y,eye)  -dot(z,eye)  1 */
+ZELM_API ZelStatus zelmLookAtLH_m4_32f(const float *pEye, const float *pAt, const float *pUp,
+                                       float *pDst);
+ZELM_API ZelStatus zelmLookAtRH_m4_32f(const float *pEye, const float *pAt, const float *pUp,
+                                       float *pDst);
+
+/* Perspective projection, in which width x height is what is seen at the distance zNear. n =
+ * zNear, f = zFar:
+ *     LH: 2n/width  0         0            0     RH: 2n/width  0         0            0
+ *         0         2n/height 0            0         0         2n/height 0            0
+ *         0         0         f/(f - n)    1         0         0         f/(n - f)   -1
+ *         0         0         -n*f/(f - n) 0         0         0         n*f/(n - f)  0 */
+ZELM_API ZelStatus zelmPerspectiveLH_m4_32f(float *pDst, float width, float height, float zNear,
+                                            float zFar);
+ZELM_API ZelStatus zelmPerspectiveRH_m4_32f(float *pDst, float width, float height, float zNear,
+                                            float zFar);
+
+/* Perspective projection with fovY the vertical angle of view and aspect = width / height: as
+ * above with m(1,1) = cot(fovY / 2) and m(0,0) = m(1,1) / aspect. */
+ZELM_API ZelStatus zelmPerspectiveFovLH_m4_32f(float *pDst, float fovY, float aspect, float zNear,
+                                               float zFar);
+ZELM_API ZelStatus zelmPerspectiveFovRH_m4_32f(float *pDst, float fovY, float aspect, float zNear,
+                                               float zFar);
+
+/* Perspective projection of the window left <= x <= right, bottom <= y <= top at the distance
+ * zNear. l, r, b, t = left, right, bottom, top:
+ *     LH: 2n/(r - l)         0                   0            0
+ *         0                  2n/(t - b)          0            0
+ *         -(l + r)/(r - l)   -(b + t)/(t - b)    f/(f - n)    1
+ *         0                  0                   -n*f/(f - n) 0
+ *     RH: 2n/(r - l)         0                   0            0
+ *         0                  2n/(t - b)          0            0
+ *         (l + r)/(r - l)    (b + t)/(t - b)     f/(n - f)   -1
+ *         0                  0                   n*f/(n - f)  0 */
+ZELM_API ZelStatus zelmPerspectiveOffCenterLH_m4_32f(float *pDst, float left, float right,
+                                                     float bottom, float top, float zNear,
+                                                     float zFar);
+ZELM_API ZelStatus zelmPerspectiveOffCenterRH_m4_32f(float *pDst, float left, float right,
+                                                     float bottom, float top, float zNear,
+                                                     float zFar);
+
+/* Orthographic projection: what is seen is width x height at any distance.
+ *     LH: 2/width   0         0            0     RH: 2/width   0         0            0
+ *         0         2/height  0            0         0         2/height  0            0
+ *         0         0         1/(f - n)    0         0         0         1/(n - f)    0
+ *         0         0         -n/(f - n)   1         0         0         n/(n - f)    1 */
+ZELM_API ZelStatus zelmOrthoLH_m4_32f(float *pDst, float width, float height, float zNear,
+                                      float zFar);
+ZELM_API ZelStatus zelmOrthoRH_m4_32f(float *pDst, float width, float height, float zNear,
+                                      float zFar);
+
+/* Orthographic projection of the window left <= x <= right, bottom <= y <= top.
+ *     LH: 2/(r - l)          0                   0            0
+ *         0                  2/(t - b)           0            0
+ *         0                  0                   1/(f - n)    0
+ *         -(l + r)/(r - l)   -(b + t)/(t - b)    -n/(f - n)   1
+ *     RH: the same with m(2,2) = 1/(n - f) and m(3,2) = n/(n - f). */
+ZELM_API ZelStatus zelmOrthoOffCenterLH_m4_32f(float *pDst, float left, float right, float bottom,
+                                               float top, float zNear, float zFar);
+ZELM_API ZelStatus zelmOrthoOffCenterRH_m4_32f(float *pDst, float left, float right, float bottom,
+                                               float top, float zNear, float zFar);
+
+/* pDst(c, r) = pSrc(r, c). In place: pDst may be pSrc. */
+ZELM_API ZelStatus zelmTranspose_m4_32f(const float *pSrc, float *pDst);
+
+/* The product P = pSrc1 * pSrc2, every element summed from left to right: zelmMul_mm4x4_32f
+ * stores it, zelmMulTranspose_m4_32f its transpose. In place: pDst may be either source or both.
+ *
+ * Status: zelmMul_mm4x4_32f tests its three pointers and returns zelStatusNullPointer if one is
+ * null; zelmMulTranspose_m4_32f tests nothing. */
+ZELM_API ZelStatus zelmMulTranspose_m4_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+ZELM_API ZelStatus zelmMul_mm4x4_32f(const float *pSrc1, const float *pSrc2, float *pDst);
+
+/* The determinant, by expansion along row 0: (m00*M0 - m01*M1) + (m02*M2 - m03*M3) with the
+ * minors Mk of rows 1 to 3 without column k. */
+ZELM_API ZelStatus zelmDet_m4_32f(const float *pSrc, float *pDet);
+
+/* The inverse: the adjugate, from products and adjugates of 2x2 blocks, times 1/determinant. *pDet
+ * receives the determinant unless pDet is null. In place: pDst may be pSrc.
+ *
+ * zelStatusSingular: the determinant is below 2^-119 (about 1.5e-36) in magnitude; *pDet is 0,
+ * pDst is untouched. A NaN is not below, and gives NaNs.
+ * Source: the inverse of a matrix in blocks; see R. A. Horn, C. R. Johnson, Matrix Analysis,
+ * 0.7.3. */
+ZELM_API ZelStatus zelmInvert_m4_32f(const float *pSrc, float *pDet, float *pDst);
+
+/* ============================================================================================== */
+/* Transforms3D: Points and directions through 4x4 matrices */
+/* ============================================================================================== */
+
+/* Matrices are those of the builders above: 16 floats row by row, with row vectors in front of
+ * them, v' = v * M. r0 to r3 are the rows of pMat. Vectors are 2, 3 or 4 floats; exactly these
+ * are read and written.
+ *
+ * Arrays (kinds that end in a) have count vectors; srcStride and dstStride are the bytes from one
+ * vector to the next. Any stride will do, 0 and negative ones too. The vectors are done in
+ * ascending order; where the destination overlaps itself or the source that can be seen, and is
+ * kept.
+ * In place: the destination may be the source; in arrays with the same stride, of at least the
+ * destination's vector. The destination must not overlap a matrix.
+ *
+ * Nothing is checked. An array of count below 1 is left alone. The status is zelStatusOk but for
+ * zelmUnproject. */
+
+/* All four columns of the product: pDst receives 4 floats per vector.
+ *   m4v2  (x*r0 + y*r1) + r3
+ *   m4v3  ((x*r0 + y*r1) + z*r2) + r3
+ *   m4v4  (x*r0 + y*r1) + (z*r2 + w*r3) */
+ZELM_API ZelStatus zelmAffineTransform_m4v2_32f(const float *pMat, const float *pSrc, float *pDst);
+ZELM_API ZelStatus zelmAffineTransform_m4v3_32f(const float *pMat, const float *pSrc, float *pDst);
+ZELM_API ZelStatus zelmAffineTransform_m4v4_32f(const float *pMat, const float *pSrc, float *pDst);
+ZELM_API ZelStatus zelmAffineTransform_m4v2a_32f(const float *pMat, const float *pSrc,
+                                                 int srcStride, float *pDst, int dstStride,
+                                                 int count);
+ZELM_API ZelStatus zelmAffineTransform_m4v3a_32f(const float *pMat, const float *pSrc,
+                                                 int srcStride, float *pDst, int dstStride,
+                                                 int count);
+ZELM_API ZelStatus zelmAffineTransform_m4v4a_32f(const float *pMat, const float *pSrc,
+                                                 int srcStride, float *pDst, int dstStride,
+                                                 int count);
+
+/* Points: the product divided by its w, as many floats as the source has. The divisions are true
+ * ones. w = 0 gives infinities or NaNs.
+ *   m4v2  h = (x*r0 + r3) + y*r1,                pDst = (h0, h1) / h3
+ *   m4v3  h = (r3 + z*r2) + (x*r0 + y*r1),       pDst = (h0, h1, h2) / h3 */
+ZELM_API ZelStatus zelmAffineTransformCoord_m4v2_32f(const float *pMat, const float *pSrc,
+                                                     float *pDst);
+ZELM_API ZelStatus zelmAffineTransformCoord_m4v3_32f(const float *pMat, const float *pSrc,
+                                                     float *pDst);
+ZELM_API ZelStatus zelmAffineTransformCoord_m4v2a_32f(const float *pMat, const float *pSrc,
+                                                      int srcStride, float *pDst, int dstStride,
+                                                      int count);
+ZELM_API ZelStatus zelmAffineTransformCoord_m4v3a_32f(const float *pMat, const float *pSrc,
+                                                      int srcStride, float *pDst, int dstStride,
+                                                      int count);
+
+/* Directions: no translation and no w, as many floats as the source has. Normals of surfaces need
+ * the transpose of the inverse matrix instead of the matrix, unless it only rotates and moves.
+ *   m4v2  x*r0 + y*r1
+ *   m4v3  (x*r0 + y*r1) + z*r2 */
+ZELM_API ZelStatus zelmAffineTransformNormal_m4v2_32f(const float *pMat, const float *pSrc,
+                                                      float *pDst);
+ZELM_API ZelStatus zelmAffineTransformNormal_m4v3_32f(const float *pMat, const float *pSrc,
+                                                      float *pDst);
+ZELM_API ZelStatus zelmAffineTransformNormal_m4v2a_32f(const float *pMat, const float *pSrc,
+                                                       int srcStride, float *pDst, int dstStride,
+                                                       int count);
+ZELM_API ZelStatus zelmAffineTransformNormal_m4v3a_32f(const float *pMat, const float *pSrc,
+                                                       int srcStride, float *pDst, int dstStride,
+                                                       int count);
+
+/* From world space to the viewport of width x height pixels, whose origin is the top left corner
+ * and whose y goes down: pMat3 is the world, pMat2 the view, pMat1 the projection matrix.
+ *   q = (((x, y, z, 1) * pMat3) * pMat2) * pMat1,  (d0, d1, d2) = (q0, q1, q2) / q3
+ *   pDst = (width/2 + width/2 * d0, height/2 - height/2 * d1, minZ + (maxZ - minZ) * d2) */
+ZELM_API ZelStatus zelmProject_m4v3_32f(const float *pMat1, const float *pMat2, const float *pMat3,
+                                        const float *pSrc, float *pDst, float width, float height,
+                                        float minZ, float maxZ);
+ZELM_API ZelStatus zelmProject_m4v3a_32f(const float *pMat1, const float *pMat2, const float *pMat3,
+                                         const float *pSrc, int srcStride, float *pDst,
+                                         int dstStride, int count, float width, float height,
+                                         float minZ, float maxZ);
+
+/* Back from the viewport: with (s0, s1, s2) the source
+ *   d = (2 * s0 / width - 1, 1 - 2 * s1 / height, (s2 - minZ) / (maxZ - minZ))
+ * goes as a point through the inverse of pMat3 * pMat2 * pMat1. The product is formed in float,
+ * the inverse in double and rounded to float.
+ *
+ * zelStatusSingular: the determinant is below 2^-1014 in magnitude. The single form has written d
+ * to pDst then; the array form finds out before it touches any vector, even when count is below
+ * 1, and leaves the destination alone. */
+ZELM_API ZelStatus zelmUnproject_m4v3_32f(const float *pMat1, const float *pMat2,
+                                          const float *pMat3, const float *pSrc, float *pDst,
+                                          float width, float height, float minZ, float maxZ);
+ZELM_API ZelStatus zelmUnproject_m4v3a_32f(const float *pMat1, const float *pMat2,
+                                           const float *pMat3, const float *pSrc, int srcStride,
+                                           float *pDst, int dstStride, int count, float width,
+                                           float height, float minZ, float maxZ);
+
 #ifdef __cplusplus
 }
 #endif

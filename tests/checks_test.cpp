@@ -41,8 +41,9 @@ constexpr struct {
      "pczaso"},
     {"CholeskyBackSubst", "mva", "L", "psozc"},
     {"QRDecomp QRBackSubst", "", "S P L", "pczsoa"},
-    {"Add Sub Mul LUDecomp LUBackSubst Invert Det CholeskyDecomp CholeskyBackSubst", "", "S P L",
-     "pczaso"},
+    {"Add Sub Mul LUDecomp LUBackSubst Invert Det CholeskyDecomp CholeskyBackSubst "
+     "AffineTransform3DH",
+     "", "S P L", "pczaso"},
 };
 
 std::string order_of(const Member &m) {

@@ -59,6 +59,7 @@ constexpr Limits combinations = {p4500, p4500, p4500, p4500, 4500};
 constexpr Limits saxpy = {scaled, scaled, scaled, scaled, 2000};
 constexpr Limits gaxpy_one = {{7000, 5000}, p5000, {7000, 5000}, p5000, 4500, 7000};
 constexpr Limits gaxpy_many = {{7000, 5000}, p5000, {7000, 7000}, {6000, 5000}, 4500, 7000};
+constexpr Limits homogeneous = {{784, 784}, {}, {}, {}, 0};
 
 // Sizes as they enter the operation: the result is h x w, products sum over k, c objects.
 struct N {
@@ -117,6 +118,7 @@ const Row rows[] = {
     {"CholeskyDecomp", "ma", cholesky, [](N n) { return n.w * n.w * n.c; }},
     {"CholeskyBackSubst", "mva", cholesky_vectors, one_factor},
     {"CholeskyBackSubst", "mava", cholesky_pairs, many_factors},
+    {"AffineTransform3DH", "mva", homogeneous, [](N n) { return 2 * n.c; }},
 };
 
 const Row &row_of(const Member &m) {

@@ -47,6 +47,35 @@ static void add3_vector(const BenchProblem *p) {
         glm_vec3_add(a[n], b[n], c[n]);
 }
 
+static float *vector_of(const BenchOperand *o, int n) {
+    return (float *)((char *)o->base + (long)n * o->object);
+}
+
+static void affine(const BenchProblem *p) {
+    mat4 *m = p->b.base;
+    for (int n = 0; n < p->count; ++n) {
+        const float *a = vector_of(&p->a, n);
+        vec4 v = {a[0], a[1], a[2], 1};
+        glm_mat4_mulv(*m, v, vector_of(&p->c, n));
+    }
+}
+
+static void coordinate(const BenchProblem *p) {
+    mat4 *m = p->b.base;
+    for (int n = 0; n < p->count; ++n) {
+        const float *a = vector_of(&p->a, n);
+        float *c = vector_of(&p->c, n);
+        vec4 v = {a[0], a[1], a[2], 1};
+        glm_mat4_mulv(*m, v, v);
+        glm_vec3_divs(v, v[3], c);
+    }
+}
+
+static void normalize(const BenchProblem *p) {
+    for (int n = 0; n < p->count; ++n)
+        glm_vec3_normalize_to(vector_of(&p->a, n), vector_of(&p->c, n));
+}
+
 static void invert4(const BenchProblem *p) {
     mat4 *a = p->a.base, *c = p->c.base;
     for (int n = 0; n < p->count; ++n)
@@ -73,6 +102,14 @@ static void determinant3(const BenchProblem *p) {
         c[n] = glm_mat3_det(a[n]);
 }
 
+static void look_at(const BenchProblem *p) {
+    mat4 *c = p->c.base;
+    for (int n = 0; n < p->count; ++n) {
+        float *a = vector_of(&p->a, n);
+        glm_lookat(a, a + 3, a + 6, c[n]);
+    }
+}
+
 BenchPeerList bench_peers(void) {
     static const BenchPeer peers[] = {
         {"cglm", bench_mul, 4, 4, 4, 4, bench_packed, bench_pivots_none, 0, mul4},
@@ -86,6 +123,12 @@ BenchPeerList bench_peers(void) {
         {"cglm", bench_mul_vector, 4, 4, 4, 1, bench_columns, bench_pivots_none, 0, mul4_vector},
         {"cglm", bench_mul_vector, 4, 3, 3, 1, bench_columns, bench_pivots_none, 0, mul3_vector},
         {"cglm", bench_add, 4, 1, 0, 3, bench_packed, bench_pivots_none, 0, add3_vector},
+        {"cglm", bench_affine, 4, 1, 0, 3, bench_packed, bench_pivots_none, 0, affine},
+        {"cglm", bench_coordinate, 4, 1, 0, 3, bench_packed, bench_pivots_none, 0, coordinate},
+        {"cglm", bench_coordinate, 4, 1, 0, 3, bench_strided, bench_pivots_none, 0, coordinate},
+        {"cglm", bench_normalize, 4, 1, 0, 3, bench_packed, bench_pivots_none, 0, normalize},
+        {"cglm", bench_normalize, 4, 1, 0, 3, bench_strided, bench_pivots_none, 0, normalize},
+        {"cglm", bench_look_at, 4, 3, 0, 3, bench_packed, bench_pivots_none, 0, look_at},
     };
     BenchPeerList list = {peers, sizeof peers / sizeof *peers};
     return list;

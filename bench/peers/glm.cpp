@@ -3,8 +3,10 @@
 // intrinsics.
 #define GLM_FORCE_INTRINSICS
 #define GLM_FORCE_ALIGNED_GENTYPES
+#include <glm/ext/matrix_transform.hpp>
 #include <glm/glm.hpp>
 #include <glm/gtc/type_aligned.hpp>
+#include <glm/matrix.hpp>
 
 #include "peer_list.hpp"
 
@@ -46,6 +48,25 @@ void mul_vector_by_columns(const BenchProblem *p) {
         c[n] = a[n] * b[n];
 }
 
+template <glm::qualifier Q, BenchWork work>
+void transform(const BenchProblem *p) {
+    using Result = glm::vec<work == bench_affine ? 4 : 3, float, glm::packed_highp>;
+    const auto m = objects<glm::mat<4, 4, float, Q>>(p->b)[0];
+    const auto *a = objects<glm::vec<3, float, glm::packed_highp>>(p->a);
+    auto *c = results<Result>(p->c);
+    for (int n = 0; n < p->count; ++n) {
+        const auto h = m * glm::vec<4, float, Q>(a[n].x, a[n].y, a[n].z, 1);
+        c[n] = Result(work == bench_affine ? h : h / h.w);
+    }
+}
+
+void normalize(const BenchProblem *p) {
+    const auto *a = objects<glm::vec<3, float, glm::packed_highp>>(p->a);
+    auto *c = results<glm::vec<3, float, glm::packed_highp>>(p->c);
+    for (int n = 0; n < p->count; ++n)
+        c[n] = glm::normalize(a[n]);
+}
+
 template <class Matrix>
 void invert(const BenchProblem *p) {
     const auto *a = objects<Matrix>(p->a);
@@ -60,6 +81,21 @@ void determinant(const BenchProblem *p) {
     auto *c = results<typename Matrix::value_type>(p->c);
     for (int n = 0; n < p->count; ++n)
         c[n] = glm::determinant(a[n]);
+}
+
+void look_at(const BenchProblem *p) {
+    using Vector = glm::vec<3, float, glm::packed_highp>;
+    const auto *a = objects<Vector>(p->a);
+    auto *c = results<glm::mat<4, 4, float, glm::packed_highp>>(p->c);
+    for (int n = 0; n < p->count; ++n)
+        c[n] = glm::lookAtRH(a[3 * n], a[3 * n + 1], a[3 * n + 2]);
+}
+
+template <glm::qualifier Q>
+void offer_geometry(PeerList &list, const char *name) {
+    list.offer<float>(name, bench_affine, sum(1, 3), bench_packed, transform<Q, bench_affine>);
+    list.offer<float>(name, bench_coordinate, sum(1, 3), bench_packed,
+                      transform<Q, bench_coordinate>);
 }
 
 template <class T, int N, glm::qualifier Q>
@@ -91,6 +127,10 @@ BenchPeerList bench_peers() {
         offer_order<double, 3, glm::packed_highp>(made, "GLM");
         offer_order<double, 4, glm::packed_highp>(made, "GLM");
         offer_order<double, 4, glm::aligned_highp>(made, "GLM aligned");
+        offer_geometry<glm::packed_highp>(made, "GLM");
+        offer_geometry<glm::aligned_highp>(made, "GLM aligned");
+        made.offer<float>("GLM", bench_normalize, sum(1, 3), bench_packed, normalize);
+        made.offer<float>("GLM", bench_look_at, sum(3, 3), bench_packed, look_at);
         return made;
     }();
     return list.list();

@@ -330,6 +330,89 @@ void determinant(const BenchProblem *p) {
     }
 }
 
+// Rows of three through matrices. Stride 0: told by the problem.
+template <int stride, int length>
+struct Vectors {
+    const BenchOperand &operand;
+    float *operator[](int n) const {
+        const int bytes = stride == 0 ? operand.object : stride;
+        return reinterpret_cast<float *>(static_cast<char *>(operand.base) +
+                                         std::ptrdiff_t{n} * bytes);
+    }
+};
+struct Matrix4 {
+    float at[4][4];
+};
+inline void through(const float *p, float w, const Matrix4 &m, float *h) {
+    for (int j = 0; j < 4; ++j)
+        h[j] = p[0] * m.at[0][j] + p[1] * m.at[1][j] + p[2] * m.at[2][j] + w * m.at[3][j];
+}
+
+template <int stride, BenchWork work>
+void transform(const BenchProblem *p) {
+    const Vectors<stride, 3> a = {p->a};
+    const Vectors<stride == 12 && work == bench_affine ? 16 : stride, 4> c = {p->c};
+    const auto *b = objects<Matrix4>(p->b);
+    const Matrix4 projection = b[0], view = work == bench_project ? b[1] : b[0],
+                  world = work == bench_project ? b[2] : b[0];
+    for (int n = 0; n < p->count; ++n) {
+        float h[4], other[4];
+        if constexpr (work == bench_project) {
+            through(a[n], 1, world, other);
+            through(other, other[3], view, h);
+            through(h, h[3], projection, other);
+            c[n][0] = 320 + 320 * (other[0] / other[3]);
+            c[n][1] = 200 - 200 * (other[1] / other[3]);
+            c[n][2] = other[2] / other[3];
+        } else {
+            through(a[n], 1, world, h);
+            for (int j = 0; j < (work == bench_affine ? 4 : 3); ++j)
+                c[n][j] = work == bench_affine ? h[j] : h[j] / h[3];
+        }
+    }
+}
+
+// The three matrices multiplied once.
+template <int stride>
+void project_at_once(const BenchProblem *p) {
+    const auto *b = objects<Matrix4>(p->b);
+    Matrix4 part, m;
+    for (int i = 0; i < 4; ++i)
+        through(b[2].at[i], b[2].at[i][3], b[1], part.at[i]);
+    for (int i = 0; i < 4; ++i)
+        through(part.at[i], part.at[i][3], b[0], m.at[i]);
+    const Vectors<stride, 3> a = {p->a}, c = {p->c};
+    for (int n = 0; n < p->count; ++n) {
+        float h[4];
+        through(a[n], 1, m, h);
+        c[n][0] = 320 + 320 * (h[0] / h[3]);
+        c[n][1] = 200 - 200 * (h[1] / h[3]);
+        c[n][2] = h[2] / h[3];
+    }
+}
+
+template <int stride>
+void normalize(const BenchProblem *p) {
+    const Vectors<stride, 3> a = {p->a}, c = {p->c};
+    for (int n = 0; n < p->count; ++n) {
+        const float x = a[n][0], y = a[n][1], z = a[n][2];
+        const float length = std::sqrt(x * x + y * y + z * z);
+        c[n][0] = x / length;
+        c[n][1] = y / length;
+        c[n][2] = z / length;
+    }
+}
+
+template <int stride>
+void offer_transforms(PeerList &list, BenchMemory memory) {
+    const PeerShape three = sum(1, 3);
+    list.offer<float>("loop", bench_affine, three, memory, transform<stride, bench_affine>);
+    list.offer<float>("loop", bench_coordinate, three, memory, transform<stride, bench_coordinate>);
+    list.offer<float>("loop", bench_project, three, memory, transform<stride, bench_project>);
+    list.offer<float>("one matrix", bench_project, three, memory, project_at_once<stride>);
+    list.offer<float>("loop", bench_normalize, three, memory, normalize<stride>);
+}
+
 template <class T, int R, int C>
 void offer_sums(PeerList &list) {
     constexpr PeerShape shape = sum(R, C);
@@ -387,6 +470,9 @@ BenchPeerList bench_peers() {
         PeerList made;
         offer_all<float>(made);
         offer_all<double>(made);
+        offer_transforms<12>(made, bench_packed);
+        offer_transforms<16>(made, bench_stride16);
+        offer_transforms<32>(made, bench_stride32);
         return made;
     }();
     return list.list();

@@ -24,16 +24,24 @@ typedef enum BenchWork {
     bench_invert, /* c = the inverse of a */
     bench_det,    /* c = the determinant of a, one number per object */
     bench_qr, /* c = R of a = Q * R on and above the diagonal, rows x columns; inner = columns */
-    bench_qr_solve /* c minimises |a * c - b|; b has rows elements, c columns */
+    bench_qr_solve, /* c minimises |a * c - b|; b has rows elements, c columns */
+    /* float only; b is one matrix, points are rows of three in front of it, c and a arrays */
+    bench_affine,     /* c = the point a with w = 1 through b, four columns */
+    bench_coordinate, /* c = the point a through b, divided by its w */
+    bench_project,    /* b is three matrices, the last first; to a viewport of 640 x 400 x 0..1 */
+    bench_normalize,  /* c = a, divided by its length */
+    bench_look_at     /* c = the right-handed view of the rows eye, at, up of a */
 } BenchWork;
 
 typedef enum BenchMemory {
-    bench_packed,  /* rows and objects follow one another */
-    bench_padded,  /* one unused element behind each row */
-    bench_gaps,    /* one unused element behind each element */
-    bench_planar,  /* the same element of all objects adjacent */
-    bench_columns, /* packed, matrices stored by columns */
-    bench_strided  /* offered by a peer: any memory but packed, told by the strides */
+    bench_packed,   /* rows and objects follow one another */
+    bench_padded,   /* one unused element behind each row */
+    bench_gaps,     /* one unused element behind each element */
+    bench_planar,   /* the same element of all objects adjacent */
+    bench_columns,  /* packed, matrices stored by columns */
+    bench_stride16, /* vectors 16 and 32 bytes apart */
+    bench_stride32,
+    bench_strided /* offered by a peer: any memory but packed, told by the strides */
 } BenchMemory;
 
 /* How the result of bench_lu tells the order of its rows, and how other factors are stored. */

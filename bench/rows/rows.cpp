@@ -11,14 +11,15 @@ std::string shape_name(const ArrayRow &row) {
     const Shape &s = row.shape;
     if (row.kind == bench_qr || row.kind == bench_qr_solve)
         return std::to_string(s.rows) + 'x' + std::to_string(s.columns);
-    if (row.kind == bench_add && s.rows == 1)
+    if (s.rows == 1 && s.inner == 0)
         return std::to_string(s.columns);
     return std::to_string(s.rows) + 'x' +
            std::to_string(row.kind == bench_mul_vector ? s.inner : s.columns);
 }
 
 std::string memory_name(const ArrayRow &row) {
-    constexpr std::array names = {"packed", "padded rows", "gaps", "planar", "columns"};
+    constexpr std::array names = {"packed",  "padded rows", "gaps",    "planar",
+                                  "columns", "16 bytes",    "32 bytes"};
     const std::string memory = names.at(row.memory);
     switch (row.description) {
     case Description::pointer:

@@ -66,6 +66,7 @@ void add_invert_rows(Rows &rows);
 void add_qr_rows(Rows &rows);
 void add_mul_rows(Rows &rows);
 void add_sum_rows(Rows &rows);
+void add_geometry_rows(Rows &rows);
 void add_call_rows(Rows &rows);
 void add_thread_rows(Rows &rows);
 

@@ -1,11 +1,12 @@
 // Slopes of a volcano: fits a quadratic surface around every point of a grid of heights, with
-// zelmMul and a decomposition (LU, Cholesky or QR) on arrays, and draws a map of the slopes.
-// The use of the library is in fit.cpp.
+// zelmMul and a decomposition (LU, Cholesky or QR) on arrays, and shows them in perspective, with
+// the builders and transforms of the 3D set. The use of the library is in fit.cpp and view.cpp.
 
 #include "fit.hpp"
 #include "grid.hpp"
 #include "picture.hpp"
 #include "progress.hpp"
+#include "view.hpp"
 
 #include <algorithm>
 #include <cerrno>
@@ -21,12 +22,14 @@
 #include <numbers>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
 constexpr double grid_spacing = 10;     // metres
 constexpr double rounding_noise = 0.29; // metres, the standard deviation of rounding to whole ones
-constexpr int most_refined = 1000;
+constexpr int most_whole = 1000;
 constexpr long long most_cells = 1'300'000; // a cell takes about 2.3 kB
 
 // A solve with a residual beyond so many epsilon is wrong.
@@ -34,19 +37,24 @@ constexpr double residual_limit = 10;
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
 
 constexpr const char *usage =
-    "Usage: terrain [--input FILE] [--output FILE] [--refine N] [--solver NAME]\n"
+    "Usage: terrain [OPTION]...\n"
     "\n"
     "Fits a quadratic surface to the 5 x 5 heights around every inner point of a grid\n"
-    "and draws a map of the slopes.\n"
+    "and draws it in perspective, coloured by slope.\n"
     "\n"
-    "  --input FILE   heights in metres, 10 m apart, a line per row, commas between\n"
-    "                 them; the first row is the southern edge, the first number of\n"
-    "                 a row the eastern one (default: Maunga Whau, Auckland)\n"
-    "  --output FILE  the map, a PNG (default: terrain.png)\n"
-    "  --refine N     work on a grid that is N times finer in both directions; 14\n"
-    "                 makes a million points of the default grid (about 2.4 GB)\n"
-    "  --solver NAME  what solves the systems: lu (default), cholesky or qr\n"
-    "  --help         this text\n";
+    "  --input FILE      heights in metres, 10 m apart, a line per row, commas between\n"
+    "                    them; the first row is the southern edge, the first number of\n"
+    "                    a row the eastern one (default: Maunga Whau, Auckland)\n"
+    "  --output FILE     the picture, a PNG (default: terrain.png)\n"
+    "  --map FILE        a map of the slopes as well\n"
+    "  --yaw DEGREES     seen from the south (0), east (90) ... (default: -60)\n"
+    "  --pitch DEGREES   seen from so far above the horizon, -89 to 89 (default: 34)\n"
+    "  --distance METRES seen from so far (default: all of it in view)\n"
+    "  --turntable N     once around in N pictures: terrain-000.png ...\n"
+    "  --refine N        work on a grid that is N times finer in both directions; 14\n"
+    "                    makes a million points of the default grid (about 2.4 GB)\n"
+    "  --solver NAME     what solves the systems: lu (default), cholesky or qr\n"
+    "  --help            this text\n";
 
 struct UsageError : std::runtime_error {
     using std::runtime_error::runtime_error;
@@ -55,19 +63,34 @@ struct UsageError : std::runtime_error {
 struct Options {
     std::string input = TERRAIN_DEFAULT_INPUT;
     std::string output = "terrain.png";
+    std::string map;
+    terrain::Camera camera;
+    int turntable = 0; // pictures
     int refine = 1;
     terrain::Solver solver = terrain::Solver::lu;
     bool help = false;
 };
 
-int parse_factor(const std::string &text) {
-    int factor = 0;
+int parse_whole(const std::string &name, const std::string &text) {
+    int number = 0;
     const char *end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, factor);
-    if (error != std::errc() || stop != end || factor < 1 || factor > most_refined)
-        throw UsageError("--refine takes a whole number from 1 to " + std::to_string(most_refined) +
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || stop != end || number < 1 || number > most_whole)
+        throw UsageError(name + " takes a whole number from 1 to " + std::to_string(most_whole) +
                          ", not '" + text + "'");
-    return factor;
+    return number;
+}
+
+double parse_number(const std::string &name, const std::string &text, double least, double most) {
+    double number = 0;
+    const char *end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || stop != end || !(number >= least && number <= most)) {
+        char limits[64];
+        std::snprintf(limits, sizeof limits, " takes a number from %g to %g, not '", least, most);
+        throw UsageError(name + limits + text + "'");
+    }
+    return number;
 }
 
 terrain::Solver parse_solver(const std::string &text) {
@@ -99,7 +122,17 @@ Options parse(int argc, char **argv) {
         else if (name == "--output")
             options.output = value();
         else if (name == "--refine")
-            options.refine = parse_factor(value());
+            options.refine = parse_whole(name, value());
+        else if (name == "--map")
+            options.map = value();
+        else if (name == "--yaw")
+            options.camera.yaw = parse_number(name, value(), -360, 360);
+        else if (name == "--pitch")
+            options.camera.pitch = parse_number(name, value(), -89, 89);
+        else if (name == "--distance")
+            options.camera.distance = parse_number(name, value(), 1, 1e6);
+        else if (name == "--turntable")
+            options.turntable = parse_whole(name, value());
         else if (name == "--solver")
             options.solver = parse_solver(value());
         else
@@ -127,14 +160,64 @@ terrain::Grid read_checked(const Options &options) {
 using File = std::unique_ptr<std::FILE, int (*)(std::FILE *)>;
 
 // Opened before the computation, so that a long one is not in vain.
-File open_output(const Options &options) {
+File open_output(const Options &options, const std::string &path) {
     std::error_code ignored;
-    if (std::filesystem::equivalent(options.input, options.output, ignored))
-        throw std::runtime_error(options.output + ": is the input as well");
-    File file(std::fopen(options.output.c_str(), "wb"), std::fclose);
+    if (std::filesystem::equivalent(options.input, path, ignored))
+        throw std::runtime_error(path + ": is the input as well");
+    File file(std::fopen(path.c_str(), "wb"), std::fclose);
     if (!file)
-        throw std::runtime_error(options.output + ": " + std::strerror(errno));
+        throw std::runtime_error(path + ": " + std::strerror(errno));
     return file;
+}
+
+// terrain.png becomes terrain-007.png.
+std::string numbered(const std::string &path, int number) {
+    const std::filesystem::path whole(path);
+    std::string digits = std::to_string(number);
+    digits.insert(0, digits.size() < 3 ? 3 - digits.size() : 0, '0');
+    return (whole.parent_path() / whole.stem()).string() + "-" + digits +
+           whole.extension().string();
+}
+
+void write_picture(const terrain::Picture &picture, std::FILE *file, const std::string &path) {
+    terrain::write_png(picture, file, path);
+    std::printf("picture     %s, %d x %d pixels\n", path.c_str(), picture.width, picture.height);
+}
+
+// With numbers that stay the same from one picture of a turntable to the next.
+std::vector<std::string> caption(const std::string &input, const terrain::Fit &fit) {
+    const int cells = fit.height.rows * fit.height.columns;
+    const double systems = static_cast<double>(cells) * terrain::iterations;
+    char text[2][96];
+    std::snprintf(text[0], sizeof text[0], "%d surfaces fitted, %.0f systems of order 6", cells,
+                  systems);
+    std::snprintf(text[1], sizeof text[1], "%.2f million systems solved per second",
+                  systems / (fit.lu_seconds + fit.solve_seconds) / 1e6);
+    return {std::filesystem::path(input).stem().string() + ", drawn 1.5 times as high", text[0],
+            text[1]};
+}
+
+void show(const Options &options, const terrain::Fit &fit, double spacing, File output) {
+    terrain::Scene scene(fit, spacing);
+    std::vector<std::string> lines = caption(options.input, fit);
+    lines.push_back(std::to_string(scene.points()) + " points projected");
+    if (options.turntable == 0) {
+        write_picture(scene.look(options.camera, lines), output.get(), options.output);
+    } else {
+        terrain::Progress progress(true);
+        for (int k = 0; k < options.turntable; ++k) {
+            progress.show(static_cast<double>(k) / options.turntable, "turntable");
+            terrain::Camera camera = options.camera;
+            camera.yaw += 360.0 * k / options.turntable;
+            const std::string path = numbered(options.output, k);
+            const File file = open_output(options, path);
+            terrain::write_png(scene.look(camera, lines), file.get(), path);
+        }
+        progress.show(1, "turntable");
+    }
+    const int looks = std::max(options.turntable, 1);
+    std::printf("projection  %d points through three matrices, %.0f million per second\n",
+                scene.points(), scene.points() * 1.0 * looks / scene.seconds() / 1e6);
 }
 
 void report_fit(const terrain::Fit &fit) {
@@ -187,7 +270,11 @@ void report_slopes(const terrain::Fit &fit) {
 
 void run(const Options &options) {
     const terrain::Grid measured = read_checked(options);
-    const File output = open_output(options);
+    File output(nullptr, std::fclose);
+    if (options.turntable == 0)
+        output = open_output(options, options.output);
+    const File map =
+        options.map.empty() ? File(nullptr, std::fclose) : open_output(options, options.map);
     const terrain::Grid grid = terrain::refine(measured, options.refine);
     const double spacing = grid_spacing / options.refine;
     std::printf("grid        %d x %d heights, %.3g m apart\n", grid.rows, grid.columns, spacing);
@@ -206,10 +293,9 @@ void run(const Options &options) {
     report_solvers(fit);
     report_slopes(fit);
 
-    const terrain::Picture picture = terrain::draw(fit, spacing);
-    terrain::write_png(picture, output.get(), options.output);
-    std::printf("picture     %s, %d x %d pixels\n", options.output.c_str(), picture.width,
-                picture.height);
+    if (map)
+        write_picture(terrain::draw(fit, spacing), map.get(), options.map);
+    show(options, fit, spacing, std::move(output));
     if (std::fflush(stdout) != 0)
         throw std::runtime_error(std::string("standard output: ") + std::strerror(errno));
 }

@@ -13,18 +13,6 @@
 namespace terrain {
 namespace {
 
-struct Colour {
-    double red;
-    double green;
-    double blue;
-};
-
-Colour mix(const Colour &a, const Colour &b, double share_of_b) {
-    const double share_of_a = 1 - share_of_b;
-    return {a.red * share_of_a + b.red * share_of_b, a.green * share_of_a + b.green * share_of_b,
-            a.blue * share_of_a + b.blue * share_of_b};
-}
-
 struct Stop {
     double degrees;
     Colour colour;
@@ -39,21 +27,10 @@ constexpr std::array<Stop, 7> slope_colours = {{{0, {236, 239, 222}},
                                                 {35, {160, 48, 72}},
                                                 {45, {88, 20, 78}}}};
 
-Colour slope_colour(double degrees) {
-    for (std::size_t i = 1; i < slope_colours.size(); ++i) {
-        const Stop &low = slope_colours[i - 1];
-        const Stop &high = slope_colours[i];
-        if (degrees < high.degrees)
-            return mix(low.colour, high.colour,
-                       (degrees - low.degrees) / (high.degrees - low.degrees));
-    }
-    return slope_colours.back().colour;
-}
-
 // Light on a surface that rises by `east` and `north` (metres per metre), 1 on level ground. A lamp
 // in the north-west does most of it; two weak ones beside it keep slopes along its rays apart. The
 // relief is shown steeper than it is.
-double light(double east, double north) {
+double light(double east, double north, double sun) {
     constexpr double exaggeration = 1.6;
     constexpr double lamp_height = std::numbers::pi / 4;
     struct Lamp {
@@ -72,7 +49,8 @@ double light(double east, double north) {
             (std::cos(lamp_height) * (x * std::sin(azimuth) + y * std::cos(azimuth)) +
              std::sin(lamp_height)) /
             length;
-        sum += lamp.strength * std::max(cosine, 0.0);
+        const double reaching = lamp.strength > 0.5 ? 0.3 + 0.7 * sun : 1;
+        sum += reaching * lamp.strength * std::max(cosine, 0.0);
     }
     return sum / std::sin(lamp_height);
 }
@@ -103,6 +81,42 @@ std::uint8_t channel(double value) {
 
 } // namespace
 
+Colour mix(const Colour &a, const Colour &b, double share_of_b) {
+    const double share_of_a = 1 - share_of_b;
+    return {a.red * share_of_a + b.red * share_of_b, a.green * share_of_a + b.green * share_of_b,
+            a.blue * share_of_a + b.blue * share_of_b};
+}
+
+Colour slope_colour(double degrees) {
+    for (std::size_t i = 1; i < slope_colours.size(); ++i) {
+        const Stop &low = slope_colours[i - 1];
+        const Stop &high = slope_colours[i];
+        if (degrees < high.degrees)
+            return mix(low.colour, high.colour,
+                       (degrees - low.degrees) / (high.degrees - low.degrees));
+    }
+    return slope_colours.back().colour;
+}
+
+Colour surface_colour(double height, double east, double north, double pixel_metres, double sun) {
+    const double rise = std::hypot(north, east);
+    const Colour colour = slope_colour(std::atan(rise) * 180 / std::numbers::pi);
+    const Colour lit = shade(colour, light(east, north, sun));
+    return mix(lit, {60, 40, 30}, 0.45 * contour(height, rise, pixel_metres));
+}
+
+void put_pixel(Picture &picture, int x, int y, const Colour &colour) {
+    if (x < 0 || x >= picture.width || y < 0 || y >= picture.height)
+        return;
+    picture.rgb.resize(static_cast<std::size_t>(picture.width) *
+                       static_cast<std::size_t>(picture.height) * 3);
+    std::uint8_t *pixel =
+        picture.rgb.data() + (static_cast<std::ptrdiff_t>(y) * picture.width + x) * 3;
+    pixel[0] = channel(colour.red);
+    pixel[1] = channel(colour.green);
+    pixel[2] = channel(colour.blue);
+}
+
 Picture draw(const Fit &fit, double spacing) {
     constexpr int wanted = 1000; // pixels of the longer side
     constexpr int largest_scale = 16;
@@ -118,11 +132,8 @@ Picture draw(const Fit &fit, double spacing) {
         for (int column = heights.columns - 1; column >= 0; --column) {
             const double north = rises_by_row.row(row)[column];
             const double east = -rises_by_column.row(row)[column];
-            const double rise = std::hypot(north, east);
-            const Colour colour = slope_colour(std::atan(rise) * 180 / std::numbers::pi);
-            const Colour lit = shade(colour, light(east, north));
-            const double line = contour(heights.row(row)[column], rise, spacing / scale);
-            const Colour pixel = mix(lit, {60, 40, 30}, 0.45 * line);
+            const Colour pixel =
+                surface_colour(heights.row(row)[column], east, north, spacing / scale);
             picture.rgb.insert(picture.rgb.end(),
                                {channel(pixel.red), channel(pixel.green), channel(pixel.blue)});
         }

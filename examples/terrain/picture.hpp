@@ -9,11 +9,28 @@
 
 namespace terrain {
 
+struct Colour {
+    double red;
+    double green;
+    double blue;
+};
+
+Colour mix(const Colour &a, const Colour &b, double share_of_b);
+Colour slope_colour(double degrees);
+
+// The colour of the ground at a height, where it rises by `east` and `north` (metres per metre): by
+// the slope, shaded by the direction it faces, with a line every 10 m of height. A pixel is
+// pixel_metres wide. `sun` is the part of the main lamp that is not cut off by other ground.
+Colour surface_colour(double height, double east, double north, double pixel_metres,
+                      double sun = 1);
+
 struct Picture {
     int width = 0;
     int height = 0;
     std::vector<std::uint8_t> rgb; // from the top left corner, row by row
 };
+
+void put_pixel(Picture &picture, int x, int y, const Colour &colour); // outside: nothing
 
 // A map with north on top: the colour tells the slope, the shading the direction it faces, the
 // lines the height in steps of 10 m. Small grids are enlarged to about a thousand pixels. The rows

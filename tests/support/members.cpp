@@ -31,9 +31,8 @@ constexpr char letter_of() {
         return std::is_integral_v<A> ? 'i' : 'r';
 }
 
-template <class... A>
-void bind(Member &m, ZelStatus (*function)(A...)) {
-    m.signature = {letter_of<A>()...};
+template <class AnyMember, class... A>
+void bind(AnyMember &m, ZelStatus (*function)(A...)) {
     m.function = reinterpret_cast<Member::Function>(function);
     m.invoke = [](Member::Function erased, const Slot *slots) -> int {
         const auto typed = reinterpret_cast<ZelStatus (*)(A...)>(erased);
@@ -88,6 +87,7 @@ template <class... A>
 Member make(const char *name, const char *family, const char *kinds, bool is_float,
             const char *description, const char *arguments, ZelStatus (*function)(A...)) {
     Member m{name, family, kinds, description, is_float, {}, {}, {}, {}, {}};
+    m.signature = {letter_of<A>()...};
     bind(m, function);
     std::istringstream words(arguments);
     for (std::string word; words >> word;) {
@@ -104,6 +104,36 @@ Member make(const char *name, const char *family, const char *kinds, bool is_flo
     }
     if (expected != m.signature)
         throw std::logic_error(m.name + ": table says " + expected + ", prototype " + m.signature);
+    return m;
+}
+
+int floats_of(const std::string &operation, const std::string &kind, const std::string &name) {
+    const int vector = kind[0] == 'v' ? kind[1] - '0' : kind.size() > 3 ? kind[3] - '0' : 0;
+    if (among(name, "pEye pAt pUp pAxis"))
+        return 3;
+    if (among(name, "pDet pResult") ||
+        (name == "pDst" &&
+         (among(operation, "LenSqr Len DotProduct") || operation + kind == "CrossProductv2")))
+        return 1;
+    if (kind[0] == 'm' && kind[1] == '4' && vector != 0 && !name.starts_with("pMat"))
+        return name == "pDst" && operation == "AffineTransform" ? 4 : vector;
+    return kind == "v3m4" || kind[0] == 'm' ? 16 : vector;
+}
+
+template <class... A>
+FixedMember make_fixed(const char *name, const char *operation, const char *kind,
+                       const char *arguments, ZelStatus (*function)(A...)) {
+    FixedMember m{name, operation, kind, {}, {}, {}};
+    bind(m, function);
+    const std::string sorts = {letter_of<A>()...};
+    std::istringstream words(arguments);
+    for (std::string word; words >> word;) {
+        const std::string own = word.substr(0, word.find(':'));
+        const char sort = sorts.at(m.parameters.size());
+        m.parameters.push_back({own, sort, sort == 'p' ? floats_of(operation, kind, own) : 0});
+    }
+    if (sorts.size() != m.parameters.size())
+        throw std::logic_error(m.name + ": the table has another number of arguments");
     return m;
 }
 
@@ -142,12 +172,26 @@ int Member::call(const std::vector<Slot> &slots) const {
 }
 
 const std::vector<Member> &members() {
+#define ZELM_FIXED_MEMBER(...)
 #define ZELM_MEMBER(name, family, kinds, type, description, arguments)                             \
     make(#name, #family, #kinds, std::is_same_v<type, float>, #description, arguments, &name),
     static const std::vector<Member> all = {
 #include "members.inc"
     };
 #undef ZELM_MEMBER
+#undef ZELM_FIXED_MEMBER
+    return all;
+}
+
+const std::vector<FixedMember> &fixed_members() {
+#define ZELM_MEMBER(...)
+#define ZELM_FIXED_MEMBER(name, operation, kind, arguments)                                        \
+    make_fixed(#name, #operation, #kind, arguments, &name),
+    static const std::vector<FixedMember> all = {
+#include "members.inc"
+    };
+#undef ZELM_MEMBER
+#undef ZELM_FIXED_MEMBER
     return all;
 }
 

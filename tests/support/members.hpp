@@ -49,7 +49,24 @@ struct Member {
     int call(const std::vector<Slot> &slots) const;
 };
 
-const std::vector<Member> &members();
+// A member of fixed size, float: its operands are exactly so many floats.
+struct FixedMember {
+    struct Parameter {
+        std::string name;
+        char sort;      // p pointer, i integer, r value
+        int floats = 0; // of a pointer
+    };
+    std::string name, operation, kind;
+    std::vector<Parameter> parameters;
+    Member::Function function;
+    int (*invoke)(Member::Function, const Slot *);
+
+    bool is_array() const { return kind.back() == 'a'; }
+    int call(const std::vector<Slot> &slots) const { return invoke(function, slots.data()); }
+};
+
+const std::vector<Member> &members(); // but those of fixed size
+const std::vector<FixedMember> &fixed_members();
 const Member &member(std::string_view name);
 
 // True when word is one of the blank-separated words of list.

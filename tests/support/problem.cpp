@@ -178,6 +178,8 @@ Problem::Problem(const Member &of, const Sizes &given, const std::vector<Placeme
             columns = 1;
         if (operand.letter == 'v' && least_squares && !operand.destination)
             columns = sizes.height;
+        if (member.family == "AffineTransform3DH")
+            columns = operand.letter == 'v' ? 3 : (rows = 4);
         if (operand.letter == 'b')
             columns = sizes.buffer != 0    ? sizes.buffer
                       : member.is_square() ? sizes.width * (sizes.width + 1)

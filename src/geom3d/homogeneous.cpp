@@ -1,0 +1,86 @@
+#include "../frame/checks.hpp"
+#include "../frame/estimate.hpp"
+#include "../frame/member.hpp"
+#include "../frame/parallel.hpp"
+#include "../frame/walk.hpp"
+
+#include <float.h>
+
+namespace zelm {
+namespace {
+
+constexpr Limits limits = {785, 785}; // of 2*count
+
+// Replaces p by its image, or by the largest float where w is too small to divide by; returns where
+// that is so. A NaN is not above the limit.
+template <class S>
+ZELM_INLINE MaskOf<S> transform(const S (&m)[4][4], S (&p)[3]) {
+    const auto row = [&, x = p[0], y = p[1], z = p[2] ](int i) __attribute__((always_inline)) {
+        return m[i][0] * x + m[i][1] * y + m[i][2] * z + m[i][3];
+    };
+    const S w = row(3), reciprocal = splat<S>(1) / w;
+    const auto divides = magnitude(w) > splat<S>(FLT_MIN);
+    unroll<3>(ZELM_EACH(i) { p[i] = select(divides, S(row(i) * reciprocal), splat<S>(FLT_MAX)); });
+    return divides;
+}
+
+template <class Matrix, class Vector, class Result>
+ZelStatus y8_ownzelmAffineTransform3DH_mva_32f(int count, const Matrix &matrix, const Vector &v,
+                                               const Result &result) {
+    using S = Lanes<float>;
+    float m[4][4];
+    S splats[4][4];
+    const auto elements = matrix.view(0);
+    unroll<4>(ZELM_EACH(i) {
+        unroll<4>(ZELM_EACH(j) {
+            m[i][j] = get(elements, i, j);
+            splats[i][j] = splat<S>(m[i][j]);
+        });
+    });
+    const Shape shape = {1, 3};
+    const Footprint from(v, shape);
+    const Footprint to(result, shape);
+    const Overlap overlap(count, shape, to, from);
+    unsigned divided = ~0u; // the lanes in which no division has failed
+    walk<float>(
+        count, overlap,
+        [&](const Group &group, const auto &x, const auto &y) __attribute__((always_inline)) {
+            S p[1][3];
+            load_lanes<float>(p, x, group.first);
+            divided &= lane_bits(transform<S>(splats, p[0]));
+            store_lanes<float>(y, group.first, p);
+            return 0u;
+        },
+        [&](int n) __attribute__((noinline)) {
+            float p[3];
+            unroll<3>(ZELM_EACH(i) { p[i] = get(v.view(n), 0, i); });
+            if (!transform<float>(m, p))
+                divided = 0;
+            unroll<3>(ZELM_EACH(i) { put(result.view(n), 0, i, p[i]); });
+            return zelStatusOk; // the vectors behind a failure are done all the same
+        },
+        walked<1, 3>(v), walked<1, 3>(result));
+    constexpr unsigned all_lanes = (1u << lanes_per_register<float>)-1;
+    return (divided & all_lanes) == all_lanes ? zelStatusOk : zelStatusDivByZero;
+}
+
+template <class Matrix, class Vector, class Result>
+ZELM_INLINE ZelStatus affine_transform_3dh(const Matrix &m, const Vector &v, const Result &result,
+                                           int count) {
+    if (const ZelStatus s =
+            first_failure(pointers(m, v, result), counts(count), strides(m, v, result)))
+        return s;
+    return run_objects(limits.serial(Estimate(2) * count, true),
+                       y8_ownzelmAffineTransform3DH_mva_32f<Matrix, Vector, Result>, count, m, v,
+                       result);
+}
+
+} // namespace
+} // namespace zelm
+
+ZELM_MEMBER(zelmAffineTransform3DH_mva_32f,
+            (ZELM_PARAMETERS(S, m, const float, src1), ZELM_PARAMETERS(S, va, const float, src2),
+             ZELM_PARAMETERS(S, va, float, dst), int count),
+            zelm::affine_transform_3dh(ZELM_OPERAND(S, m, const float, src1),
+                                       ZELM_OPERAND(S, va, const float, src2),
+                                       ZELM_OPERAND(S, va, float, dst), count))

@@ -1,0 +1,303 @@
+#include "inverse.hpp"
+#include "matrix.hpp"
+#include "points.hpp"
+
+#include "../frame/member.hpp"
+
+namespace zelm::geom3d {
+namespace {
+
+// The groupings differ on purpose. p are the coordinates of a point and r the rows of the matrix:
+// a coordinate in every lane and whole rows, or four points and one element of each row.
+
+template <int n>
+struct Affine {
+    static constexpr int size = 4;
+    static constexpr bool divides = false;
+    ZELM_INLINE static Row at(const Row (&p)[n], const Row (&r)[4]) {
+        if constexpr (n == 2)
+            return (p[0] * r[0] + p[1] * r[1]) + r[3];
+        else if constexpr (n == 3)
+            return ((p[0] * r[0] + p[1] * r[1]) + p[2] * r[2]) + r[3];
+        else
+            return (p[0] * r[0] + p[1] * r[1]) + (p[2] * r[2] + p[3] * r[3]);
+    }
+};
+template <int n>
+struct Coordinate {
+    static constexpr int size = n;
+    static constexpr bool divides = true; // by column 3
+    ZELM_INLINE static Row at(const Row (&p)[n], const Row (&r)[4]) {
+        if constexpr (n == 2)
+            return (p[0] * r[0] + r[3]) + p[1] * r[1];
+        else
+            return (r[3] + p[2] * r[2]) + (p[0] * r[0] + p[1] * r[1]);
+    }
+};
+template <int n>
+struct Direction {
+    static constexpr int size = n;
+    static constexpr bool divides = false;
+    ZELM_INLINE static Row at(const Row (&p)[n], const Row (&r)[4]) {
+        if constexpr (n == 2)
+            return p[0] * r[0] + p[1] * r[1];
+        else
+            return (p[0] * r[0] + p[1] * r[1]) + p[2] * r[2];
+    }
+};
+// A point with w = 1 that a product of four components follows.
+struct Homogeneous {
+    ZELM_INLINE static Row at(const Row (&p)[3], const Row (&r)[4]) {
+        return (p[0] * r[0] + p[1] * r[1]) + (p[2] * r[2] + r[3]);
+    }
+};
+
+// ---- points as rows ----
+
+// What becomes of a point is a function of its splatted coordinates, a row of results.
+
+// Four points without gaps in three loads. Where the results have no gaps either, each is stored
+// with one element more, which the next one overwrites.
+template <int size, bool packed, class Image>
+ZELM_INLINE void four_points(const Image &image, const char *src, char *dst, Distance stride) {
+    Row v[3];
+    unroll<3>(ZELM_EACH(i) { v[i] = load<Row>(src + i * register_bytes); });
+    unroll<4>(ZELM_EACH(l) {
+        Row p[3];
+        unroll<3>(ZELM_EACH(i) {
+            constexpr int element = 3 * l + i;
+            p[i] = splat_lane<element % 4>(v[element / 4]);
+        });
+        constexpr int stored = packed && l < 3 ? 4 : size;
+        store_part<stored, float>(dst + l * stride, image(p));
+    });
+}
+
+// `size` results of each vector of n elements, in ascending order.
+template <int n, int size, class Image>
+ZELM_INLINE void all_points(const Source &src, const Destination &dst, int count,
+                            const Image &image) {
+    Distance k = 0;
+    if constexpr (n == 3)
+        if (src.stride == packed_point && apart<n, size>(src, dst, count)) {
+            if (size == 3 && dst.stride == packed_point)
+                for (; k + 4 <= count; k += 4)
+                    four_points<size, true>(image, src.at(k), dst.at(k), packed_point);
+            else
+                for (; k + 4 <= count; k += 4)
+                    four_points<size, false>(image, src.at(k), dst.at(k), dst.stride);
+        }
+    constexpr int at_once = n == 3 ? 2 : n;
+#pragma GCC unroll 4
+    for (; k < count; ++k) {
+        Row p[n];
+        const Row v = load_part<at_once, float>(src.at(k));
+        unroll<n>(ZELM_EACH(i) { p[i] = splat_lane<i>(v); });
+        if constexpr (n == 3)
+            p[2] = splat<Row>(load<float>(src.at(k) + 2 * sizeof(float)));
+        store_part<size, float>(dst.at(k), image(p));
+    }
+}
+
+template <int n, int size, class Image>
+ZELM_INLINE void one_point(const void *src, void *dst, const Image &image) {
+    const Small<n> v = load_small<n>(src);
+    Row p[n];
+    unroll<n>(ZELM_EACH(i) { p[i] = splat<Row>(v.e[i]); });
+    store_part<size, float>(static_cast<char *>(dst), image(p));
+}
+
+template <class Transform, int n>
+struct Through {
+    Matrix m;
+
+    ZELM_INLINE Row operator()(const Row (&p)[n]) const {
+        const Row h = Transform::at(p, m.r);
+        if constexpr (Transform::divides)
+            return h / splat_lane<3>(h);
+        else
+            return h;
+    }
+};
+
+template <class Transform, int n>
+ZELM_INLINE ZelStatus transform_all(const float *mat, const Source &src, const Destination &dst,
+                                    int count) {
+    all_points<n, Transform::size>(src, dst, count, Through<Transform, n>{load_matrix(mat)});
+    return zelStatusOk;
+}
+template <class Transform, int n>
+ZELM_INLINE ZelStatus transform_one(const float *mat, const float *src, float *dst) {
+    one_point<n, Transform::size>(src, dst, Through<Transform, n>{load_matrix(mat)});
+    return zelStatusOk;
+}
+
+// ---- the viewport ----
+
+struct Viewport {
+    float width, height, near, far;
+};
+
+// Through three matrices, from clip space to pixels and depth.
+struct Projection {
+    Matrix world, view, projection;
+    Row offset, scale;
+
+    ZELM_INLINE Projection(const float *mat1, const float *mat2, const float *mat3,
+                           const Viewport &v)
+        : world(load_matrix(mat3)),
+          view(load_matrix(mat2)),
+          projection(load_matrix(mat1)),
+          offset{v.width * 0.5f, v.height * 0.5f, v.near, v.near},
+          scale{v.width * 0.5f, 0 - v.height * 0.5f, v.far - v.near, v.far - v.near} {}
+
+    ZELM_INLINE Row operator()(const Row (&p)[3]) const {
+        const auto through = [](Row q, const Matrix &m) __attribute__((always_inline)) {
+            return Affine<4>::at(
+                {splat_lane<0>(q), splat_lane<1>(q), splat_lane<2>(q), splat_lane<3>(q)}, m.r);
+        };
+        const Row q = through(through(Homogeneous::at(p, world.r), view), projection);
+        return offset + scale * (q / splat_lane<3>(q));
+    }
+};
+
+ZELM_INLINE ZelStatus project_one(const float *mat1, const float *mat2, const float *mat3,
+                                  const float *src, float *dst, const Viewport &v) {
+    one_point<3, 3>(src, dst, Projection(mat1, mat2, mat3, v));
+    return zelStatusOk;
+}
+
+// ---- four points: a register for each coordinate ----
+
+// Every element of a matrix in all lanes, column by column.
+struct Splats {
+    Row column[4][4];
+
+    ZELM_INLINE explicit Splats(const Matrix &m) {
+        unroll<4>(
+            ZELM_EACH(j) { unroll<4>(ZELM_EACH(i) { column[j][i] = splat_lane<j>(m.r[i]); }); });
+    }
+};
+
+template <class Transform, int n, int size>
+ZELM_INLINE void through(const Row (&p)[n], const Splats &m, Row (&result)[size]) {
+    unroll<size>(ZELM_EACH(j) { result[j] = Transform::at(p, m.column[j]); });
+}
+
+// The same operations as for one point: by rows they would be as many, and twice the shuffles.
+ZELM_INLINE ZelStatus project_all(const float *mat1, const float *mat2, const float *mat3,
+                                  const Source &src, const Destination &dst, int count,
+                                  const Viewport &v) {
+    const Projection one(mat1, mat2, mat3, v);
+    const Splats world(one.world), view(one.view), projection(one.projection);
+    each_point(
+        src, dst, count,
+        [&](Row(&p)[3]) __attribute__((always_inline)) {
+            Row in_world[4], in_view[4], q[4];
+            through<Homogeneous>(p, world, in_world);
+            through<Affine<4>>(in_world, view, in_view);
+            through<Affine<4>>(in_view, projection, q);
+            unroll<3>(ZELM_EACH(i) {
+                p[i] = splat_lane<i>(one.offset) + splat_lane<i>(one.scale) * (q[i] / q[3]);
+            });
+        },
+        [&](const void *from, void *to) { one_point<3, 3>(from, to, one); });
+    return zelStatusOk;
+}
+
+// From pixels and depth to clip space. S is a float, or a register of four points' values.
+template <class S>
+ZELM_INLINE void to_clip_space(const Viewport &v, S (&s)[3]) {
+    s[0] = 2 * s[0] / v.width - 1;
+    s[1] = 1 + (-2 * s[1] / v.height);
+    s[2] = (s[2] - v.near) / (v.far - v.near);
+}
+
+constexpr double singular_threshold = 0x1p-1014;
+
+// The product of the three matrices in float, inverted in double. False where it is singular.
+ZELM_INLINE bool invert_product(const float *mat1, const float *mat2, const float *mat3,
+                                Matrix &inverse) {
+    const Matrix m = product(product(load_matrix(mat3), load_matrix(mat2)), load_matrix(mat1));
+    Quad<double> wide[4];
+    double determinant;
+    unroll<4>(ZELM_EACH(i) { wide[i] = __builtin_convertvector(m.r[i], Quad<double>); });
+    if (!invert<double>(wide, singular_threshold, determinant))
+        return false;
+    unroll<4>(ZELM_EACH(i) { inverse.r[i] = __builtin_convertvector(wide[i], Row); });
+    return true;
+}
+
+ZELM_INLINE Small<3> clip_space_point(const Viewport &v, const void *src) {
+    Small<3> d = load_small<3>(src);
+    to_clip_space(v, d.e);
+    return d;
+}
+
+ZelStatus unproject_one(const float *mat1, const float *mat2, const float *mat3, const float *src,
+                        float *dst, const Viewport &v) {
+    const Small<3> d = clip_space_point(v, src);
+    store_small(dst, d);
+    Matrix inverse;
+    if (!invert_product(mat1, mat2, mat3, inverse))
+        return zelStatusSingular;
+    one_point<3, 3>(&d, dst, Through<Coordinate<3>, 3>{inverse});
+    return zelStatusOk;
+}
+
+ZelStatus unproject_all(const float *mat1, const float *mat2, const float *mat3, const Source &src,
+                        const Destination &dst, int count, const Viewport &v) {
+    Matrix inverse;
+    if (!invert_product(mat1, mat2, mat3, inverse))
+        return zelStatusSingular;
+    const Splats s(inverse);
+    each_point(
+        src, dst, count,
+        [&](Row(&p)[3]) __attribute__((always_inline)) {
+            Row h[4];
+            to_clip_space(v, p);
+            through<Coordinate<3>>(p, s, h);
+            unroll<3>(ZELM_EACH(j) { p[j] = h[j] / h[3]; });
+        },
+        [&](const void *from, void *to) {
+            const Small<3> d = clip_space_point(v, from);
+            one_point<3, 3>(&d, to, Through<Coordinate<3>, 3>{inverse});
+        });
+    return zelStatusOk;
+}
+
+} // namespace
+} // namespace zelm::geom3d
+
+using namespace zelm::geom3d;
+
+#define TRANSFORM(name, Transform, n)                                                              \
+    ZELM_MEMBER(zelm##name##_m4v##n##_32f, (const float *mat, const float *src, float *dst),       \
+                transform_one<Transform<n>, n>(mat, src, dst))                                     \
+    ZELM_MEMBER(zelm##name##_m4v##n##a_32f,                                                        \
+                (const float *mat, const float *src, int src_stride, float *dst, int dst_stride,   \
+                 int count),                                                                       \
+                transform_all<Transform<n>, n>(mat, {src, src_stride}, {dst, dst_stride}, count))
+
+TRANSFORM(AffineTransform, Affine, 2)
+TRANSFORM(AffineTransform, Affine, 3)
+TRANSFORM(AffineTransform, Affine, 4)
+TRANSFORM(AffineTransformCoord, Coordinate, 2)
+TRANSFORM(AffineTransformCoord, Coordinate, 3)
+TRANSFORM(AffineTransformNormal, Direction, 2)
+TRANSFORM(AffineTransformNormal, Direction, 3)
+
+#define VIEWPORT(name, function)                                                                   \
+    ZELM_MEMBER(zelm##name##_m4v3_32f,                                                             \
+                (const float *mat1, const float *mat2, const float *mat3, const float *src,        \
+                 float *dst, float width, float height, float near, float far),                    \
+                function##_one(mat1, mat2, mat3, src, dst, {width, height, near, far}))            \
+    ZELM_MEMBER(zelm##name##_m4v3a_32f,                                                            \
+                (const float *mat1, const float *mat2, const float *mat3, const float *src,        \
+                 int src_stride, float *dst, int dst_stride, int count, float width, float height, \
+                 float near, float far),                                                           \
+                function##_all(mat1, mat2, mat3, {src, src_stride}, {dst, dst_stride}, count,      \
+                               {width, height, near, far}))
+
+VIEWPORT(Project, project)
+VIEWPORT(Unproject, unproject)
