@@ -192,7 +192,7 @@ std::vector<std::string> caption(const std::string &input, const terrain::Fit &f
     std::snprintf(text[0], sizeof text[0], "%d surfaces fitted, %.0f systems of order 6", cells,
                   systems);
     std::snprintf(text[1], sizeof text[1], "%.2f million systems solved per second",
-                  systems / (fit.lu_seconds + fit.solve_seconds) / 1e6);
+                  systems / (fit.decomposition_seconds + fit.solve_seconds) / 1e6);
     return {std::filesystem::path(input).stem().string() + ", drawn 1.5 times as high", text[0],
             text[1]};
 }
