@@ -222,7 +222,8 @@ int first_act(const Member &m, const Sizes &sizes) {
             slots[k].pointer = inaccessible();
         else if (m.parameters[k].group == 's')
             slots[k].integer = m.element();
-    slots.back().integer = sizes.count;
+        else if (m.parameters[k].group == 'c')
+            slots[k].integer = sizes.count;
     const pid_t child = fork();
     if (child == 0) {
         stub_core_exit(asks);

@@ -169,22 +169,22 @@ struct Nest {
     Axis<operands> object, outer, inner;
 };
 
-// Where object n of every operand begins: at a distance, or by a table. In the second case an
-// operand that is not an array is a table of one pointer, read again for every object.
-template <int operands>
-struct AffineObjects {
-    char *base[operands];
-    Axis<operands> axis;
+// Where object n of every operand begins: at a distance from the first one, or by a table.
+template <bool... tabled>
+struct ObjectOrigins {
+    static constexpr int operands = sizeof...(tabled);
+    static constexpr bool by_table[operands] = {tabled...};
 
-    ZELM_INLINE char *operator()(int k, Distance n) const { return base[k] + n * axis.stride[k]; }
-};
-template <int operands>
-struct TableObjects {
-    const char *table[operands];
+    char *base[operands]; // of a table, its first entry
     Distance step[operands], shift[operands];
 
-    ZELM_INLINE char *operator()(int k, Distance n) const {
-        return load<char *>(table[k] + n * step[k]) + shift[k];
+    template <int k>
+    ZELM_INLINE char *operator()(std::integral_constant<int, k>, Distance n) const {
+        char *const at = base[k] + n * step[k];
+        if constexpr (by_table[k])
+            return load<char *>(at) + shift[k];
+        else
+            return at;
     }
 };
 
@@ -319,27 +319,20 @@ void nested(int count, Shape shape, const Op &op, std::index_sequence<k...>,
     nest.inner.extent = shape.width;
     (add_operand<k>(nest, operand), ...);
     arrange(nest, !tables);
-    if constexpr (tables) {
-        const char *one[operands] = {}; // what stands beside the arrays
-        TableObjects<operands> objects;
-        const auto add = [&]<class Operand>(int i, const Operand &o) {
-            if constexpr (Operand::has_table) {
-                objects.table[i] = reinterpret_cast<const char *>(o.table);
-                objects.step[i] = sizeof(char *);
-                objects.shift[i] = o.shift;
-            } else {
-                one[i] = o.object(0);
-                objects.table[i] = reinterpret_cast<const char *>(&one[i]);
-                objects.step[i] = objects.shift[i] = 0;
-            }
-        };
-        (add(k, operand), ...);
-        run<T, operands - 1>(nest, objects, op);
-    } else {
-        const AffineObjects<operands> objects = {{const_cast<char *>(operand.object(0))...},
-                                                 nest.object};
-        run<T, operands - 1>(nest, objects, op);
-    }
+    ObjectOrigins<Operands::has_table...> objects;
+    const auto add = [&]<class Operand>(int i, const Operand &o) {
+        if constexpr (Operand::has_table) {
+            objects.base[i] = const_cast<char *>(reinterpret_cast<const char *>(o.table));
+            objects.step[i] = sizeof(char *);
+            objects.shift[i] = o.shift;
+        } else {
+            objects.base[i] = const_cast<char *>(o.object(0));
+            objects.step[i] = nest.object.stride[i];
+            objects.shift[i] = 0;
+        }
+    };
+    (add(k, operand), ...);
+    run<T, operands - 1>(nest, objects, op);
 }
 
 // Elements given by tables: a line along the objects for each. In blocks, so that memory in which

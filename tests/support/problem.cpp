@@ -337,7 +337,9 @@ std::vector<Placement> all_in(const Member &member, int shape) {
 
 Sizes parallel_sizes(const Member &member) {
     const bool tall = member.family.starts_with("QR");
-    const int count = member.kinds == "cva" ? 2500 : member.family == "Det" ? 5000 : 500;
+    const int count = among(member.family, "CrossProduct Trace") || member.kinds == "cva" ? 2500
+                      : member.family == "Det"                                            ? 5000
+                                                                                          : 500;
     return {tall ? 9 : 3, member.is_square() || tall ? 4 : 9, 5, count};
 }
 

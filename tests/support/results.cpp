@@ -94,6 +94,7 @@ void agrees_with_overlapping_results(const Member &member) {
         for (int count = 2; count <= 7; ++count) {
             std::vector<Placement> placements = mixed(member, size * 7 + count);
             placements.back().shape = overlapping;
+            placements.back().order = count % 2 == 0 ? Order::natural : Order::reversed;
             Problem problem(member, {size, size, size, count}, placements);
             problem.fill(7);
             if (!agrees(problem))
