@@ -25,6 +25,10 @@ constexpr struct {
     {"Add Sub", "vav", "S P", "pzsco"},
     {"Add Sub", "vav", "L", "pzsoc"},
     {"Add Sub Mul LUDecomp LUBackSubst", "", "S P L", "pczaso"},
+    {"EigenValuesSym EigenValuesVectorsSym", "", "S P L", "pzcos"},
+    {"EigenValues EigenValuesVectors EigenValuesVectorsRight EigenValuesVectorsLeft", "", "S P L",
+     "pzcos"},
+    {"EigenValuesGetBufSize EigenValuesVectorsGetBufSize", "", "S", "pz"},
 };
 
 std::string order_of(const Member &m) {

@@ -37,6 +37,11 @@ constexpr Limits scaled_vector = {p2100, p2100, p1200, p1200, 650};
 constexpr Limits decomposition = {p1000, p1000, p1000, p1000, 1000};
 constexpr Limits solve_vectors = {p700, p700, p700, p700, 700};
 constexpr Limits solve_pairs = {p1200, p1200, p1200, p1200, 1200};
+constexpr Pair p250 = {250, 250}, p500 = {500, 500};
+constexpr Limits symmetric_values = {p1000, p1000, p1000, p1000, 1000};
+constexpr Limits symmetric_vectors = {p700, p700, p700, p700, 700};
+constexpr Limits general_values = {p250, p250, p250, p250, 250};
+constexpr Limits general_vectors = {p500, p500, p500, p500, 500};
 
 // Sizes as they enter the operation: the result is h x w, products sum over k, c objects.
 struct N {
@@ -72,6 +77,12 @@ const Row rows[] = {
     {"LUDecomp", "ma", decomposition, [](N n) { return n.w * n.w * n.c; }},
     {"LUBackSubst", "mva", solve_vectors, [](N n) { return (n.w + 2 * n.c) * n.w; }},
     {"LUBackSubst", "mava", solve_pairs, [](N n) { return (n.w + 2) * n.w * n.c; }},
+    {"EigenValuesSym", "ma", symmetric_values, [](N n) { return n.w * (n.w + 1) * n.c; }},
+    {"EigenValuesVectorsSym", "ma", symmetric_vectors,
+     [](N n) { return n.w * (2 * n.w + 1) * n.c; }},
+    {"EigenValues", "ma", general_values, [](N n) { return n.w * (n.w + 1) * n.c; }},
+    {"EigenValuesVectors EigenValuesVectorsRight EigenValuesVectorsLeft", "ma", general_vectors,
+     [](N n) { return 3 * n.w * n.w * n.c; }},
 };
 
 const Row &row_of(const Member &m) {
@@ -168,7 +179,7 @@ int first_act(const Member &m, const Sizes &sizes) {
             slots[k].pointer = inaccessible();
         else if (m.parameters[k].group == 's')
             slots[k].integer = m.element();
-    slots.back().integer = sizes.count;
+    slots[std::size_t(m.count_parameter())].integer = sizes.count;
     const pid_t child = fork();
     if (child == 0) {
         stub_core_exit(asks);

@@ -133,7 +133,8 @@ std::vector<Calls> prepare(int callers, int threads) {
     for (Calls &calls : sets)
         for (const char *name :
              {"zelmAdd_mama_32f", "zelmSub_vaca_64f_P", "zelmMul_mam_32f_L", "zelmMul_tava_64f",
-              "zelmLUDecomp_ma_32f", "zelmLUBackSubst_mava_64f_L"}) {
+              "zelmLUDecomp_ma_32f", "zelmLUBackSubst_mava_64f_L",
+              "zelmEigenValuesVectorsSym_ma_32f", "zelmEigenValuesVectors_ma_64f_P"}) {
             const Member &m = member(name);
             auto problem = std::make_unique<Problem>(m, parallel_sizes(m), mixed(m, 5));
             problem->fill(5);

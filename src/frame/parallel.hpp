@@ -31,6 +31,27 @@ template <class Kernel, class... Operands>
     return y8_ownOMP_zelm_ranges(ranges, count, 0, nullptr);
 }
 
+// Working memory of one thread: the caller's, which a serial run uses, and its size.
+struct Scratch {
+    void *own;
+    std::size_t bytes;
+};
+
+// kernel(n, scratch, operands...): each thread works in memory of its own.
+template <class Kernel, class... Operands>
+[[gnu::noinline]] ZelStatus y8_ownOMP_zelm(const Kernel &kernel, int count, Scratch scratch,
+                                           const Operands &...operands) {
+    auto body = [&](int first, int n, void *own) -> ZelStatus {
+        return kernel(n, own, operands.from(first)...);
+    };
+    using Body = decltype(body);
+    const RangeKernel ranges = {[](const void *context, int first, int n, void *own) {
+                                    return (*static_cast<const Body *>(context))(first, n, own);
+                                },
+                                &body};
+    return y8_ownOMP_zelm_ranges(ranges, count, scratch.bytes, scratch.own);
+}
+
 // Serial or parallel, by the estimate's verdict.
 template <class Kernel, class... Operands>
 ZELM_INLINE ZelStatus run_objects(bool serial, const Kernel &kernel, int count,
@@ -38,6 +59,13 @@ ZELM_INLINE ZelStatus run_objects(bool serial, const Kernel &kernel, int count,
     if (serial)
         return kernel(count, operands...);
     return y8_ownOMP_zelm(kernel, count, operands...);
+}
+template <class Kernel, class... Operands>
+ZELM_INLINE ZelStatus run_objects(bool serial, const Kernel &kernel, int count, Scratch scratch,
+                                  const Operands &...operands) {
+    if (serial)
+        return kernel(count, scratch.own, operands...);
+    return y8_ownOMP_zelm(kernel, count, scratch, operands...);
 }
 
 } // namespace zelm

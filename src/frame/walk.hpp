@@ -68,13 +68,13 @@ ZELM_INLINE auto as_dense(const Walked<IndexRows<Int>, elements> &w) {
 }
 } // namespace detail
 
-template <class T, class Allowed, class Kernel, class Single, class... Operand, int... elements,
-          int... H, int... W>
+template <class T, int registers, class Allowed, class Kernel, class Single, class... Operand,
+          int... elements, int... H, int... W>
 ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kernel &kernel,
                                   const Single &single,
                                   const Walked<Operand, elements, H, W> &...arrays) {
-    constexpr int L = lanes_per_register<T>;
-    std::tuple<Stage<Operand, elements>...> stages;
+    constexpr int L = registers * lanes_per_register<T>;
+    std::tuple<Stage<Operand, elements, registers>...> stages;
     std::tuple<Operand...> operands = {arrays.operand...};
     const auto each = [&](const auto &f) {
         [&]<std::size_t... k>(std::index_sequence<k...>) {
@@ -126,14 +126,15 @@ ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kerne
 
 // kernel(group, operands...) returns the failing lanes as bits; single(n) does object n in the
 // arrays and returns its status; `allowed` tells which objects may be worked on at once. Where all
-// objects are dense the kernel is compiled for that, without a question asked in the loop.
-template <class T, class Allowed, class Kernel, class Single, class... Arrays>
+// objects are dense the kernel is compiled for that, without a question asked in the loop. A group
+// is as many objects as `registers` registers have lanes.
+template <class T, int registers = 1, class Allowed, class Kernel, class Single, class... Arrays>
 ZELM_INLINE ZelStatus walk(int count, const Allowed &allowed, const Kernel &kernel,
                            const Single &single, const Arrays &...arrays) {
     if constexpr ((detail::may_be_dense<Arrays> && ...))
         if ((detail::dense_now(arrays) && ...))
-            return walk_groups<T>(count, allowed, kernel, single, detail::as_dense(arrays)...);
-    return walk_groups<T>(count, allowed, kernel, single, arrays...);
+            return walk_groups<T, registers>(count, allowed, kernel, single, detail::as_dense(arrays)...);
+    return walk_groups<T, registers>(count, allowed, kernel, single, arrays...);
 }
 
 } // namespace zelm

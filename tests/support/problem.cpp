@@ -56,7 +56,7 @@ Placed::Placed(const Operand &operand, int element, bool is_float, const Sizes &
       objects_(operand.array ? sizes.count : 1),
       rows_(transposed_ ? columns : rows),
       columns_(transposed_ ? rows : columns) {
-    const bool dense = letter_ == 'i' || letter_ == 'b';
+    const bool dense = among({&letter_, 1}, "i o b");
     const Shape &shape = shapes[dense ? packed : placement.shape];
     std::ptrdiff_t step = element_, extent = element_;
     for (std::size_t k = 0; k < 3; ++k) {
@@ -177,7 +177,7 @@ Problem::Problem(const Member &of, const Sizes &given, const std::vector<Placeme
         if (operand.letter == 'c')
             columns = 1;
         if (operand.letter == 'b')
-            columns = sizes.buffer;
+            columns = sizes.buffer > 0 ? sizes.buffer : buffer_elements(member, sizes.width);
         if (operand.letter == 'v' && product)
             columns = operand.destination ? sizes.height : sizes.inner;
         const bool index_array = operand.letter == 'i';
@@ -279,7 +279,7 @@ std::vector<std::byte> Problem::image() const {
     std::vector<std::byte> bytes;
     for (std::size_t k = 0; k < operands.size(); ++k) {
         const GuardedBytes &data = *operands[k].data_;
-        if (member.operands[k].destination)
+        if (member.operands[k].destination && member.operands[k].letter != 'b')
             bytes.insert(bytes.end(), data.begin(), data.begin() + data.size());
     }
     return bytes;
@@ -310,6 +310,12 @@ std::vector<Placement> mixed(const Member &member, int step) {
 
 std::vector<Placement> all_in(const Member &member, int shape) {
     return std::vector<Placement>(member.operands.size(), Placement{shape});
+}
+
+int buffer_elements(const Member &member, int n) {
+    if (member.family.ends_with("Sym"))
+        return n * n;
+    return n * ((member.family == "EigenValues" ? n : 3 * n) + 5);
 }
 
 Sizes parallel_sizes(const Member &member) {
