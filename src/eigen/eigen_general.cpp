@@ -153,53 +153,53 @@ ZELM_INLINE ZelStatus scratch_size(int n, int *size) {
 
 #define VALUES_M(D, T, suffix, kind)                                                               \
     ZELM_MEMBER(zelmEigenValues_##kind##_##suffix,                                                 \
-                (ZELM_PARAMETERS(D, kind, const T, src), T *re, T *im, int n, T *buffer),          \
+                (ZELM_PARAMETERS(D, kind, const T, src), T * re, T * im, int n, T *buffer),        \
                 zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src), zelm::NoDestination{},    \
                                     zelm::NoDestination{}, re, im, n, buffer))
 #define VALUES_MA(D, T, suffix, kind)                                                              \
-    ZELM_MEMBER(zelmEigenValues_##kind##_##suffix,                                                 \
-                (ZELM_PARAMETERS(D, kind, const T, src), T *re, T *im, int n, int count,           \
-                 T *buffer),                                                                       \
-                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src), zelm::NoDestination{},    \
-                                    zelm::NoDestination{}, re, im, n, count, buffer))
+    ZELM_MEMBER(                                                                                   \
+        zelmEigenValues_##kind##_##suffix,                                                         \
+        (ZELM_PARAMETERS(D, kind, const T, src), T * re, T * im, int n, int count, T *buffer),     \
+        zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src), zelm::NoDestination{},            \
+                            zelm::NoDestination{}, re, im, n, count, buffer))
 #define BOTH_M(D, T, suffix, kind)                                                                 \
     ZELM_MEMBER(zelmEigenValuesVectors_##kind##_##suffix,                                          \
                 (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, right),       \
-                 ZELM_PARAMETERS(D, kind, T, left), T *re, T *im, int n, T *buffer),               \
+                 ZELM_PARAMETERS(D, kind, T, left), T * re, T * im, int n, T *buffer),             \
                 zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src),                           \
                                     ZELM_OPERAND(D, kind, T, right),                               \
                                     ZELM_OPERAND(D, kind, T, left), re, im, n, buffer))
 #define BOTH_MA(D, T, suffix, kind)                                                                \
     ZELM_MEMBER(zelmEigenValuesVectors_##kind##_##suffix,                                          \
                 (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, right),       \
-                 ZELM_PARAMETERS(D, kind, T, left), T *re, T *im, int n, int count, T *buffer),    \
+                 ZELM_PARAMETERS(D, kind, T, left), T * re, T * im, int n, int count, T *buffer),  \
                 zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src),                           \
                                     ZELM_OPERAND(D, kind, T, right),                               \
                                     ZELM_OPERAND(D, kind, T, left), re, im, n, count, buffer))
 #define RIGHT_M(D, T, suffix, kind)                                                                \
     ZELM_MEMBER(zelmEigenValuesVectorsRight_##kind##_##suffix,                                     \
-                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T *re,  \
-                 T *im, int n, T *buffer),                                                         \
+                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T * re, \
+                 T * im, int n, T *buffer),                                                        \
                 zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src),                           \
                                     ZELM_OPERAND(D, kind, T, dst), zelm::NoDestination{}, re, im,  \
                                     n, buffer))
 #define RIGHT_MA(D, T, suffix, kind)                                                               \
     ZELM_MEMBER(zelmEigenValuesVectorsRight_##kind##_##suffix,                                     \
-                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T *re,  \
-                 T *im, int n, int count, T *buffer),                                              \
+                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T * re, \
+                 T * im, int n, int count, T *buffer),                                             \
                 zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src),                           \
                                     ZELM_OPERAND(D, kind, T, dst), zelm::NoDestination{}, re, im,  \
                                     n, count, buffer))
 #define LEFT_M(D, T, suffix, kind)                                                                 \
     ZELM_MEMBER(zelmEigenValuesVectorsLeft_##kind##_##suffix,                                      \
-                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T *re,  \
-                 T *im, int n, T *buffer),                                                         \
+                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T * re, \
+                 T * im, int n, T *buffer),                                                        \
                 zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src), zelm::NoDestination{},    \
                                     ZELM_OPERAND(D, kind, T, dst), re, im, n, buffer))
 #define LEFT_MA(D, T, suffix, kind)                                                                \
     ZELM_MEMBER(zelmEigenValuesVectorsLeft_##kind##_##suffix,                                      \
-                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T *re,  \
-                 T *im, int n, int count, T *buffer),                                              \
+                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T * re, \
+                 T * im, int n, int count, T *buffer),                                             \
                 zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src), zelm::NoDestination{},    \
                                     ZELM_OPERAND(D, kind, T, dst), re, im, n, count, buffer))
 #define SCRATCH(T, suffix)                                                                         \

@@ -155,24 +155,25 @@ ZELM_INLINE ZelStatus eigen_symmetric(const Source &source, T *buffer,
 
 #define VALUES_M(D, T, suffix, kind)                                                               \
     ZELM_MEMBER(zelmEigenValuesSym_##kind##_##suffix,                                              \
-                (ZELM_PARAMETERS(D, kind, const T, src), T *buffer, T *values, int n),             \
+                (ZELM_PARAMETERS(D, kind, const T, src), T * buffer, T * values, int n),           \
                 zelm::eigen_symmetric(ZELM_OPERAND(D, kind, const T, src), buffer,                 \
                                       zelm::NoDestination{}, values, n))
 #define VALUES_MA(D, T, suffix, kind)                                                              \
-    ZELM_MEMBER(zelmEigenValuesSym_##kind##_##suffix,                                              \
-                (ZELM_PARAMETERS(D, kind, const T, src), T *buffer, T *values, int n, int count),  \
-                zelm::eigen_symmetric(ZELM_OPERAND(D, kind, const T, src), buffer,                 \
-                                      zelm::NoDestination{}, values, n, count))
+    ZELM_MEMBER(                                                                                   \
+        zelmEigenValuesSym_##kind##_##suffix,                                                      \
+        (ZELM_PARAMETERS(D, kind, const T, src), T * buffer, T * values, int n, int count),        \
+        zelm::eigen_symmetric(ZELM_OPERAND(D, kind, const T, src), buffer, zelm::NoDestination{},  \
+                              values, n, count))
 #define VECTORS_M(D, T, suffix, kind)                                                              \
     ZELM_MEMBER(zelmEigenValuesVectorsSym_##kind##_##suffix,                                       \
-                (ZELM_PARAMETERS(D, kind, const T, src), T *buffer,                                \
-                 ZELM_PARAMETERS(D, kind, T, dst), T *values, int n),                              \
+                (ZELM_PARAMETERS(D, kind, const T, src), T * buffer,                               \
+                 ZELM_PARAMETERS(D, kind, T, dst), T * values, int n),                             \
                 zelm::eigen_symmetric(ZELM_OPERAND(D, kind, const T, src), buffer,                 \
                                       ZELM_OPERAND(D, kind, T, dst), values, n))
 #define VECTORS_MA(D, T, suffix, kind)                                                             \
     ZELM_MEMBER(zelmEigenValuesVectorsSym_##kind##_##suffix,                                       \
-                (ZELM_PARAMETERS(D, kind, const T, src), T *buffer,                                \
-                 ZELM_PARAMETERS(D, kind, T, dst), T *values, int n, int count),                   \
+                (ZELM_PARAMETERS(D, kind, const T, src), T * buffer,                               \
+                 ZELM_PARAMETERS(D, kind, T, dst), T * values, int n, int count),                  \
                 zelm::eigen_symmetric(ZELM_OPERAND(D, kind, const T, src), buffer,                 \
                                       ZELM_OPERAND(D, kind, T, dst), values, n, count))
 

@@ -1,7 +1,7 @@
 // Eigenvalues and eigenvectors of general real matrices: Householder reduction to Hessenberg form,
 // double-shift QR iteration to quasi-triangular form, back-substitution.
-// Golub, Van Loan: Matrix Computations, 7.4 to 7.6. Martin, Peters, Wilkinson and Peters, Wilkinson:
-// Handbook for Automatic Computation II, contributions II/14 and II/15.
+// Golub, Van Loan: Matrix Computations, 7.4 to 7.6. Martin, Peters, Wilkinson and Peters,
+// Wilkinson: Handbook for Automatic Computation II, contributions II/14 and II/15.
 //
 // All is packed in the caller's buffer. The transformation is kept transposed, so that each of its
 // columns, and later each eigenvector, is a run of memory.
@@ -174,8 +174,9 @@ private:
                 along_run<T>(
                     from, n, [&](int r, auto zero) __attribute__((always_inline)) {
                         using V = decltype(zero);
-                        const auto at = [&](int i)
-                            __attribute__((always_inline)) { return run_of(runs, i) + r; };
+                        const auto at = [&](int i) __attribute__((always_inline)) {
+                            return run_of(runs, i) + r;
+                        };
                         V w = load<V>(at(k + 1));
                         for (int i = k + 2; i < n; ++i)
                             w = w + splat<V>(v[i]) * load<V>(at(i));
@@ -242,7 +243,8 @@ private:
         return true;
     }
 
-    // The values of the block in rows i - 1 and i. Where they are real the block becomes triangular.
+    // The values of the block in rows i - 1 and i. Where they are real the block becomes
+    // triangular.
     void isolate_pair(int i) const {
         const T a = row(i - 1)[i - 1], b = row(i - 1)[i], c = row(i)[i - 1], d = row(i)[i];
         const T p = T(0.5) * (a - d), q = p * p + c * b;
@@ -290,8 +292,8 @@ private:
         T last = row(bottom)[bottom], before = row(bottom - 1)[bottom - 1];
         T product = row(bottom)[bottom - 1] * row(bottom - 1)[bottom];
         if (exceptional) {
-            const T s = magnitude(T(row(bottom)[bottom - 1])) +
-                        magnitude(T(row(bottom - 1)[bottom - 2]));
+            const T s =
+                magnitude(T(row(bottom)[bottom - 1])) + magnitude(T(row(bottom - 1)[bottom - 2]));
             last = before = T(0.75) * s + last;
             product = T(-0.4375) * s * s;
         }

@@ -69,7 +69,8 @@ ZELM_INLINE void at_index(IndexOf<S> index, From from, To to, const F &f) {
     if constexpr (lanes_of<S> == 1)
         f(index, true);
     else
-        ascending(from, to, ZELM_EACH(i) { f(i, index == splat_index<S>(i)); });
+        ascending(
+            from, to, ZELM_EACH(i) { f(i, index == splat_index<S>(i)); });
 }
 
 // ---- eigenvectors -------------------------------------------------------------------------------
@@ -108,40 +109,46 @@ struct LaneVectors {
     template <class K, class U>
     ZELM_INLINE void reflect(K k, const U &u, S scale) const {
         if (k == 0)
-            ascending(Fixed<0>{}, n, ZELM_EACH(j) {
-                ascending(Fixed<0>{}, n, ZELM_EACH(r) {
-                    const S one = splat<S>(r == j ? 1 : 0);
-                    if (r == 0 || j == 0)
-                        z[j * n + r] = one;
-                    else
-                        z[j * n + r] = one - u[r] * scale * u[j];
+            ascending(
+                Fixed<0>{}, n, ZELM_EACH(j) {
+                    ascending(
+                        Fixed<0>{}, n, ZELM_EACH(r) {
+                            const S one = splat<S>(r == j ? 1 : 0);
+                            if (r == 0 || j == 0)
+                                z[j * n + r] = one;
+                            else
+                                z[j * n + r] = one - u[r] * scale * u[j];
+                        });
                 });
-            });
         else
-            ascending(Fixed<1>{}, n, ZELM_EACH(r) {
-                const auto first = behind<1>(k);
-                S w = z[first * n + r] * u[first];
-                ascending(behind<1>(first), n, ZELM_EACH(j) { w = w + z[j * n + r] * u[j]; });
-                w = w * scale;
-                ascending(first, n, ZELM_EACH(j) { z[j * n + r] = z[j * n + r] - w * u[j]; });
-            });
+            ascending(
+                Fixed<1>{}, n, ZELM_EACH(r) {
+                    const auto first = behind<1>(k);
+                    S w = z[first * n + r] * u[first];
+                    ascending(
+                        behind<1>(first), n, ZELM_EACH(j) { w = w + z[j * n + r] * u[j]; });
+                    w = w * scale;
+                    ascending(
+                        first, n, ZELM_EACH(j) { z[j * n + r] = z[j * n + r] - w * u[j]; });
+                });
     }
     // Columns i and i + 1 in the lanes that go on.
     template <class I>
     ZELM_INLINE void rotate(I i, S c, S s, MaskOf<S> go) const {
         c = select(go, c, splat<S>(1));
         s = select(go, s, splat<S>(0));
-        ascending(Fixed<0>{}, n, ZELM_EACH(r) {
-            zelm::rotate(z[i * n + r], z[behind<1>(i) * n + r], c, s);
-        });
+        ascending(
+            Fixed<0>{}, n,
+            ZELM_EACH(r) { zelm::rotate(z[i * n + r], z[behind<1>(i) * n + r], c, s); });
     }
     template <class I, class J>
     ZELM_INLINE void exchange(I i, J j, MaskOf<S> lanes) const {
-        ascending(Fixed<0>{}, n, ZELM_EACH(r) {
-            const S x = z[i * n + r], y = z[j * n + r];
-            z[i * n + r] = select(lanes, y, x);
-            z[j * n + r] = select(lanes, x, y);
-        });
+        ascending(
+            Fixed<0>{}, n, ZELM_EACH(r) {
+                const S x = z[i * n + r], y = z[j * n + r];
+                z[i * n + r] = select(lanes, y, x);
+                z[j * n + r] = select(lanes, x, y);
+            });
     }
 };
 
@@ -190,7 +197,9 @@ struct MemoryVectors {
                     set(j, r, part(j, r, v) - w * splat<V>(u[j]));
             });
     }
-    void rotate(int i, T c, T s, bool) const {
+    void rotate(int i, T c, T s, bool go) const {
+        if (!go)
+            return;
         along([&](int r, auto v) __attribute__((always_inline)) {
             using V = decltype(v);
             V x = part(i, r, v), y = part(i + 1, r, v);
@@ -219,7 +228,8 @@ struct MemoryVectors {
 
 // ---- the algorithm ------------------------------------------------------------------------------
 
-// Order 2, closed form: `a` is (0,0), (0,1), (1,1). Returns the lanes whose determinant is too small.
+// Order 2, closed form: `a` is (0,0), (0,1), (1,1). Returns the lanes whose determinant is too
+// small.
 template <class S, bool vectors>
 ZELM_INLINE MaskOf<S> solve_order_2(const S (&a)[3], S (&d)[2], S (&column)[2]) {
     const S eps = splat<S>(eigen_epsilon<ElementOf<S>>), zero = splat<S>(0), one = splat<S>(1);
@@ -250,60 +260,73 @@ ZELM_INLINE MaskOf<S> solve_order_2(const S (&a)[3], S (&d)[2], S (&column)[2]) 
 }
 
 // Reduces `a`, n x n, of which the lower triangle is read, to the diagonal d and the subdiagonal e.
-// The row of `a` above the diagonal holds the vector u of the reflection; d is the work vector until
-// the end. `e` may be the first row of `a`.
+// The row of `a` above the diagonal holds the vector u of the reflection; d is the work vector
+// until the end. `e` may be the first row of `a`.
 template <class S, class Order, class A, class D, class E, class Vectors>
 ZELM_INLINE void reduce(Order n, A a, D d, E e, const Vectors &vectors) {
     const S eps = splat<S>(eigen_epsilon<ElementOf<S>>), zero = splat<S>(0), two = splat<S>(2);
-    ascending(Fixed<0>{}, behind<-2>(n), ZELM_EACH(k) {
-        const auto first = behind<1>(k);
-        const S x = a[first * n + k];
-        S square = x * x;
-        ascending(behind<1>(first), n, ZELM_EACH(i) {
-            const S y = a[i * n + k];
-            square = square + y * y;
-        });
-        const S sigma = square_root(square);
-        const auto positive = x > eps, negative = x < zero - eps;
-        const S change = select(positive, sigma, select(negative, zero - sigma, zero));
-        const S h = two * (square + x * change);
-        const auto needed = (h > eps) & complement(magnitude(sigma - x) <= eps);
-        const S scale = select(needed, two / h, zero);
+    ascending(
+        Fixed<0>{}, behind<-2>(n), ZELM_EACH(k) {
+            const auto first = behind<1>(k);
+            const S x = a[first * n + k];
+            S square = x * x;
+            ascending(
+                behind<1>(first), n, ZELM_EACH(i) {
+                    const S y = a[i * n + k];
+                    square = square + y * y;
+                });
+            const S sigma = square_root(square);
+            const auto positive = x > eps, negative = x < zero - eps;
+            const S change = select(positive, sigma, select(negative, zero - sigma, zero));
+            const S h = two * (square + x * change);
+            const auto needed = (h > eps) & complement(magnitude(sigma - x) <= eps);
+            const S scale = select(needed, two / h, zero);
 
-        // u, in row k.
-        const auto u = a + k * n;
-        const S head = select(positive | negative, x + change, sigma);
-        u[first] = select(needed, head, zero);
-        ascending(behind<1>(first), n,
-                  ZELM_EACH(i) { u[i] = select(needed, S(a[i * n + k]), zero); });
-        a[first * n + k] = select(needed, select(negative, sigma, zero - sigma), x);
-        vectors.reflect(k, u, scale);
-        if (lanes_of<S> == 1 && !any(needed))
-            return;
+            // u, in row k.
+            const auto u = a + k * n;
+            const S head = select(positive | negative, x + change, sigma);
+            u[first] = select(needed, head, zero);
+            ascending(
+                behind<1>(first), n,
+                ZELM_EACH(i) { u[i] = select(needed, S(a[i * n + k]), zero); });
+            a[first * n + k] = select(needed, select(negative, sigma, zero - sigma), x);
+            vectors.reflect(k, u, scale);
+            if (lanes_of<S> == 1 && !any(needed))
+                return;
 
-        // p = scale * A * u in d, then q = p - (scale / 2 * u^T p) * u, A = A - u * q^T - q * u^T.
-        ascending(first, n, ZELM_EACH(i) {
-            S p = a[i * n + first] * u[first];
-            ascending(behind<1>(first), behind<1>(i),
-                      ZELM_EACH(j) { p = p + a[i * n + j] * u[j]; });
-            d[i] = p;
-            ascending(first, i, ZELM_EACH(j) { d[j] = d[j] + a[i * n + j] * u[i]; });
+            // p = scale * A * u in d, then q = p - (scale / 2 * u^T p) * u, A = A - u * q^T - q *
+            // u^T.
+            ascending(
+                first, n, ZELM_EACH(i) {
+                    S p = a[i * n + first] * u[first];
+                    ascending(
+                        behind<1>(first), behind<1>(i),
+                        ZELM_EACH(j) { p = p + a[i * n + j] * u[j]; });
+                    d[i] = p;
+                    ascending(
+                        first, i, ZELM_EACH(j) { d[j] = d[j] + a[i * n + j] * u[i]; });
+                });
+            S product = zero;
+            ascending(
+                first, n, ZELM_EACH(i) {
+                    d[i] = d[i] * scale;
+                    product = product + u[i] * d[i];
+                });
+            const S half = splat<S>(ElementOf<S>(0.5)) * scale * product;
+            ascending(
+                first, n, ZELM_EACH(i) { d[i] = d[i] - half * u[i]; });
+            ascending(
+                first, n, ZELM_EACH(i) {
+                    ascending(
+                        first, behind<1>(i), ZELM_EACH(j) {
+                            a[i * n + j] = a[i * n + j] - (u[i] * d[j] + d[i] * u[j]);
+                        });
+                });
         });
-        S product = zero;
-        ascending(first, n, ZELM_EACH(i) {
-            d[i] = d[i] * scale;
-            product = product + u[i] * d[i];
-        });
-        const S half = splat<S>(ElementOf<S>(0.5)) * scale * product;
-        ascending(first, n, ZELM_EACH(i) { d[i] = d[i] - half * u[i]; });
-        ascending(first, n, ZELM_EACH(i) {
-            ascending(first, behind<1>(i), ZELM_EACH(j) {
-                a[i * n + j] = a[i * n + j] - (u[i] * d[j] + d[i] * u[j]);
-            });
-        });
-    });
-    ascending(Fixed<0>{}, n, ZELM_EACH(i) { d[i] = a[i * n + i]; });
-    ascending(Fixed<0>{}, behind<-1>(n), ZELM_EACH(i) { e[i] = a[behind<1>(i) * n + i]; });
+    ascending(
+        Fixed<0>{}, n, ZELM_EACH(i) { d[i] = a[i * n + i]; });
+    ascending(
+        Fixed<0>{}, behind<-1>(n), ZELM_EACH(i) { e[i] = a[behind<1>(i) * n + i]; });
 }
 
 // A lane's first run of elements of e that are not negligible: rotations first ... last - 1. There
@@ -317,8 +340,9 @@ template <class S, class Order, class E>
 ZELM_INLINE Block<S> first_block(Order n, const E &e, [[maybe_unused]] IndexOf<S> from) {
     const S eps = splat<S>(eigen_epsilon<ElementOf<S>>), half = splat<S>(ElementOf<S>(0.5));
     const auto end = behind<-1>(n);
-    const auto negligible = [&](auto i)
-        __attribute__((always_inline)) { return magnitude(half * e[i]) <= eps; };
+    const auto negligible = [&](auto i) __attribute__((always_inline)) {
+        return magnitude(half * e[i]) <= eps;
+    };
     if constexpr (lanes_of<S> == 1) {
         while (from < end && negligible(from))
             ++from;
@@ -329,14 +353,15 @@ ZELM_INLINE Block<S> first_block(Order n, const E &e, [[maybe_unused]] IndexOf<S
     } else {
         Block<S> block = {splat_index<S>(end), splat_index<S>(end)};
         MaskOf<S> opened = no_lane<S>(), closed = no_lane<S>();
-        ascending(Fixed<0>{}, end, ZELM_EACH(i) {
-            const auto ends = negligible(i), begins = complement(ends | opened);
-            block.first = select(begins, splat_index<S>(i), block.first);
-            opened = opened | begins;
-            const auto closes = ends & opened & complement(closed);
-            block.last = select(closes, splat_index<S>(i), block.last);
-            closed = closed | closes;
-        });
+        ascending(
+            Fixed<0>{}, end, ZELM_EACH(i) {
+                const auto ends = negligible(i), begins = complement(ends | opened);
+                block.first = select(begins, splat_index<S>(i), block.first);
+                opened = opened | begins;
+                const auto closes = ends & opened & complement(closed);
+                block.last = select(closes, splat_index<S>(i), block.last);
+                closed = closed | closes;
+            });
         return block;
     }
 }
@@ -360,13 +385,15 @@ ZELM_INLINE MaskOf<S> iterate(Order n, D d, E e, const Vectors &vectors) {
         sweeps = sweeps + splat_index<S>(1);
 
         S d_first = zero, d_next = zero, d_last = zero, e_first = one;
-        at_index<S>(block.first, Fixed<0>{}, end, ZELM_EACH2(i, here) {
-            d_first = select(here, S(d[i]), d_first);
-            d_next = select(here, S(d[behind<1>(i)]), d_next);
-            e_first = select(here, S(e[i]), e_first);
-        });
-        at_index<S>(block.last, Fixed<1>{}, n,
-                    ZELM_EACH2(i, here) { d_last = select(here, S(d[i]), d_last); });
+        at_index<S>(
+            block.first, Fixed<0>{}, end, ZELM_EACH2(i, here) {
+                d_first = select(here, S(d[i]), d_first);
+                d_next = select(here, S(d[behind<1>(i)]), d_next);
+                e_first = select(here, S(e[i]), e_first);
+            });
+        at_index<S>(
+            block.last, Fixed<1>{}, n,
+            ZELM_EACH2(i, here) { d_last = select(here, S(d[i]), d_last); });
         S g = (d_next - d_first) / (two * e_first);
         const S length = square_root(g * g + one);
         g = d_last - d_first + e_first / select(g > eps, g + length, g - length);
@@ -397,54 +424,60 @@ ZELM_INLINE MaskOf<S> iterate(Order n, D d, E e, const Vectors &vectors) {
             for (int i = block.last - 1; i >= block.first && going; --i)
                 turn(i, true);
         else
-            descending(Fixed<0>{}, end, ZELM_EACH(i) {
-                const auto turning = (block.first <= splat_index<S>(i)) &
-                                     (splat_index<S>(i) < block.last) & going;
-                if (any(turning))
-                    turn(i, turning);
+            descending(
+                Fixed<0>{}, end, ZELM_EACH(i) {
+                    const auto turning = (block.first <= splat_index<S>(i)) &
+                                         (splat_index<S>(i) < block.last) & going;
+                    if (any(turning))
+                        turn(i, turning);
+                });
+        at_index<S>(
+            block.first, Fixed<0>{}, end, ZELM_EACH2(i, here) {
+                d[i] = select(here & going, d[i] - p, S(d[i]));
+                e[i] = select(here & going, g, S(e[i]));
             });
-        at_index<S>(block.first, Fixed<0>{}, end, ZELM_EACH2(i, here) {
-            d[i] = select(here & going, d[i] - p, S(d[i]));
-            e[i] = select(here & going, g, S(e[i]));
-        });
-        at_index<S>(block.last, Fixed<1>{}, n, ZELM_EACH2(i, here) {
-            e[i] = select(here & active, zero, S(e[i]));
-        });
+        at_index<S>(
+            block.last, Fixed<1>{}, n,
+            ZELM_EACH2(i, here) { e[i] = select(here & active, zero, S(e[i])); });
     }
 }
 
 // Exchanges first and last, second and last but one ... : iteration from the other end.
 template <class S, class Order, class D, class Vectors>
 ZELM_INLINE void mirror(Order n, D d, const Vectors &vectors, MaskOf<S> lanes) {
-    ascending(Fixed<0>{}, half_of(n), ZELM_EACH(i) {
-        const auto j = minus(behind<-1>(n), i);
-        const S x = d[i], y = d[j];
-        d[i] = select(lanes, y, x);
-        d[j] = select(lanes, x, y);
-        vectors.exchange(i, j, lanes);
-    });
+    ascending(
+        Fixed<0>{}, half_of(n), ZELM_EACH(i) {
+            const auto j = minus(behind<-1>(n), i);
+            const S x = d[i], y = d[j];
+            d[i] = select(lanes, y, x);
+            d[j] = select(lanes, x, y);
+            vectors.exchange(i, j, lanes);
+        });
 }
 
 // Selection sort into descending order; of equal values the first comes first.
 template <class S, class Order, class D, class Vectors>
 ZELM_INLINE void sort(Order n, D d, const Vectors &vectors) {
-    ascending(Fixed<0>{}, behind<-1>(n), ZELM_EACH(i) {
-        S best = d[i];
-        IndexOf<S> where = splat_index<S>(i);
-        ascending(behind<1>(i), n, ZELM_EACH(j) {
-            const auto larger = S(d[j]) > best;
-            best = select(larger, S(d[j]), best);
-            where = select(larger, splat_index<S>(j), where);
+    ascending(
+        Fixed<0>{}, behind<-1>(n), ZELM_EACH(i) {
+            S best = d[i];
+            IndexOf<S> where = splat_index<S>(i);
+            ascending(
+                behind<1>(i), n, ZELM_EACH(j) {
+                    const auto larger = S(d[j]) > best;
+                    best = select(larger, S(d[j]), best);
+                    where = select(larger, splat_index<S>(j), where);
+                });
+            const S old = d[i];
+            d[i] = best;
+            at_index<S>(
+                where, behind<1>(i), n, ZELM_EACH2(j, here) {
+                    if (!any(here) || (lanes_of<S> == 1 && j == i))
+                        return;
+                    d[j] = select(here, old, S(d[j]));
+                    vectors.exchange(i, j, here);
+                });
         });
-        const S old = d[i];
-        d[i] = best;
-        at_index<S>(where, behind<1>(i), n, ZELM_EACH2(j, here) {
-            if (!any(here) || (lanes_of<S> == 1 && j == i))
-                return;
-            d[j] = select(here, old, S(d[j]));
-            vectors.exchange(i, j, here);
-        });
-    });
 }
 
 template <class S>
@@ -457,19 +490,19 @@ template <class S, class Order, class A, class D, class E, class Vectors>
 ZELM_INLINE Outcome<S> solve_symmetric(Order n, A a, D d, E e, const Vectors &vectors) {
     reduce<S>(n, a, d, e, vectors);
     // From the end with the larger value on, which is at the bottom unless mirrored.
-    const MaskOf<S> mirrored =
-        complement(magnitude(S(d[behind<-1>(n)])) > magnitude(S(d[0])));
+    const MaskOf<S> mirrored = complement(magnitude(S(d[behind<-1>(n)])) > magnitude(S(d[0])));
     mirror<S>(n, d, vectors, mirrored);
     mirror<S>(behind<-1>(n), e, NoVectors{}, mirrored);
     const MaskOf<S> not_converged = iterate<S>(n, d, e, vectors);
     mirror<S>(n, d, vectors, mirrored);
 
     S product = d[0];
-    ascending(Fixed<1>{}, n, ZELM_EACH(i) { product = product * d[i]; });
+    ascending(
+        Fixed<1>{}, n, ZELM_EACH(i) { product = product * d[i]; });
     const MaskOf<S> singular = magnitude(product) <= splat<S>(eigen_epsilon<ElementOf<S>>);
     // Values alone of a singular matrix stay as the iteration leaves them.
     constexpr bool alone = std::is_same_v<Vectors, NoVectors>;
-    if (lanes_of<S> > 1 || !(any(not_converged) || (alone && any(singular))))
+    if (lanes_of < S >> 1 || !(any(not_converged) || (alone && any(singular))))
         sort<S>(n, d, vectors);
     return {not_converged, singular};
 }

@@ -75,13 +75,15 @@ ZELM_INLINE Interleaved<R, n> select(const Interleaved<M, n> &mask, const Interl
 }
 template <class R, int n>
 ZELM_INLINE Interleaved<R, n> magnitude(const Interleaved<R, n> &x) {
-    return Interleaved<R, n>::each(
-        [&](int i) __attribute__((always_inline)) { return magnitude(x.r[i]); });
+    return Interleaved<R, n>::each([&](int i) __attribute__((always_inline)) {
+        return magnitude(x.r[i]);
+    });
 }
 template <class R, int n>
 ZELM_INLINE Interleaved<R, n> square_root(const Interleaved<R, n> &x) {
-    return Interleaved<R, n>::each(
-        [&](int i) __attribute__((always_inline)) { return square_root(x.r[i]); });
+    return Interleaved<R, n>::each([&](int i) __attribute__((always_inline)) {
+        return square_root(x.r[i]);
+    });
 }
 template <class M, int n>
 ZELM_INLINE unsigned lane_bits(const Interleaved<M, n> &mask) {

@@ -133,7 +133,8 @@ ZELM_INLINE ZelStatus walk(int count, const Allowed &allowed, const Kernel &kern
                            const Single &single, const Arrays &...arrays) {
     if constexpr ((detail::may_be_dense<Arrays> && ...))
         if ((detail::dense_now(arrays) && ...))
-            return walk_groups<T, registers>(count, allowed, kernel, single, detail::as_dense(arrays)...);
+            return walk_groups<T, registers>(count, allowed, kernel, single,
+                                             detail::as_dense(arrays)...);
     return walk_groups<T, registers>(count, allowed, kernel, single, arrays...);
 }
 

@@ -181,9 +181,10 @@ Problem::Problem(const Member &of, const Sizes &given, const std::vector<Placeme
         if (operand.letter == 'v' && product)
             columns = operand.destination ? sizes.height : sizes.inner;
         const bool index_array = operand.letter == 'i';
-        if (operand.destination && in_place && !index_array)
+        if (operand.destination && in_place && !among({&operand.letter, 1}, "i o b")) {
             operands.emplace_back(operand, operands[index(*in_place)], placements[k]);
-        else
+            in_place.reset();
+        } else
             operands.emplace_back(operand, index_array ? 4 : member.element(),
                                   member.is_float && !index_array, sizes, rows, columns,
                                   placements[k]);

@@ -110,7 +110,7 @@ private:
 // One call: a member, its operands in memory and its argument slots.
 class Problem {
 public:
-    // In place: the destination is the memory of the operand of that index.
+    // In place: the first destination is the memory of the operand of that index.
     Problem(const Member &member, const Sizes &sizes, const std::vector<Placement> &placements,
             std::optional<int> in_place = {});
 
