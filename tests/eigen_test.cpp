@@ -331,7 +331,7 @@ Long dropped(bool single, Solution s) {
         const Long change = x > eps ? sigma : x < -eps ? -sigma : 0;
         const Long h = 2 * (square + x * x + x * change);
         if (sigma - x <= 2 * eps + n * eps * sigma || h <= 2 * eps) {
-            all += 2 * std::sqrt(square);
+            all += 4 * std::sqrt(square);
             continue;
         }
         std::vector<Long> u(std::size_t(n), 0), p = u;
