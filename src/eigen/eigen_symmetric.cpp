@@ -94,10 +94,248 @@ ZelStatus y8_ownzelmEigenValuesSym_m(const Source &source, const Destination &de
 
 // ---- arrays ----
 
+template <class T>
+using Group2 = Interleaved<Lanes<T>, 2>; // what a group computes in
+constexpr int side_by_side = 2;
+
+// Order N, or `order` where N is 0, of matrices, values and vectors (vector after vector) in
+// registers' memory. Returns the failing lanes. Straight-line code works on copies of its own, but
+// for vectors that no register file holds.
+template <class S, int N, bool vectors>
+[[gnu::noinline]] unsigned solve_lanes(S *matrix, S *values, [[maybe_unused]] S *vector, int order) {
+    const auto solve = [&](auto n, S *a, S *d, S *e) __attribute__((always_inline)) {
+        Outcome<S> outcome;
+        if constexpr (!vectors) {
+            outcome = solve_symmetric<S>(n, a, d, e, NoVectors{});
+        } else if constexpr (N == 3) {
+            S z[N * N];
+            outcome = solve_symmetric<S>(n, a, d, e, LaneVectors<S, Fixed<N>>{z, n});
+            unroll<N * N>(ZELM_EACH(i) { vector[i] = z[i]; });
+        } else {
+            outcome = solve_symmetric<S>(n, a, d, e, LaneVectors<S, int>{vector, order});
+        }
+        return lane_bits(outcome.not_converged | outcome.singular);
+    };
+    if constexpr (N == 0) {
+        S e[largest_lane_order];
+        return solve(order, matrix, values, e);
+    } else {
+        S a[N * N], d[N], e[N];
+        unroll<N>(ZELM_EACH(i) {
+            unroll<i + 1>(ZELM_EACH(j) { a[i * N + j] = matrix[i * N + j]; });
+        });
+        const unsigned failing = solve(Fixed<N>{}, a, d, e);
+        unroll<N>(ZELM_EACH(i) { values[i] = d[i]; });
+        return failing;
+    }
+}
+template <class S, bool vectors>
+[[gnu::noinline]] unsigned solve_lanes_2(const S *matrix, S *values, [[maybe_unused]] S *vector) {
+    const S a[3] = {matrix[0], matrix[1], matrix[3]};
+    S d[2], column[2] = {};
+    const unsigned failing = lane_bits(solve_order_2<S, vectors>(a, d, column));
+    values[0] = d[0];
+    values[1] = d[1];
+    if constexpr (vectors) {
+        vector[0] = vector[3] = column[0];
+        vector[1] = column[1];
+        vector[2] = splat<S>(0) - column[1];
+    }
+    return failing;
+}
+template <class S, bool vectors>
+unsigned solve_lanes(S *a, S *d, S *z, int n) {
+    switch (n) {
+    case 2:
+        return solve_lanes_2<S, vectors>(a, d, z);
+    case 3:
+        return solve_lanes<S, 3, vectors>(a, d, z, n);
+    case 4:
+        return solve_lanes<S, 4, vectors>(a, d, z, n);
+    case 6:
+        return solve_lanes<S, 6, vectors>(a, d, z, n);
+    default:
+        return solve_lanes<S, 0, vectors>(a, d, z, n);
+    }
+}
+
+// Orders 2 to 16 in any memory.
+template <class T, bool vectors, class Source, class Results, class Destination>
+ZELM_INLINE unsigned solve_group(const Group &group, int n, const Source &x, const Results &values,
+                                 const Destination &y) {
+    using S = Group2<T>;
+    constexpr int elements = largest_lane_order * largest_lane_order, L = lanes_of<Lanes<T>>;
+    S a[elements], d[largest_lane_order], z[vectors ? elements : 1];
+    // f(part, i, j, register) for runs of the rows.
+    const auto all = [&](int rows, const auto &f) __attribute__((always_inline)) {
+        for (int i = 0; i < rows; ++i)
+            in_steps<T>(
+                0, n, [&](int j, auto K) __attribute__((always_inline)) {
+                    unroll<side_by_side>(ZELM_EACH(r) {
+                        Lanes<T> part[decltype(K)::value];
+                        f(part, i, j, r);
+                    });
+                });
+    };
+    const Shape shape = {n, n};
+    all(n, [&](auto &part, int i, int j, int r) __attribute__((always_inline)) {
+        load_row<T>(part, x, group.first + r * L, shape, i, j);
+        unroll<sizeof part / sizeof *part>(ZELM_EACH(k) { a[i * n + j + k].r[r] = part[k]; });
+    });
+    const unsigned failing = solve_lanes<S, vectors>(a, d, z, n);
+    if (!group.stores(failing))
+        return failing;
+    all(1, [&](auto &part, int, int j, int r) __attribute__((always_inline)) {
+        unroll<sizeof part / sizeof *part>(ZELM_EACH(k) { part[k] = d[j + k].r[r]; });
+        store_row<T>(values, group.first + r * L, {1, n}, 0, j, part);
+    });
+    if constexpr (vectors)
+        all(n, [&](auto &part, int i, int j, int r) __attribute__((always_inline)) {
+            unroll<sizeof part / sizeof *part>(ZELM_EACH(k) {
+                part[k] = without_signed_zero(z[(j + k) * n + i].r[r]);
+            });
+            store_row<T>(y, group.first + r * L, shape, i, j, part);
+        });
+    return failing;
+}
+
+// Order N in dense memory.
+template <int N, class T, bool vectors, class Source, class Results, class Destination>
+ZELM_INLINE unsigned solve_dense_group(const Group &group, const Source &x, const Results &values,
+                                       const Destination &y) {
+    using S = Group2<T>;
+    constexpr int L = lanes_of<Lanes<T>>;
+    S a[N * N], d[N], z[vectors ? N * N : 1];
+    unroll<side_by_side>(ZELM_EACH(r) {
+        Lanes<T> part[N][N];
+        load_lanes<T>(part, x, group.first + r * L);
+        unroll<N * N>(ZELM_EACH(e) { a[e].r[r] = part[e / N][e % N]; });
+    });
+    const unsigned failing = solve_lanes<S, vectors>(a, d, z, N);
+    if (group.stores(failing)) [[likely]]
+        unroll<side_by_side>(ZELM_EACH(r) {
+            Lanes<T> row[1][N];
+            unroll<N>(ZELM_EACH(i) { row[0][i] = d[i].r[r]; });
+            store_lanes<T>(values, group.first + r * L, row);
+            if constexpr (vectors) {
+                Lanes<T> part[N][N];
+                unroll<N * N>(ZELM_EACH(e) {
+                    part[e / N][e % N] = without_signed_zero(z[e % N * N + e / N].r[r]);
+                });
+                store_lanes<T>(y, group.first + r * L, part);
+            }
+        });
+    return failing;
+}
+
+// walk(count, allowed, kernel(group, x, d, y), arrays of x, d and y); without vectors y is d.
+template <class T, class Source, class Destination, class F>
+ZELM_INLINE ZelStatus solve_array(const Source &source, const Destination &destination,
+                                  const Values<T> &values, int n, int count, const F &run) {
+    const Footprint from(source, {n, n});
+    if constexpr (wants_vectors<Destination>) {
+        const Shape shape = {n, n};
+        const Footprint to(destination, shape);
+        const Overlap overlap(count, shape, to, from);
+        return run(overlap);
+    } else {
+        const Shape shape = {1, n};
+        const Footprint to(values, shape);
+        const Overlap overlap(count, shape, to, from);
+        return run(overlap);
+    }
+}
+
+template <int N, class T, class Destination>
+[[gnu::noinline]] ZelStatus
+solve_dense_array(const Standard<const T, 2, true> &source, const Destination &destination,
+                  const Values<T> &values, void *buffer, int count) {
+    const auto alone = [&](int k) __attribute__((noinline)) {
+        return y8_ownzelmEigenValuesSym_m(source, destination, values, buffer, N, k);
+    };
+    const auto x = detail::as_dense(walked<N, N>(source));
+    const auto d = detail::as_dense(walked<1, N>(values));
+    return solve_array(
+        source, destination, values, N, count,
+        [&](const auto &overlap) __attribute__((always_inline)) {
+            if constexpr (wants_vectors<Destination>)
+                return walk_groups<T, side_by_side>(
+                    count, overlap,
+                    [](const Group &group, const auto &from, const auto &value, const auto &to)
+                        __attribute__((always_inline)) {
+                            return solve_dense_group<N, T, true>(group, from, value, to);
+                        },
+                    alone, x, d, detail::as_dense(walked<N, N>(destination)));
+            else
+                return walk_groups<T, side_by_side>(
+                    count, overlap,
+                    [](const Group &group, const auto &from, const auto &value)
+                        __attribute__((always_inline)) {
+                            return solve_dense_group<N, T, false>(group, from, value, value);
+                        },
+                    alone, x, d);
+        });
+}
+
+template <class Source, class Destination, class T>
+[[gnu::noinline]] ZelStatus solve_any_array(const Source &source, const Destination &destination,
+                                            const Values<T> &values, void *buffer, int n,
+                                            int count) {
+    constexpr int elements = largest_lane_order * largest_lane_order;
+    const auto alone = [&](int k) __attribute__((noinline)) {
+        return y8_ownzelmEigenValuesSym_m(source, destination, values, buffer, n, k);
+    };
+    const Shape shape = {n, n};
+    const auto x = walked<elements>(source, shape);
+    const auto d = walked<largest_lane_order>(values, {1, n});
+    return solve_array(
+        source, destination, values, n, count,
+        [&](const auto &overlap) __attribute__((always_inline)) {
+            if constexpr (wants_vectors<Destination>)
+                return walk_groups<T, side_by_side>(
+                    count, overlap,
+                    [n](const Group &group, const auto &from, const auto &value, const auto &to)
+                        __attribute__((always_inline)) {
+                            return solve_group<T, true>(group, n, from, value, to);
+                        },
+                    alone, x, d, walked<elements>(destination, shape));
+            else
+                return walk_groups<T, side_by_side>(
+                    count, overlap,
+                    [n](const Group &group, const auto &from, const auto &value)
+                        __attribute__((always_inline)) {
+                            return solve_group<T, false>(group, n, from, value, value);
+                        },
+                    alone, x, d);
+        });
+}
+
+template <class T, bool array>
+ZELM_INLINE bool has_gaps(const Standard<T, 2, array> &op, int n) {
+    return gaps(op, n) != 0;
+}
+ZELM_INLINE bool has_gaps(NoDestination, int) { return false; }
+
 template <class Source, class Destination, class T>
 ZelStatus y8_ownzelmEigenValuesSym_ma(int count, void *buffer, const Source &source,
                                       const Destination &destination, const Values<T> &values,
                                       int n) {
+    if constexpr (std::is_same_v<Source, Standard<const T, 2, true>>)
+        if (!has_gaps(source, n) && !has_gaps(destination, n))
+            switch (n) {
+            case 2:
+                return solve_dense_array<2, T>(source, destination, values, buffer, count);
+            case 3:
+                return solve_dense_array<3, T>(source, destination, values, buffer, count);
+            case 4:
+                return solve_dense_array<4, T>(source, destination, values, buffer, count);
+            case 6:
+                return solve_dense_array<6, T>(source, destination, values, buffer, count);
+            default:
+                break;
+            }
+    if (n >= 2 && n <= largest_lane_order)
+        return solve_any_array(source, destination, values, buffer, n, count);
     for (int k = 0; k < count; ++k)
         if (const ZelStatus status =
                 y8_ownzelmEigenValuesSym_m(source, destination, values, buffer, n, k))
