@@ -67,6 +67,7 @@ int run(const Options &options, char *program) {
 
     Rows rows(peers);
     add_lu_rows(rows);
+    add_eigen_rows(rows);
     add_mul_rows(rows);
     add_sum_rows(rows);
     add_call_rows(rows);

@@ -9,10 +9,10 @@ Peers::Peers(const std::string &folder) {
     setenv("OPENBLAS_NUM_THREADS", "1", 1);
     // Each copy of OpenBLAS chooses its kernels when it is loaded.
     setenv("OPENBLAS_CORETYPE", "Nehalem", 1);
-    for (const char *name : {"loop", "eigen", "glm", "cglm", "lapack", "xsmm"})
+    for (const char *name : {"loop", "eigen", "eigen_values", "glm", "cglm", "lapack", "xsmm"})
         load(folder, name, Build::sse);
     unsetenv("OPENBLAS_CORETYPE");
-    for (const char *name : {"loop", "eigen", "glm", "cglm", "lapack", "xsmm"})
+    for (const char *name : {"loop", "eigen", "eigen_values", "glm", "cglm", "lapack", "xsmm"})
         load(folder, name, Build::machine);
 }
 

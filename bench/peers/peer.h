@@ -18,7 +18,13 @@ typedef enum BenchWork {
     bench_mul_mma,    /* the same with one a for all objects */
     bench_mul_vector, /* c = a * b, (rows x inner) * (vector of length inner) */
     bench_lu,         /* c = the factors of a, with row pivots; rows = inner = columns */
-    bench_lu_solve    /* c = the solution of a * c = b with vectors b and c */
+    bench_lu_solve,   /* c = the solution of a * c = b with vectors b and c */
+    /* Eigenproblems: c = the vectors as columns, b = the values or their real parts; without
+     * vectors c = those values. factors = the imaginary parts. */
+    bench_symmetric,
+    bench_symmetric_values,
+    bench_right_vectors,
+    bench_general_values
 } BenchWork;
 
 typedef enum BenchMemory {

@@ -61,6 +61,7 @@ constexpr Shape order(int n) { return {n, n, n}; }
 
 // Each file of rows. The order here is the order of the table.
 void add_lu_rows(Rows &rows);
+void add_eigen_rows(Rows &rows);
 void add_mul_rows(Rows &rows);
 void add_sum_rows(Rows &rows);
 void add_call_rows(Rows &rows);

@@ -33,27 +33,60 @@ constexpr Count scratch_elements(Count n) {
     return n * ((vectors ? 3 : 1) * n + 5);
 }
 
+// The buffer holds the matrix, two matrices of vectors where any are wanted, 5 vectors. The values
+// come out in the first two of these.
+template <class T, bool right, bool left, int order>
+[[gnu::noinline]] bool solve_in_buffer(Unaligned<T> *matrix, int n) {
+    constexpr bool vectors = right || left;
+    const std::ptrdiff_t elements = std::ptrdiff_t{n} * n;
+    auto *const first = matrix + elements, *const second = first + elements;
+    GeneralEigen<T, vectors, order> eigen(matrix, first, vectors ? second + elements : first, n);
+    if (!eigen.decompose())
+        return false;
+    if constexpr (right && left)
+        for (std::ptrdiff_t e = 0; e < elements; ++e)
+            second[e] = first[e];
+    if constexpr (right)
+        eigen.template find_vectors<false>(first);
+    if constexpr (left)
+        eigen.template find_vectors<true>(right ? second : first);
+    eigen.unscale();
+    return true;
+}
+template <class T, bool right, bool left>
+bool solve_in_buffer(Unaligned<T> *matrix, int n) {
+    switch (n) {
+    case 3:
+        return solve_in_buffer<T, right, left, 3>(matrix, n);
+    case 4:
+        return solve_in_buffer<T, right, left, 4>(matrix, n);
+    case 6:
+        return solve_in_buffer<T, right, left, 6>(matrix, n);
+    default:
+        return solve_in_buffer<T, right, left, 0>(matrix, n);
+    }
+}
+
 template <class Source, class Right, class Left, class T>
 ZelStatus y8_ownzelmEigenValuesVectors_m(void *buffer, const Source &source, const Right &right,
                                          const Left &left, const Values<T> &re, const Values<T> &im,
                                          int n, int object) {
     constexpr bool wants_right = is_wanted<Right>, wants_left = is_wanted<Left>;
-    constexpr bool vectors = wants_right || wants_left;
+    constexpr int matrices = wants_right || wants_left ? 3 : 1;
     const std::ptrdiff_t elements = std::ptrdiff_t{n} * n;
     auto *const matrix = static_cast<Unaligned<T> *>(buffer);
-    auto *const first = matrix + elements, *const second = first + elements;
+    const auto *const values = matrix + matrices * elements;
 
     const auto from = view(source, object, {n, n});
     for (int i = 0; i < n; ++i)
         for (int j = 0; j < n; ++j)
             matrix[std::ptrdiff_t{i} * n + j] = get(from, i, j);
-    GeneralEigen<T, vectors> eigen(matrix, first, vectors ? second + elements : first, n);
-    if (!eigen.decompose())
+    if (!solve_in_buffer<T, wants_right, wants_left>(matrix, n))
         return zelStatusNotConverged;
     const auto to_re = re.view(object), to_im = im.view(object);
     for (int i = 0; i < n; ++i) {
-        put(to_re, 0, i, eigen.re(i));
-        put(to_im, 0, i, eigen.im(i));
+        put(to_re, 0, i, T{values[i]});
+        put(to_im, 0, i, T{values[n + i]});
     }
     const auto copy = [&](const Unaligned<T> *vector, const auto &destination) {
         const auto to = view(destination, object, {n, n});
@@ -61,18 +94,10 @@ ZelStatus y8_ownzelmEigenValuesVectors_m(void *buffer, const Source &source, con
             for (int i = 0; i < n; ++i)
                 put(to, i, j, T{vector[std::ptrdiff_t{j} * n + i]});
     };
-    if constexpr (wants_right && wants_left)
-        for (std::ptrdiff_t e = 0; e < elements; ++e)
-            second[e] = first[e];
-    if constexpr (wants_right) {
-        eigen.template find_vectors<false>(first);
-        copy(first, right);
-    }
-    if constexpr (wants_left) {
-        auto *const own = wants_right ? second : first;
-        eigen.template find_vectors<true>(own);
-        copy(own, left);
-    }
+    if constexpr (wants_right)
+        copy(matrix + elements, right);
+    if constexpr (wants_left)
+        copy(matrix + (wants_right ? 2 : 1) * elements, left);
     return zelStatusOk;
 }
 

@@ -102,7 +102,8 @@ constexpr int side_by_side = 2;
 // registers' memory. Returns the failing lanes. Straight-line code works on copies of its own, but
 // for vectors that no register file holds.
 template <class S, int N, bool vectors>
-[[gnu::noinline]] unsigned solve_lanes(S *matrix, S *values, [[maybe_unused]] S *vector, int order) {
+[[gnu::noinline]] unsigned solve_lanes(S *matrix, S *values, [[maybe_unused]] S *vector,
+                                       int order) {
     const auto solve = [&](auto n, S *a, S *d, S *e) __attribute__((always_inline)) {
         Outcome<S> outcome;
         if constexpr (!vectors) {
@@ -121,9 +122,8 @@ template <class S, int N, bool vectors>
         return solve(order, matrix, values, e);
     } else {
         S a[N * N], d[N], e[N];
-        unroll<N>(ZELM_EACH(i) {
-            unroll<i + 1>(ZELM_EACH(j) { a[i * N + j] = matrix[i * N + j]; });
-        });
+        unroll<N>(
+            ZELM_EACH(i) { unroll<i + 1>(ZELM_EACH(j) { a[i * N + j] = matrix[i * N + j]; }); });
         const unsigned failing = solve(Fixed<N>{}, a, d, e);
         unroll<N>(ZELM_EACH(i) { values[i] = d[i]; });
         return failing;
@@ -152,8 +152,6 @@ unsigned solve_lanes(S *a, S *d, S *z, int n) {
         return solve_lanes<S, 3, vectors>(a, d, z, n);
     case 4:
         return solve_lanes<S, 4, vectors>(a, d, z, n);
-    case 6:
-        return solve_lanes<S, 6, vectors>(a, d, z, n);
     default:
         return solve_lanes<S, 0, vectors>(a, d, z, n);
     }
@@ -178,24 +176,26 @@ ZELM_INLINE unsigned solve_group(const Group &group, int n, const Source &x, con
                 });
     };
     const Shape shape = {n, n};
-    all(n, [&](auto &part, int i, int j, int r) __attribute__((always_inline)) {
-        load_row<T>(part, x, group.first + r * L, shape, i, j);
-        unroll<sizeof part / sizeof *part>(ZELM_EACH(k) { a[i * n + j + k].r[r] = part[k]; });
-    });
+    all(
+        n, [&](auto &part, int i, int j, int r) __attribute__((always_inline)) {
+            load_row<T>(part, x, group.first + r * L, shape, i, j);
+            unroll<sizeof part / sizeof *part>(ZELM_EACH(k) { a[i * n + j + k].r[r] = part[k]; });
+        });
     const unsigned failing = solve_lanes<S, vectors>(a, d, z, n);
     if (!group.stores(failing))
         return failing;
-    all(1, [&](auto &part, int, int j, int r) __attribute__((always_inline)) {
-        unroll<sizeof part / sizeof *part>(ZELM_EACH(k) { part[k] = d[j + k].r[r]; });
-        store_row<T>(values, group.first + r * L, {1, n}, 0, j, part);
-    });
-    if constexpr (vectors)
-        all(n, [&](auto &part, int i, int j, int r) __attribute__((always_inline)) {
-            unroll<sizeof part / sizeof *part>(ZELM_EACH(k) {
-                part[k] = without_signed_zero(z[(j + k) * n + i].r[r]);
-            });
-            store_row<T>(y, group.first + r * L, shape, i, j, part);
+    all(
+        1, [&](auto &part, int, int j, int r) __attribute__((always_inline)) {
+            unroll<sizeof part / sizeof *part>(ZELM_EACH(k) { part[k] = d[j + k].r[r]; });
+            store_row<T>(values, group.first + r * L, {1, n}, 0, j, part);
         });
+    if constexpr (vectors)
+        all(
+            n, [&](auto &part, int i, int j, int r) __attribute__((always_inline)) {
+                unroll<sizeof part / sizeof *part>(
+                    ZELM_EACH(k) { part[k] = without_signed_zero(z[(j + k) * n + i].r[r]); });
+                store_row<T>(y, group.first + r * L, shape, i, j, part);
+            });
     return failing;
 }
 
@@ -247,17 +247,17 @@ ZELM_INLINE ZelStatus solve_array(const Source &source, const Destination &desti
 }
 
 template <int N, class T, class Destination>
-[[gnu::noinline]] ZelStatus
-solve_dense_array(const Standard<const T, 2, true> &source, const Destination &destination,
-                  const Values<T> &values, void *buffer, int count) {
+[[gnu::noinline]] ZelStatus solve_dense_array(const Standard<const T, 2, true> &source,
+                                              const Destination &destination,
+                                              const Values<T> &values, void *buffer, int count) {
     const auto alone = [&](int k) __attribute__((noinline)) {
         return y8_ownzelmEigenValuesSym_m(source, destination, values, buffer, N, k);
     };
     const auto x = detail::as_dense(walked<N, N>(source));
     const auto d = detail::as_dense(walked<1, N>(values));
     return solve_array(
-        source, destination, values, N, count,
-        [&](const auto &overlap) __attribute__((always_inline)) {
+        source, destination, values, N,
+        count, [&](const auto &overlap) __attribute__((always_inline)) {
             if constexpr (wants_vectors<Destination>)
                 return walk_groups<T, side_by_side>(
                     count, overlap,
@@ -289,8 +289,8 @@ template <class Source, class Destination, class T>
     const auto x = walked<elements>(source, shape);
     const auto d = walked<largest_lane_order>(values, {1, n});
     return solve_array(
-        source, destination, values, n, count,
-        [&](const auto &overlap) __attribute__((always_inline)) {
+        source, destination, values, n,
+        count, [&](const auto &overlap) __attribute__((always_inline)) {
             if constexpr (wants_vectors<Destination>)
                 return walk_groups<T, side_by_side>(
                     count, overlap,

@@ -21,8 +21,8 @@ struct EigenLimits {
     static constexpr T tiny = single ? T(0x1p-125) : T(0x1p-1021);
     // Matrices with a largest element in this range are worked on as they are: no square overflows,
     // and none underflows of what counts beside that element.
-    static constexpr T least = single ? T(0x1p-30) : T(0x1p-300);
-    static constexpr T most = single ? T(0x1p30) : T(0x1p300);
+    static constexpr T least = single ? T(0x1p-20) : T(0x1p-200);
+    static constexpr T most = single ? T(0x1p20) : T(0x1p200);
     // Sums of squares below this have lost accuracy to underflow.
     static constexpr T least_square = single ? T(0x1p-90) : T(0x1p-900);
     // An eigenvector that grows beyond this is scaled.
@@ -64,7 +64,8 @@ ZELM_INLINE void along_run(int from, int to, const F &f) {
         f(j, T{});
 }
 
-template <class T, bool vectors>
+// Of an order known when compiled, or of order n.
+template <class T, bool vectors, int order>
 class GeneralEigen {
 public:
     using Run = Unaligned<T> *;
@@ -80,26 +81,31 @@ public:
           v_(work + std::ptrdiff_t{3} * n),
           n_(n) {}
 
-    // Of the matrix given: its values, its quasi-triangular form and the transformation to it.
-    // False where the sweeps do not suffice.
+    // Of the matrix given, which may be scaled: its values, its quasi-triangular form and the
+    // transformation to it. False where the sweeps do not suffice.
     [[gnu::noinline]] bool decompose() {
-        const int exponent = scale();
+        exponent_ = scale();
         reduce();
         if (!iterate())
             return false;
         if constexpr (vectors)
             measure();
-        exponent_ = exponent;
         return true;
     }
-    T re(int i) const { return unscaled(re_[i]); }
-    T im(int i) const { return unscaled(im_[i]); }
+    // Once the vectors have been found.
+    void unscale() const {
+        if (exponent_ != 0)
+            for (int i = 0; i < n(); ++i) {
+                re_[i] = std::ldexp(T(re_[i]), exponent_);
+                im_[i] = std::ldexp(T(im_[i]), exponent_);
+            }
+    }
 
     // Turns the transformation, or a copy of it, into the right or left eigenvectors, one in each
     // run, a pair in two: the real part and the imaginary part of the first.
     template <bool left>
     [[gnu::noinline]] void find_vectors(Run to) {
-        for (int j = n_ - 1; j >= 0; --j)
+        for (int j = n() - 1; j >= 0; --j)
             if (im_[place<left>(j)] == 0) {
                 solve_real<left>(j);
                 combine_real<left>(to, j);
@@ -111,13 +117,13 @@ public:
     }
 
 private:
-    ZELM_INLINE Run row(int i) const { return matrix_ + std::ptrdiff_t{i} * n_; }
-    ZELM_INLINE Run run_of(Run runs, int j) const { return runs + std::ptrdiff_t{j} * n_; }
-    T unscaled(T x) const { return exponent_ == 0 ? x : std::ldexp(x, exponent_); }
+    ZELM_INLINE int n() const { return order > 0 ? order : n_; }
+    ZELM_INLINE Run row(int i) const { return matrix_ + std::ptrdiff_t{i} * n(); }
+    ZELM_INLINE Run run_of(Run runs, int j) const { return runs + std::ptrdiff_t{j} * n(); }
 
     // Brings the largest element near 1 where it is out of the range; returns the exponent taken.
     int scale() const {
-        const std::ptrdiff_t elements = std::ptrdiff_t{n_} * n_;
+        const std::ptrdiff_t elements = std::ptrdiff_t{n()} * n();
         T largest = 0;
         for (std::ptrdiff_t e = 0; e < elements; ++e) {
             const T x = magnitude(T(matrix_[e]));
@@ -144,10 +150,10 @@ private:
     // Hessenberg form; what is below is set to zero.
     void reduce() const {
         if constexpr (vectors)
-            for (int j = 0; j < n_; ++j)
-                for (int r = 0; r < n_; ++r)
+            for (int j = 0; j < n(); ++j)
+                for (int r = 0; r < n(); ++r)
                     run_of(transform_, j)[r] = r == j;
-        const int n = n_;
+        const int n = this->n();
         const Run v = u_;
         for (int k = 0; k + 2 < n; ++k) {
             T square = 0;
@@ -160,7 +166,7 @@ private:
                 continue;
             }
             const T length = hypotenuse(magnitude(alpha), rest);
-            const T beta = alpha < 0 ? length : -length;
+            const T beta = -std::copysign(length, alpha);
             const T tau = (beta - alpha) / beta, factor = 1 / (alpha - beta);
             v[k + 1] = 1;
             for (int i = k + 2; i < n; ++i) {
@@ -210,15 +216,15 @@ private:
         T beside = magnitude(T(row(k - 1)[k - 1])) + magnitude(T(row(k)[k]));
         if (beside == 0) {
             beside = k > 1 ? magnitude(T(row(k - 1)[k - 2])) : 0;
-            beside = beside + (k + 1 < n_ ? magnitude(T(row(k + 1)[k])) : 0);
+            beside = beside + (k + 1 < n() ? magnitude(T(row(k + 1)[k])) : 0);
         }
         return below <= Limits::epsilon * beside;
     }
 
     bool iterate() const {
-        int budget = 30 * n_; // orders are far below what this could wrap
-        int sweeps = 0;       // since the last value
-        for (int bottom = n_ - 1; bottom >= 0;) {
+        int budget = 30 * n(); // orders are far below what this could wrap
+        int sweeps = 0;        // since the last value
+        for (int bottom = n() - 1; bottom >= 0;) {
             int top = bottom;
             while (top > 0 && !negligible(top))
                 --top;
@@ -255,7 +261,7 @@ private:
             im_[i] = -root;
             return;
         }
-        const T z = p < 0 ? p - root : p + root;
+        const T z = p + std::copysign(root, p);
         re_[i - 1] = d + z;
         re_[i] = z == 0 ? d : d - c * b / z;
         im_[i - 1] = im_[i] = 0;
@@ -266,7 +272,7 @@ private:
             const T s = x / length, t = y / length;
             const auto turn = [&](Run first, Run second, int from) __attribute__((always_inline)) {
                 along_run<T>(
-                    from, n_, [&](int j, auto zero) __attribute__((always_inline)) {
+                    from, n(), [&](int j, auto zero) __attribute__((always_inline)) {
                         using V = decltype(zero);
                         const V f = load<V>(first + j), g = load<V>(second + j);
                         store<V>(first + j, splat<V>(t) * f + splat<V>(s) * g);
@@ -303,13 +309,10 @@ private:
         for (;; --first) {
             const T z = row(first)[first];
             const T x = last - z, y = before - z;
-            p = (x * y - product) / row(first + 1)[first] + row(first)[first + 1];
-            q = row(first + 1)[first + 1] - z - x - y;
-            r = row(first + 2)[first + 1];
-            const T size = 1 / (magnitude(p) + magnitude(q) + magnitude(r));
-            p = p * size;
-            q = q * size;
-            r = r * size;
+            const T below = row(first + 1)[first];
+            p = x * y - product + row(first)[first + 1] * below;
+            q = (row(first + 1)[first + 1] - z - x - y) * below;
+            r = row(first + 2)[first + 1] * below;
             if (first == top)
                 break;
             const T above = magnitude(T(row(first - 1)[first - 1])) + magnitude(z) +
@@ -336,7 +339,7 @@ private:
                 r = r / size;
                 square = p * p + q * q + r * r;
             }
-            const T length = square_root(square), s = p < 0 ? -length : length;
+            const T length = square_root(square), s = std::copysign(length, p);
             if (k > first) {
                 row(k)[k - 1] = -s * size;
                 row(k + 1)[k - 1] = 0;
@@ -361,7 +364,7 @@ private:
     template <bool three>
     ZELM_INLINE void reflect(int top, int bottom, int k, T x, T y, T z, T q, T r) const {
         const auto runs = [&](Run first, int from, int to) __attribute__((always_inline)) {
-            const Run second = first + n_, third = second + n_;
+            const Run second = first + n(), third = second + n();
             along_run<T>(
                 from, to, [&](int j, auto zero) __attribute__((always_inline)) {
                     using V = decltype(zero);
@@ -377,7 +380,7 @@ private:
                 });
         };
         // Only the block takes part where the triangular form is not wanted.
-        runs(row(k), k, vectors ? n_ : bottom + 1);
+        runs(row(k), k, vectors ? n() : bottom + 1);
         const int end = k + 3 < bottom ? k + 3 : bottom;
         for (int i = vectors ? 0 : top; i <= end; ++i) {
             const Run a = row(i) + k;
@@ -395,9 +398,9 @@ private:
     // Columns of the transformation are its runs.
     template <bool three>
     ZELM_INLINE void transform_reflected(int k, T x, T y, T z, T q, T r) const {
-        const Run first = run_of(transform_, k), second = first + n_, third = second + n_;
+        const Run first = run_of(transform_, k), second = first + n(), third = second + n();
         along_run<T>(
-            0, n_, [&](int j, auto zero) __attribute__((always_inline)) {
+            0, n(), [&](int j, auto zero) __attribute__((always_inline)) {
                 using V = decltype(zero);
                 const V f = load<V>(first + j), g = load<V>(second + j);
                 V w = splat<V>(x) * f + splat<V>(y) * g;
@@ -417,18 +420,18 @@ private:
 
     template <bool left>
     ZELM_INLINE int place(int i) const {
-        return left ? n_ - 1 - i : i;
+        return left ? n() - 1 - i : i;
     }
     template <bool left>
     ZELM_INLINE T element(int i, int j) const {
-        return left ? row(n_ - 1 - j)[n_ - 1 - i] : row(i)[j];
+        return left ? row(n() - 1 - j)[n() - 1 - i] : row(i)[j];
     }
     // Divisors below this are replaced by it.
     void measure() {
         T largest = 0;
-        for (int i = 0; i < n_; ++i) {
+        for (int i = 0; i < n(); ++i) {
             T sum = 0;
-            for (int j = i > 0 ? i - 1 : 0; j < n_; ++j)
+            for (int j = i > 0 ? i - 1 : 0; j < n(); ++j)
                 sum = sum + magnitude(T(row(i)[j]));
             largest = sum > largest ? sum : largest;
         }
@@ -529,27 +532,27 @@ private:
         T square = 0;
         const Run to = run_of(runs, place<left>(j));
         along_run<T>(
-            0, n_, [&](int r, auto zero) __attribute__((always_inline)) {
+            0, n(), [&](int r, auto zero) __attribute__((always_inline)) {
                 using V = decltype(zero);
                 V sum = splat<V>(u_[0]) * load<V>(run_of(runs, place<left>(0)) + r);
                 for (int k = 1; k <= j; ++k)
                     sum = sum + splat<V>(u_[k]) * load<V>(run_of(runs, place<left>(k)) + r);
                 store<V>(to + r, sum);
             });
-        for (int r = 0; r < n_; ++r)
+        for (int r = 0; r < n(); ++r)
             square = square + to[r] * to[r];
         if (square > Limits::tiny) {
             const T factor = 1 / square_root(square);
-            for (int r = 0; r < n_; ++r)
+            for (int r = 0; r < n(); ++r)
                 to[r] = to[r] * factor;
         }
     }
     template <bool left>
     void combine_complex(Run runs, int j) const {
-        const Run real = run_of(runs, left ? place<left>(j) : j - 1), imaginary = real + n_;
+        const Run real = run_of(runs, left ? place<left>(j) : j - 1), imaginary = real + n();
         const T sign = left ? -1 : 1; // u^H, not u^T
         along_run<T>(
-            0, n_, [&](int r, auto zero) __attribute__((always_inline)) {
+            0, n(), [&](int r, auto zero) __attribute__((always_inline)) {
                 using V = decltype(zero);
                 V re = splat<V>(0), im = splat<V>(0);
                 for (int k = 0; k <= j; ++k) {
@@ -561,12 +564,12 @@ private:
                 store<V>(imaginary + r, splat<V>(sign) * im);
             });
         T square_re = 0, square_im = 0;
-        for (int r = 0; r < n_; ++r) {
+        for (int r = 0; r < n(); ++r) {
             square_re = square_re + real[r] * real[r];
             square_im = square_im + imaginary[r] * imaginary[r];
         }
         const T factor = 1 / square_root(square_re + square_im);
-        for (int r = 0; r < n_; ++r) {
+        for (int r = 0; r < n(); ++r) {
             real[r] = real[r] * factor;
             imaginary[r] = imaginary[r] * factor;
         }
