@@ -26,6 +26,7 @@ namespace {
 
 constexpr double grid_spacing = 10;     // metres
 constexpr double rounding_noise = 0.29; // metres, the standard deviation of rounding to whole ones
+constexpr double flat = 0.003;          // 1/m, a third of a kilometre of radius is straight
 constexpr int most_refined = 1000;
 constexpr long long most_cells = 1'300'000; // a cell takes about 2.3 kB
 
@@ -45,6 +46,7 @@ constexpr const char *usage =
     "  --output FILE  the map, a PNG (default: terrain.png)\n"
     "  --refine N     work on a grid that is N times finer in both directions; 14\n"
     "                 makes a million points of the default grid (about 2.4 GB)\n"
+    "  --forms        colour by form (peak, ridge, saddle, valley, pit), not by slope\n"
     "  --help         this text\n";
 
 struct UsageError : std::runtime_error {
@@ -55,6 +57,7 @@ struct Options {
     std::string input = TERRAIN_DEFAULT_INPUT;
     std::string output = "terrain.png";
     int refine = 1;
+    bool forms = false;
     bool help = false;
 };
 
@@ -84,6 +87,8 @@ Options parse(int argc, char **argv) {
         };
         if (argument == "--help")
             options.help = true;
+        else if (argument == "--forms")
+            options.forms = true;
         else if (name == "--input")
             options.input = value();
         else if (name == "--output")
@@ -161,6 +166,18 @@ void report_slopes(const terrain::Fit &fit) {
                 sum / static_cast<double>(fit.height.values.size()));
 }
 
+void report_forms(const terrain::Curvature &curvature) {
+    const auto [least, any] = std::minmax_element(curvature.least.begin(), curvature.least.end());
+    const auto most = std::max_element(curvature.most.begin(), curvature.most.end());
+    static_cast<void>(any);
+    std::printf("curvature   %.3g to %.3g per metre, found in %.1f ms;", *least, *most,
+                1e3 * curvature.seconds);
+    for (std::size_t form = 0; form < terrain::form_names.size(); ++form)
+        std::printf("%s %s %.1f %%", form == 0 ? "\n           " : ",", terrain::form_names[form],
+                    100 * curvature.share(static_cast<terrain::Form>(form)));
+    std::printf("\n");
+}
+
 void run(const Options &options) {
     const terrain::Grid measured = read_checked(options);
     const File output = open_output(options);
@@ -181,7 +198,11 @@ void run(const Options &options) {
         throw std::runtime_error("the solutions are not accurate");
     report_slopes(fit);
 
-    const terrain::Picture picture = terrain::draw(fit, spacing);
+    const terrain::Curvature curvature = terrain::find_curvature(fit, flat);
+    report_forms(curvature);
+
+    const terrain::Picture picture =
+        terrain::draw(fit, spacing, options.forms ? &curvature : nullptr);
     terrain::write_png(picture, output.get(), options.output);
     std::printf("picture     %s, %d x %d pixels\n", options.output.c_str(), picture.width,
                 picture.height);

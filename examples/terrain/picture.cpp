@@ -50,6 +50,16 @@ Colour slope_colour(double degrees) {
     return slope_colours.back().colour;
 }
 
+// The nearer to the line of its ridge or valley, the stronger.
+Colour form_colour(const Curvature &curvature, int row, int column) {
+    const auto &of_form = form_colours.at(static_cast<std::size_t>(curvature.form(row, column)));
+    const std::size_t cell =
+        static_cast<std::size_t>(row) * static_cast<std::size_t>(curvature.columns) +
+        static_cast<std::size_t>(column);
+    return mix({236, 236, 226}, {of_form[0], of_form[1], of_form[2]},
+               0.6 + 0.4 * curvature.definiteness[cell]);
+}
+
 // Light on a surface that rises by `east` and `north` (metres per metre), 1 on level ground. A lamp
 // in the north-west does most of it; two weak ones beside it keep slopes along its rays apart. The
 // relief is shown steeper than it is.
@@ -103,7 +113,7 @@ std::uint8_t channel(double value) {
 
 } // namespace
 
-Picture draw(const Fit &fit, double spacing) {
+Picture draw(const Fit &fit, double spacing, const Curvature *curvature) {
     constexpr int wanted = 1000; // pixels of the longer side
     constexpr int largest_scale = 16;
     const int longer = std::max(fit.height.rows, fit.height.columns);
@@ -119,7 +129,10 @@ Picture draw(const Fit &fit, double spacing) {
             const double north = rises_by_row.row(row)[column];
             const double east = -rises_by_column.row(row)[column];
             const double rise = std::hypot(north, east);
-            const Colour colour = slope_colour(std::atan(rise) * 180 / std::numbers::pi);
+            const Colour colour = curvature
+                                      ? form_colour(*curvature, (row + scale / 2) / scale,
+                                                    (column + scale / 2) / scale)
+                                      : slope_colour(std::atan(rise) * 180 / std::numbers::pi);
             const Colour lit = shade(colour, light(east, north));
             const double line = contour(heights.row(row)[column], rise, spacing / scale);
             const Colour pixel = mix(lit, {60, 40, 30}, 0.45 * line);

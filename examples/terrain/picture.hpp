@@ -1,5 +1,6 @@
 #pragma once
 
+#include "curvature.hpp"
 #include "fit.hpp"
 
 #include <cstdint>
@@ -18,8 +19,8 @@ struct Picture {
 // A map with north on top: the colour tells the slope, the shading the direction it faces, the
 // lines the height in steps of 10 m. Small grids are enlarged to about a thousand pixels. The rows
 // of the fit follow one another from south to north, its columns from east to west. `spacing` is
-// the distance of its cells in metres.
-Picture draw(const Fit &fit, double spacing);
+// the distance of its cells in metres. With a curvature the colour tells the form instead.
+Picture draw(const Fit &fit, double spacing, const Curvature *curvature = nullptr);
 
 // Writes a PNG. `path` serves for the message of the std::runtime_error only.
 void write_png(const Picture &picture, std::FILE *file, const std::string &path);
