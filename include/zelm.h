@@ -2124,15 +2124,13 @@ ZELM_API ZelStatus zelmLUBackSubst_mava_64f_L(const double *const *ppSrc, int sr
  * Computations, 8.3.
  *
  * Scale your matrices: all thresholds are absolute. With epsilon = 2^-23 (32f) or 2^-52 (64f),
- * off-diagonal elements of the tridiagonal form up to 2 * epsilon count as zero, columns whose
- * part below the subdiagonal is shorter than about sqrt(epsilon) beside a larger subdiagonal
- * element, or than about sqrt(epsilon) / 2 in all, are not reflected, and a matrix whose
- * determinant is at most epsilon in magnitude is singular. The errors are small beside the values
- * where the norm of the matrix is about 1 to 1000. Matrices with a norm far below 1 come out as
- * singular, at orders above 2 with values that may be as wrong as sqrt(epsilon); matrices with a
- * norm far above 1 / epsilon of the wanted accuracy may fail to converge, as neighbouring values
- * are then further apart than the threshold can tell. Multiply the matrix by a power of two that
- * brings its norm near 1 to 10, and divide the values by it; the vectors stay the same.
+ * off-diagonal elements of the tridiagonal form up to 2 * epsilon count as zero; columns below the
+ * subdiagonal that are shorter than about sqrt(epsilon), beside a subdiagonal element near 1, are
+ * dropped; and a matrix whose determinant is at most epsilon in magnitude is singular. Norms of
+ * 1000 and more, up to 2^60 (32f) or 2^500 (64f), give errors of some epsilon of the norm. With
+ * norms near 1 neighbouring or equal values may be wrong by sqrt(epsilon); with smaller ones more
+ * and more elements count as zero and the matrix as singular. Multiply a matrix by a power of two
+ * that brings its norm to 1000 or more, and divide the values by it; the vectors stay the same.
  * NaN and infinity end in zelStatusNotConverged or in values that are NaN.
  *
  * Status, in this order:
@@ -2140,7 +2138,8 @@ ZELM_API ZelStatus zelmLUBackSubst_mava_64f_L(const double *const *ppSrc, int sr
  *   single matrices:  no count.
  * zelStatusSingular, order 2: nothing has been written for that matrix. Order 3 and above: its
  * values have been written, unsorted. Order 1 is never singular.
- * zelStatusNotConverged: 30 sweeps did not isolate a value; the values of that matrix are of no use.
+ * zelStatusNotConverged: 30 sweeps did not isolate a value; what has been written for that matrix
+ * is of no use.
  * An array is left at its first failing matrix: those before it are complete, those after it are
  * untouched. When several threads share an array, this holds in each thread's range of it.
  *
@@ -2313,7 +2312,7 @@ ZELM_API ZelStatus zelmEigenValues_ma_64f_L(const double *const *ppSrc, int srcR
 /* ============================================================================================== */
 
 /* As zelmEigenValues, with the right eigenvectors v in pDstRight and the left eigenvectors u in
- * pDstLeft: A * v = lambda * v and u^H * A = lambda * u^H. Column i belongs to value i. Of a pair of
+ * pDstLeft: A * v = lambda * v and u^H * A = lambda * u^H. Column i belongs to value i. Of two
  * conjugate values in places j and j + 1, column j holds the real part and column j + 1 the
  * imaginary part of the vector of value j, the one with the positive imaginary part; that of value
  * j + 1 is its conjugate. Every vector, real or complex, has Euclidean length 1.
