@@ -35,15 +35,15 @@ void add_eigen(Rows &rows) {
                          .bound = bound});
     };
     for (const Order &o : symmetric_orders) {
-        add("symmetric eigenvectors", bench_symmetric, o.order, symmetric<T>, o.vectors,
+        add("eigen sym", bench_symmetric, o.order, symmetric<T>, o.vectors,
             "roots and quotients");
-        add("symmetric eigenvalues", bench_symmetric_values, o.order, symmetric_values<T>, o.values,
+        add("values sym", bench_symmetric_values, o.order, symmetric_values<T>, o.values,
             "roots and quotients");
     }
     for (const Order &o : general_orders) {
-        add("right eigenvectors", bench_right_vectors, o.order, right_vectors<T>, o.vectors,
+        add("eigen right", bench_right_vectors, o.order, right_vectors<T>, o.vectors,
             "latency");
-        add("eigenvalues", bench_general_values, o.order, general_values<T>, o.values, "latency");
+        add("values", bench_general_values, o.order, general_values<T>, o.values, "latency");
     }
 }
 
