@@ -70,6 +70,7 @@ int run(const Options &options, char *program) {
     add_cholesky_rows(rows);
     add_invert_rows(rows);
     add_qr_rows(rows);
+    add_eigen_rows(rows);
     add_mul_rows(rows);
     add_sum_rows(rows);
     add_geometry_rows(rows);

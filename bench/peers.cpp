@@ -5,8 +5,8 @@
 
 namespace zelm::bench {
 namespace {
-constexpr const char *modules[] = {"loop", "eigen",  "eigen_factors", "glm",
-                                   "cglm", "lapack", "xsmm"};
+constexpr const char *modules[] = {"loop", "eigen", "eigen_factors", "eigen_values",
+                                   "glm",  "cglm",  "lapack",        "xsmm"};
 }
 
 Peers::Peers(const std::string &folder) {

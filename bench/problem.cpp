@@ -373,6 +373,65 @@ double least_squares_error(const BenchProblem &p) {
     return worst.worst();
 }
 
+// Residuals and, of symmetric matrices, the angles between the vectors.
+template <class T>
+double vector_error(const BenchProblem &p, bool symmetric) {
+    Worst<T> worst;
+    const int order = p.rows;
+    const auto bound = 60 * order * order * epsilon<T>;
+    for (int n = 0; n < p.count; ++n)
+        for (int j = 0; j < order; ++j) {
+            const Wider<T> re = at<T>(p.b, n, 0, j);
+            const Wider<T> im = symmetric ? 0 : at<T>(p.factors, n, 0, j);
+            const bool second = im < 0; // the conjugate of the vector before it
+            const int x = second ? j - 1 : j;
+            const auto imaginary = [&](int i) -> Wider<T> {
+                return im == 0 ? 0 : at<T>(p.c, n, i, x + 1) * (second ? -1 : 1);
+            };
+            Wider<T> length = 0;
+            for (int i = 0; i < order; ++i)
+                length += std::abs(Wider<T>{at<T>(p.c, n, i, x)}) + std::abs(imaginary(i));
+            for (int i = 0; i < order; ++i) {
+                Wider<T> real = 0, other = 0, angle = i == j;
+                for (int k = 0; k < order; ++k) {
+                    const auto a = Wider<T>{at<T>(p.a, n, i, k)};
+                    real += a * at<T>(p.c, n, k, x);
+                    other += a * imaginary(k);
+                    angle -= Wider<T>{at<T>(p.c, n, k, i)} * at<T>(p.c, n, k, j);
+                }
+                const Wider<T> v = at<T>(p.c, n, i, x), w = imaginary(i);
+                worst.add(real, re * v - im * w, bound * length);
+                worst.add(other, re * w + im * v, bound * length);
+                if (symmetric)
+                    worst.add(angle, 0, bound);
+            }
+        }
+    return worst.worst();
+}
+
+// The sum of the values is the trace, that of their squares the trace of the square.
+template <class T>
+double value_error(const BenchProblem &p, bool symmetric) {
+    Worst<T> worst;
+    const int order = p.rows;
+    for (int n = 0; n < p.count; ++n) {
+        Wider<T> trace = 0, square = 0, sum = 0, sum_of_squares = 0;
+        for (int i = 0; i < order; ++i) {
+            const Wider<T> re = at<T>(p.c, n, 0, i);
+            const Wider<T> im = symmetric ? 0 : at<T>(p.factors, n, 0, i);
+            sum += re;
+            sum_of_squares += re * re - im * im;
+            trace += at<T>(p.a, n, i, i);
+            for (int k = 0; k < order; ++k)
+                square += Wider<T>{at<T>(p.a, n, i, k)} * at<T>(p.a, n, k, i);
+        }
+        const auto bound = 60 * order * order * order * epsilon<T>;
+        worst.add(sum, trace, bound);
+        worst.add(sum_of_squares, square, bound);
+    }
+    return worst.worst();
+}
+
 template <class T>
 double work_error(const BenchProblem &p, BenchWork work, BenchPivots pivots) {
     switch (work) {
@@ -406,6 +465,12 @@ double work_error(const BenchProblem &p, BenchWork work, BenchPivots pivots) {
     case bench_normalize:
     case bench_look_at:
         return frame_error(p, work);
+    case bench_symmetric:
+    case bench_right_vectors:
+        return vector_error<T>(p, work == bench_symmetric);
+    case bench_symmetric_values:
+    case bench_general_values:
+        return value_error<T>(p, work == bench_symmetric_values);
     }
     return std::numeric_limits<double>::quiet_NaN();
 }
@@ -475,6 +540,16 @@ Workspace::Workspace(BenchWork work, ElementType type, Shape shape, BenchMemory 
         a_ = {3, 3};
         c_ = {4, 4};
         break;
+    case bench_symmetric:
+    case bench_right_vectors:
+        a_ = c_ = square;
+        b_ = vector;
+        break;
+    case bench_symmetric_values:
+    case bench_general_values:
+        a_ = square;
+        c_ = vector;
+        break;
     }
     problem_.a = place(a_, memory, work == bench_mul_mma);
     if (b_.rows > 0)
@@ -488,6 +563,8 @@ Workspace::Workspace(BenchWork work, ElementType type, Shape shape, BenchMemory 
         problem_.factors = place(a_, memory, false);
     buffer_.resize(static_cast<std::size_t>(shape.rows) * static_cast<std::size_t>(shape.rows + 1));
     problem_.buffer = buffer_.data();
+    if (work == bench_right_vectors || work == bench_general_values)
+        problem_.factors = place(vector, memory, false);
 
     const auto list = [&](const BenchOperand &o, Extent extent, std::vector<void *> &elements,
                           std::vector<void *> &objects) {
@@ -555,7 +632,10 @@ void Workspace::fill(unsigned seed) {
         for (int n = 0; n < count; ++n)
             for (int i = 0; i < extent.rows; ++i)
                 for (int j = 0; j < extent.columns; ++j)
-                    at<T>(o, n, i, j) = static_cast<T>(random.next());
+                    if (j >= i || !is_symmetric())
+                        at<T>(o, n, i, j) = static_cast<T>(random.next());
+                    else
+                        at<T>(o, n, i, j) = at<T>(o, n, j, i);
     };
     for (const auto &[operand, extent] : {std::pair{problem_.a, a_}, std::pair{problem_.b, b_}}) {
         if (type_ == ElementType::f32)

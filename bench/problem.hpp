@@ -39,10 +39,14 @@ public:
 
     // The largest error of the results in units of the largest that rounding explains: wrong above
     // 1 or not a number. The factors of bench_lu are multiplied out, solutions are put into their
-    // systems, other results are computed in a wider type, sums must be exact.
+    // systems, eigenvectors into theirs; of values alone the invariants are compared. Products are
+    // computed in a wider type, sums must be exact.
     double error(BenchPivots pivots) const;
 
 private:
+    bool is_symmetric() const {
+        return work_ == bench_symmetric || work_ == bench_symmetric_values;
+    }
     struct Free {
         void operator()(void *p) const { std::free(p); }
     };

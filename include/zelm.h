@@ -3750,6 +3750,434 @@ ZELM_API ZelStatus zelmUnproject_m4v3a_32f(const float *pMat1, const float *pMat
                                            float *pDst, int dstStride, int count, float width,
                                            float height, float minZ, float maxZ);
 
+/* ============================================================================================== */
+/* EigenValuesSym: Eigenvalues of symmetric matrices */
+/* ============================================================================================== */
+
+/* The eigenvalues of square matrices of order n = widthHeight that are taken as symmetric and not
+ * tested for it: the elements above the diagonal need not equal those below, and which of the two
+ * enter is not promised. The values of matrix k begin at element k * n of pDstValues, which has no
+ * gaps. pBuffer is scratch of n * n elements, whatever count is.
+ *
+ *   order 1:             the element.
+ *   order 2:             the value of the larger magnitude first. Where the trace is at most
+ *                        epsilon in magnitude the values are taken as opposite, the positive
+ *                        one first.
+ *   order 3 and above:   descending. Of a singular matrix in no particular order.
+ *
+ * Method: Householder reduction to tridiagonal form, then QL iteration with implicit shifts, or
+ * its mirror image QR where the first diagonal element is the larger one. Wilkinson, Reinsch:
+ * Handbook for Automatic Computation II, contributions II/2 and II/4; Golub, Van Loan: Matrix
+ * Computations, 8.3.
+ *
+ * Scale your matrices: all thresholds are absolute. With epsilon = 2^-23 (32f) or 2^-52 (64f),
+ * off-diagonal elements of the tridiagonal form up to 2 * epsilon count as zero; columns below the
+ * subdiagonal that are shorter than about sqrt(epsilon), beside a subdiagonal element near 1, are
+ * dropped; and a matrix whose determinant is at most epsilon in magnitude is singular. Norms of
+ * 1000 and more, up to 2^60 (32f) or 2^500 (64f), give errors of some epsilon of the norm. With
+ * norms near 1 neighbouring or equal values may be wrong by sqrt(epsilon); with smaller ones more
+ * and more elements count as zero and the matrix as singular. Multiply a matrix by a power of two
+ * that brings its norm to 1000 or more, and divide the values by it; the vectors stay the same.
+ * NaN and infinity end in zelStatusNotConverged or in values that are NaN.
+ *
+ * Status, in this order:
+ *   null pointer, bad size, bad count, bad offset, bad stride.
+ *   single matrices:  no count.
+ * zelStatusSingular, order 2: nothing has been written for that matrix. Order 3 and above: its
+ * values have been written, unsorted. Order 1 is never singular.
+ * zelStatusNotConverged: 30 sweeps did not isolate a value; what has been written for that matrix
+ * is of no use.
+ * An array is left at its first failing matrix: those before it are complete, those after it are
+ * untouched. When several threads share an array, this holds in each thread's range of it.
+ *
+ * pDstValues must not overlap the source or pBuffer, nor pBuffer the source. */
+ZELM_API ZelStatus zelmEigenValuesSym_m_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                            float *pBuffer, float *pDstValues, int widthHeight);
+ZELM_API ZelStatus zelmEigenValuesSym_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                            double *pBuffer, double *pDstValues, int widthHeight);
+ZELM_API ZelStatus zelmEigenValuesSym_m_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                              float *pBuffer, float *pDstValues, int widthHeight);
+ZELM_API ZelStatus zelmEigenValuesSym_m_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                              double *pBuffer, double *pDstValues, int widthHeight);
+ZELM_API ZelStatus zelmEigenValuesSym_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                             int srcStride2, float *pBuffer, float *pDstValues,
+                                             int widthHeight, int count);
+ZELM_API ZelStatus zelmEigenValuesSym_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                             int srcStride2, double *pBuffer, double *pDstValues,
+                                             int widthHeight, int count);
+ZELM_API ZelStatus zelmEigenValuesSym_ma_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                               int srcStride0, float *pBuffer, float *pDstValues,
+                                               int widthHeight, int count);
+ZELM_API ZelStatus zelmEigenValuesSym_ma_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                               int srcStride0, double *pBuffer, double *pDstValues,
+                                               int widthHeight, int count);
+ZELM_API ZelStatus zelmEigenValuesSym_ma_32f_L(const float *const *ppSrc, int srcRoiShift,
+                                               int srcStride1, int srcStride2, float *pBuffer,
+                                               float *pDstValues, int widthHeight, int count);
+ZELM_API ZelStatus zelmEigenValuesSym_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                               int srcStride1, int srcStride2, double *pBuffer,
+                                               double *pDstValues, int widthHeight, int count);
+
+/* ============================================================================================== */
+/* EigenValuesVectorsSym: Eigenvalues and eigenvectors of symmetric matrices */
+/* ============================================================================================== */
+
+/* As zelmEigenValuesSym, with the orthonormal eigenvectors: A * Z = Z * D. Column i of the
+ * destination, an n x n matrix in the description of the source, belongs to value i. The vectors
+ * have length 1 and no particular sign.
+ *
+ * What is said above of the method, the scale, the order of the values and the scratch holds; but
+ * the values and vectors of a singular matrix of order 3 and above are written in descending order.
+ *
+ * In place: the destination may be the source, at the same address (table, roi shift) and with the
+ * same strides. No other overlap is allowed, and none with pDstValues or pBuffer.
+ *
+ * Status, in this order:
+ *   null pointer, bad size, bad count, bad offset, bad stride.
+ *   single matrices:  no count.
+ * zelStatusSingular, order 2: nothing has been written for that matrix. Order 3 and above: its
+ * values and vectors are complete.
+ * zelStatusNotConverged: what has been written for that matrix is of no use.
+ * An array is left at its first failing matrix: those before it are complete, those after it are
+ * untouched. When several threads share an array, this holds in each thread's range of it. */
+ZELM_API ZelStatus zelmEigenValuesVectorsSym_m_32f(const float *pSrc, int srcStride1,
+                                                   int srcStride2, float *pBuffer, float *pDst,
+                                                   int dstStride1, int dstStride2,
+                                                   float *pDstValues, int widthHeight);
+ZELM_API ZelStatus zelmEigenValuesVectorsSym_m_64f(const double *pSrc, int srcStride1,
+                                                   int srcStride2, double *pBuffer, double *pDst,
+                                                   int dstStride1, int dstStride2,
+                                                   double *pDstValues, int widthHeight);
+ZELM_API ZelStatus zelmEigenValuesVectorsSym_m_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                     float *pBuffer, float *const *ppDst,
+                                                     int dstRoiShift, float *pDstValues,
+                                                     int widthHeight);
+ZELM_API ZelStatus zelmEigenValuesVectorsSym_m_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                     double *pBuffer, double *const *ppDst,
+                                                     int dstRoiShift, double *pDstValues,
+                                                     int widthHeight);
+ZELM_API ZelStatus zelmEigenValuesVectorsSym_ma_32f(const float *pSrc, int srcStride0,
+                                                    int srcStride1, int srcStride2, float *pBuffer,
+                                                    float *pDst, int dstStride0, int dstStride1,
+                                                    int dstStride2, float *pDstValues,
+                                                    int widthHeight, int count);
+ZELM_API ZelStatus zelmEigenValuesVectorsSym_ma_64f(const double *pSrc, int srcStride0,
+                                                    int srcStride1, int srcStride2, double *pBuffer,
+                                                    double *pDst, int dstStride0, int dstStride1,
+                                                    int dstStride2, double *pDstValues,
+                                                    int widthHeight, int count);
+ZELM_API ZelStatus zelmEigenValuesVectorsSym_ma_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                      int srcStride0, float *pBuffer,
+                                                      float *const *ppDst, int dstRoiShift,
+                                                      int dstStride0, float *pDstValues,
+                                                      int widthHeight, int count);
+ZELM_API ZelStatus zelmEigenValuesVectorsSym_ma_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                      int srcStride0, double *pBuffer,
+                                                      double *const *ppDst, int dstRoiShift,
+                                                      int dstStride0, double *pDstValues,
+                                                      int widthHeight, int count);
+ZELM_API ZelStatus zelmEigenValuesVectorsSym_ma_32f_L(const float *const *ppSrc, int srcRoiShift,
+                                                      int srcStride1, int srcStride2,
+                                                      float *pBuffer, float *const *ppDst,
+                                                      int dstRoiShift, int dstStride1,
+                                                      int dstStride2, float *pDstValues,
+                                                      int widthHeight, int count);
+ZELM_API ZelStatus zelmEigenValuesVectorsSym_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                                      int srcStride1, int srcStride2,
+                                                      double *pBuffer, double *const *ppDst,
+                                                      int dstRoiShift, int dstStride1,
+                                                      int dstStride2, double *pDstValues,
+                                                      int widthHeight, int count);
+
+/* ============================================================================================== */
+/* EigenValues: Eigenvalues of general matrices */
+/* ============================================================================================== */
+
+/* The eigenvalues of real square matrices of order n = widthHeight. Value i of matrix k has its
+ * real part in element k * n + i of pDstValuesRe and its imaginary part in element k * n + i of
+ * pDstValuesIm, which have no gaps. Real values have the imaginary part 0. A pair of conjugate
+ * values takes two consecutive places, the one with the positive imaginary part first, with equal
+ * real parts. The values are not sorted: they stand as on the diagonal of the quasi-triangular
+ * form, those of a triangular matrix as on its own diagonal.
+ *
+ * pBuffer is scratch of the size that zelmEigenValuesGetBufSize tells, whatever count is.
+ *
+ * Method: Householder reduction to Hessenberg form and double-shift QR iteration. Golub, Van Loan:
+ * Matrix Computations, 7.4 and 7.5; Martin, Peters, Wilkinson: Handbook for Automatic Computation
+ * II, contribution II/14. Negligible is what is small beside its neighbours. Matrices whose largest
+ * element is very large or very small are scaled by a power of two on the way, so that any scale
+ * will do; columns of the reduction that are shorter than the square root of the smallest normal
+ * number beside that largest element count as zero.
+ *
+ * Status, in this order:
+ *   null pointer, bad size, bad count, bad offset, bad stride.
+ *   single matrices:  no count.
+ * zelStatusNotConverged: 30 * n sweeps have not isolated all values; the outputs of that matrix are
+ * of no use. Matrices with NaN or infinity may end so, or in values that are NaN. An array is left
+ * at its first failing matrix: those before it are complete, those after it are untouched. When
+ * several threads share an array, this holds in each thread's range of it.
+ *
+ * No output may overlap another output, pBuffer or the source. */
+ZELM_API ZelStatus zelmEigenValues_m_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                         float *pDstValuesRe, float *pDstValuesIm, int widthHeight,
+                                         float *pBuffer);
+ZELM_API ZelStatus zelmEigenValues_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                         double *pDstValuesRe, double *pDstValuesIm,
+                                         int widthHeight, double *pBuffer);
+ZELM_API ZelStatus zelmEigenValues_m_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                           float *pDstValuesRe, float *pDstValuesIm,
+                                           int widthHeight, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValues_m_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                           double *pDstValuesRe, double *pDstValuesIm,
+                                           int widthHeight, double *pBuffer);
+ZELM_API ZelStatus zelmEigenValues_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                          int srcStride2, float *pDstValuesRe, float *pDstValuesIm,
+                                          int widthHeight, int count, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValues_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                          int srcStride2, double *pDstValuesRe,
+                                          double *pDstValuesIm, int widthHeight, int count,
+                                          double *pBuffer);
+ZELM_API ZelStatus zelmEigenValues_ma_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                            int srcStride0, float *pDstValuesRe,
+                                            float *pDstValuesIm, int widthHeight, int count,
+                                            float *pBuffer);
+ZELM_API ZelStatus zelmEigenValues_ma_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                            int srcStride0, double *pDstValuesRe,
+                                            double *pDstValuesIm, int widthHeight, int count,
+                                            double *pBuffer);
+ZELM_API ZelStatus zelmEigenValues_ma_32f_L(const float *const *ppSrc, int srcRoiShift,
+                                            int srcStride1, int srcStride2, float *pDstValuesRe,
+                                            float *pDstValuesIm, int widthHeight, int count,
+                                            float *pBuffer);
+ZELM_API ZelStatus zelmEigenValues_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                            int srcStride1, int srcStride2, double *pDstValuesRe,
+                                            double *pDstValuesIm, int widthHeight, int count,
+                                            double *pBuffer);
+
+/* ============================================================================================== */
+/* EigenValuesVectors: Eigenvalues, right and left eigenvectors of general matrices */
+/* ============================================================================================== */
+
+/* As zelmEigenValues, with the right eigenvectors v in pDstRight and the left eigenvectors u in
+ * pDstLeft: A * v = lambda * v and u^H * A = lambda * u^H. Column i belongs to value i. Of two
+ * conjugate values in places j and j + 1, column j holds the real part and column j + 1 the
+ * imaginary part of the vector of value j, the one with the positive imaginary part; that of value
+ * j + 1 is its conjugate. Every vector, real or complex, has Euclidean length 1.
+ *
+ * pBuffer is scratch of the size that zelmEigenValuesVectorsGetBufSize tells, whatever count is.
+ *
+ * A defective matrix has fewer directions than values: vectors then coincide up to rounding.
+ *
+ * Method: back-substitution on the quasi-triangular form. Golub, Van Loan: Matrix Computations,
+ * 7.6.4; Peters, Wilkinson: Handbook for Automatic Computation II, contribution II/15.
+ *
+ * A destination may be the source, at the same address (table, roi shift) and with the same
+ * strides. No other overlap is allowed. Status as for zelmEigenValues. */
+ZELM_API ZelStatus zelmEigenValuesVectors_m_32f(const float *pSrc, int srcStride1, int srcStride2,
+                                                float *pDstRight, int dstRightStride1,
+                                                int dstRightStride2, float *pDstLeft,
+                                                int dstLeftStride1, int dstLeftStride2,
+                                                float *pDstValuesRe, float *pDstValuesIm,
+                                                int widthHeight, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectors_m_64f(const double *pSrc, int srcStride1, int srcStride2,
+                                                double *pDstRight, int dstRightStride1,
+                                                int dstRightStride2, double *pDstLeft,
+                                                int dstLeftStride1, int dstLeftStride2,
+                                                double *pDstValuesRe, double *pDstValuesIm,
+                                                int widthHeight, double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectors_m_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                  float *const *ppDstRight, int dstRightRoiShift,
+                                                  float *const *ppDstLeft, int dstLeftRoiShift,
+                                                  float *pDstValuesRe, float *pDstValuesIm,
+                                                  int widthHeight, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectors_m_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                  double *const *ppDstRight, int dstRightRoiShift,
+                                                  double *const *ppDstLeft, int dstLeftRoiShift,
+                                                  double *pDstValuesRe, double *pDstValuesIm,
+                                                  int widthHeight, double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectors_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
+                                                 int srcStride2, float *pDstRight,
+                                                 int dstRightStride0, int dstRightStride1,
+                                                 int dstRightStride2, float *pDstLeft,
+                                                 int dstLeftStride0, int dstLeftStride1,
+                                                 int dstLeftStride2, float *pDstValuesRe,
+                                                 float *pDstValuesIm, int widthHeight, int count,
+                                                 float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectors_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
+                                                 int srcStride2, double *pDstRight,
+                                                 int dstRightStride0, int dstRightStride1,
+                                                 int dstRightStride2, double *pDstLeft,
+                                                 int dstLeftStride0, int dstLeftStride1,
+                                                 int dstLeftStride2, double *pDstValuesRe,
+                                                 double *pDstValuesIm, int widthHeight, int count,
+                                                 double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectors_ma_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                   int srcStride0, float *const *ppDstRight,
+                                                   int dstRightRoiShift, int dstRightStride0,
+                                                   float *const *ppDstLeft, int dstLeftRoiShift,
+                                                   int dstLeftStride0, float *pDstValuesRe,
+                                                   float *pDstValuesIm, int widthHeight, int count,
+                                                   float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectors_ma_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                   int srcStride0, double *const *ppDstRight,
+                                                   int dstRightRoiShift, int dstRightStride0,
+                                                   double *const *ppDstLeft, int dstLeftRoiShift,
+                                                   int dstLeftStride0, double *pDstValuesRe,
+                                                   double *pDstValuesIm, int widthHeight, int count,
+                                                   double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectors_ma_32f_L(const float *const *ppSrc, int srcRoiShift,
+                                                   int srcStride1, int srcStride2,
+                                                   float *const *ppDstRight, int dstRightRoiShift,
+                                                   int dstRightStride1, int dstRightStride2,
+                                                   float *const *ppDstLeft, int dstLeftRoiShift,
+                                                   int dstLeftStride1, int dstLeftStride2,
+                                                   float *pDstValuesRe, float *pDstValuesIm,
+                                                   int widthHeight, int count, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectors_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                                   int srcStride1, int srcStride2,
+                                                   double *const *ppDstRight, int dstRightRoiShift,
+                                                   int dstRightStride1, int dstRightStride2,
+                                                   double *const *ppDstLeft, int dstLeftRoiShift,
+                                                   int dstLeftStride1, int dstLeftStride2,
+                                                   double *pDstValuesRe, double *pDstValuesIm,
+                                                   int widthHeight, int count, double *pBuffer);
+
+/* ============================================================================================== */
+/* EigenValuesVectorsRight: Eigenvalues and right eigenvectors of general matrices */
+/* ============================================================================================== */
+
+/* The values and right eigenvectors of zelmEigenValuesVectors, with the same scratch and status. */
+ZELM_API ZelStatus zelmEigenValuesVectorsRight_m_32f(const float *pSrc, int srcStride1,
+                                                     int srcStride2, float *pDst, int dstStride1,
+                                                     int dstStride2, float *pDstValuesRe,
+                                                     float *pDstValuesIm, int widthHeight,
+                                                     float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsRight_m_64f(const double *pSrc, int srcStride1,
+                                                     int srcStride2, double *pDst, int dstStride1,
+                                                     int dstStride2, double *pDstValuesRe,
+                                                     double *pDstValuesIm, int widthHeight,
+                                                     double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsRight_m_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                       float *const *ppDst, int dstRoiShift,
+                                                       float *pDstValuesRe, float *pDstValuesIm,
+                                                       int widthHeight, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsRight_m_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                       double *const *ppDst, int dstRoiShift,
+                                                       double *pDstValuesRe, double *pDstValuesIm,
+                                                       int widthHeight, double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsRight_ma_32f(const float *pSrc, int srcStride0,
+                                                      int srcStride1, int srcStride2, float *pDst,
+                                                      int dstStride0, int dstStride1,
+                                                      int dstStride2, float *pDstValuesRe,
+                                                      float *pDstValuesIm, int widthHeight,
+                                                      int count, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsRight_ma_64f(const double *pSrc, int srcStride0,
+                                                      int srcStride1, int srcStride2, double *pDst,
+                                                      int dstStride0, int dstStride1,
+                                                      int dstStride2, double *pDstValuesRe,
+                                                      double *pDstValuesIm, int widthHeight,
+                                                      int count, double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsRight_ma_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                        int srcStride0, float *const *ppDst,
+                                                        int dstRoiShift, int dstStride0,
+                                                        float *pDstValuesRe, float *pDstValuesIm,
+                                                        int widthHeight, int count, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsRight_ma_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                        int srcStride0, double *const *ppDst,
+                                                        int dstRoiShift, int dstStride0,
+                                                        double *pDstValuesRe, double *pDstValuesIm,
+                                                        int widthHeight, int count,
+                                                        double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsRight_ma_32f_L(const float *const *ppSrc, int srcRoiShift,
+                                                        int srcStride1, int srcStride2,
+                                                        float *const *ppDst, int dstRoiShift,
+                                                        int dstStride1, int dstStride2,
+                                                        float *pDstValuesRe, float *pDstValuesIm,
+                                                        int widthHeight, int count, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsRight_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                                        int srcStride1, int srcStride2,
+                                                        double *const *ppDst, int dstRoiShift,
+                                                        int dstStride1, int dstStride2,
+                                                        double *pDstValuesRe, double *pDstValuesIm,
+                                                        int widthHeight, int count,
+                                                        double *pBuffer);
+
+/* ============================================================================================== */
+/* EigenValuesVectorsLeft: Eigenvalues and left eigenvectors of general matrices */
+/* ============================================================================================== */
+
+/* The values and left eigenvectors of zelmEigenValuesVectors, with the same scratch and status. */
+ZELM_API ZelStatus zelmEigenValuesVectorsLeft_m_32f(const float *pSrc, int srcStride1,
+                                                    int srcStride2, float *pDst, int dstStride1,
+                                                    int dstStride2, float *pDstValuesRe,
+                                                    float *pDstValuesIm, int widthHeight,
+                                                    float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsLeft_m_64f(const double *pSrc, int srcStride1,
+                                                    int srcStride2, double *pDst, int dstStride1,
+                                                    int dstStride2, double *pDstValuesRe,
+                                                    double *pDstValuesIm, int widthHeight,
+                                                    double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsLeft_m_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                      float *const *ppDst, int dstRoiShift,
+                                                      float *pDstValuesRe, float *pDstValuesIm,
+                                                      int widthHeight, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsLeft_m_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                      double *const *ppDst, int dstRoiShift,
+                                                      double *pDstValuesRe, double *pDstValuesIm,
+                                                      int widthHeight, double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsLeft_ma_32f(const float *pSrc, int srcStride0,
+                                                     int srcStride1, int srcStride2, float *pDst,
+                                                     int dstStride0, int dstStride1, int dstStride2,
+                                                     float *pDstValuesRe, float *pDstValuesIm,
+                                                     int widthHeight, int count, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsLeft_ma_64f(const double *pSrc, int srcStride0,
+                                                     int srcStride1, int srcStride2, double *pDst,
+                                                     int dstStride0, int dstStride1, int dstStride2,
+                                                     double *pDstValuesRe, double *pDstValuesIm,
+                                                     int widthHeight, int count, double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsLeft_ma_32f_P(const float *const *ppSrc, int srcRoiShift,
+                                                       int srcStride0, float *const *ppDst,
+                                                       int dstRoiShift, int dstStride0,
+                                                       float *pDstValuesRe, float *pDstValuesIm,
+                                                       int widthHeight, int count, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsLeft_ma_64f_P(const double *const *ppSrc, int srcRoiShift,
+                                                       int srcStride0, double *const *ppDst,
+                                                       int dstRoiShift, int dstStride0,
+                                                       double *pDstValuesRe, double *pDstValuesIm,
+                                                       int widthHeight, int count, double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsLeft_ma_32f_L(const float *const *ppSrc, int srcRoiShift,
+                                                       int srcStride1, int srcStride2,
+                                                       float *const *ppDst, int dstRoiShift,
+                                                       int dstStride1, int dstStride2,
+                                                       float *pDstValuesRe, float *pDstValuesIm,
+                                                       int widthHeight, int count, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsLeft_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
+                                                       int srcStride1, int srcStride2,
+                                                       double *const *ppDst, int dstRoiShift,
+                                                       int dstStride1, int dstStride2,
+                                                       double *pDstValuesRe, double *pDstValuesIm,
+                                                       int widthHeight, int count, double *pBuffer);
+
+/* ============================================================================================== */
+/* EigenValuesGetBufSize: Size of the scratch of zelmEigenValues */
+/* ============================================================================================== */
+
+/* Stores n * (n + 5) elements in bytes, for n = widthHeight.
+ *
+ * Status, in this order: null pointer, bad size. */
+ZELM_API ZelStatus zelmEigenValuesGetBufSize_32f(int widthHeight, int *pSize);
+ZELM_API ZelStatus zelmEigenValuesGetBufSize_64f(int widthHeight, int *pSize);
+
+/* ============================================================================================== */
+/* EigenValuesVectorsGetBufSize: Size of the scratch of zelmEigenValuesVectors, Right and Left */
+/* ============================================================================================== */
+
+/* Stores n * (3 * n + 5) elements in bytes, for n = widthHeight.
+ *
+ * Status, in this order: null pointer, bad size. */
+ZELM_API ZelStatus zelmEigenValuesVectorsGetBufSize_32f(int widthHeight, int *pSize);
+ZELM_API ZelStatus zelmEigenValuesVectorsGetBufSize_64f(int widthHeight, int *pSize);
+
 #ifdef __cplusplus
 }
 #endif

@@ -44,6 +44,10 @@ constexpr struct {
     {"Add Sub Mul LUDecomp LUBackSubst Invert Det CholeskyDecomp CholeskyBackSubst "
      "AffineTransform3DH",
      "", "S P L", "pczaso"},
+    {"EigenValuesSym EigenValuesVectorsSym", "", "S P L", "pzcos"},
+    {"EigenValues EigenValuesVectors EigenValuesVectorsRight EigenValuesVectorsLeft", "", "S P L",
+     "pzcos"},
+    {"EigenValuesGetBufSize EigenValuesVectorsGetBufSize", "", "S", "pz"},
 };
 
 std::string order_of(const Member &m) {

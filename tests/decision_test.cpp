@@ -60,6 +60,11 @@ constexpr Limits saxpy = {scaled, scaled, scaled, scaled, 2000};
 constexpr Limits gaxpy_one = {{7000, 5000}, p5000, {7000, 5000}, p5000, 4500, 7000};
 constexpr Limits gaxpy_many = {{7000, 5000}, p5000, {7000, 7000}, {6000, 5000}, 4500, 7000};
 constexpr Limits homogeneous = {{784, 784}, {}, {}, {}, 0};
+constexpr Pair p250 = {250, 250}, p500 = {500, 500};
+constexpr Limits symmetric_values = {p1000, p1000, p1000, p1000, 1000};
+constexpr Limits symmetric_vectors = {p700, p700, p700, p700, 700};
+constexpr Limits general_values = {p250, p250, p250, p250, 250};
+constexpr Limits general_vectors = {p500, p500, p500, p500, 500};
 
 // Sizes as they enter the operation: the result is h x w, products sum over k, c objects.
 struct N {
@@ -119,6 +124,12 @@ const Row rows[] = {
     {"CholeskyBackSubst", "mva", cholesky_vectors, one_factor},
     {"CholeskyBackSubst", "mava", cholesky_pairs, many_factors},
     {"AffineTransform3DH", "mva", homogeneous, [](N n) { return 2 * n.c; }},
+    {"EigenValuesSym", "ma", symmetric_values, [](N n) { return n.w * (n.w + 1) * n.c; }},
+    {"EigenValuesVectorsSym", "ma", symmetric_vectors,
+     [](N n) { return n.w * (2 * n.w + 1) * n.c; }},
+    {"EigenValues", "ma", general_values, [](N n) { return n.w * (n.w + 1) * n.c; }},
+    {"EigenValuesVectors EigenValuesVectorsRight EigenValuesVectorsLeft", "ma", general_vectors,
+     [](N n) { return 3 * n.w * n.w * n.c; }},
 };
 
 const Row &row_of(const Member &m) {

@@ -154,7 +154,8 @@ std::vector<Calls> prepare(int callers, int threads) {
         for (const char *name :
              {"zelmAdd_mama_32f", "zelmSub_vaca_64f_P", "zelmMul_mam_32f_L", "zelmMul_tava_64f",
               "zelmLUDecomp_ma_32f", "zelmLUBackSubst_mava_64f_L", "zelmDet_ma_64f",
-              "zelmInvert_ma_32f_P", "zelmQRBackSubst_mava_32f"}) {
+              "zelmInvert_ma_32f_P", "zelmQRBackSubst_mava_32f", "zelmEigenValuesVectorsSym_ma_32f",
+              "zelmEigenValuesVectors_ma_64f_P"}) {
             const Member &m = member(name);
             auto problem = std::make_unique<Problem>(m, parallel_sizes(m), mixed(m, 5));
             problem->fill(5);

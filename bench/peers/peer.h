@@ -30,7 +30,13 @@ typedef enum BenchWork {
     bench_coordinate, /* c = the point a through b, divided by its w */
     bench_project,    /* b is three matrices, the last first; to a viewport of 640 x 400 x 0..1 */
     bench_normalize,  /* c = a, divided by its length */
-    bench_look_at     /* c = the right-handed view of the rows eye, at, up of a */
+    bench_look_at,    /* c = the right-handed view of the rows eye, at, up of a */
+    /* Eigenproblems: c = the vectors as columns, b = the values or their real parts; without
+     * vectors c = those values. factors = the imaginary parts. */
+    bench_symmetric,
+    bench_symmetric_values,
+    bench_right_vectors,
+    bench_general_values
 } BenchWork;
 
 typedef enum BenchMemory {

@@ -64,6 +64,7 @@ void add_lu_rows(Rows &rows);
 void add_cholesky_rows(Rows &rows);
 void add_invert_rows(Rows &rows);
 void add_qr_rows(Rows &rows);
+void add_eigen_rows(Rows &rows);
 void add_mul_rows(Rows &rows);
 void add_sum_rows(Rows &rows);
 void add_geometry_rows(Rows &rows);

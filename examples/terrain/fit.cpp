@@ -122,6 +122,9 @@ public:
         fit_.height = coefficient(0, 1);
         fit_.rise_by_column = coefficient(1, per_metre);
         fit_.rise_by_row = coefficient(2, per_metre);
+        fit_.bend_by_column = coefficient(3, 2 * per_metre * per_metre);
+        fit_.bend_mixed = coefficient(4, per_metre * per_metre);
+        fit_.bend_by_row = coefficient(5, 2 * per_metre * per_metre);
         return std::move(fit_);
     }
 

@@ -26,6 +26,9 @@ struct Fit {
     Grid height;
     Grid rise_by_row;    // metres of height per metre towards the next row
     Grid rise_by_column; // and towards the next column
+    Grid bend_by_row;    // second derivatives, 1/m
+    Grid bend_by_column;
+    Grid bend_mixed;
 
     // Time in the library by purpose, and in the weighing, which is done outside it.
     double product_seconds = 0; // normal equations

@@ -30,6 +30,7 @@ namespace {
 constexpr double grid_spacing = 10;     // metres
 constexpr double rounding_noise = 0.29; // metres, the standard deviation of rounding to whole ones
 constexpr int most_whole = 1000;
+constexpr double flat = 0.003;              // 1/m, a third of a kilometre of radius is straight
 constexpr long long most_cells = 1'300'000; // a cell takes about 2.3 kB
 
 // A solve with a residual beyond so many epsilon is wrong.
@@ -54,6 +55,7 @@ constexpr const char *usage =
     "  --refine N        work on a grid that is N times finer in both directions; 14\n"
     "                    makes a million points of the default grid (about 2.4 GB)\n"
     "  --solver NAME     what solves the systems: lu (default), cholesky or qr\n"
+    "  --forms           colour the map by form (peak, ridge, saddle, valley, pit)\n"
     "  --help            this text\n";
 
 struct UsageError : std::runtime_error {
@@ -68,6 +70,7 @@ struct Options {
     int turntable = 0; // pictures
     int refine = 1;
     terrain::Solver solver = terrain::Solver::lu;
+    bool forms = false;
     bool help = false;
 };
 
@@ -117,6 +120,8 @@ Options parse(int argc, char **argv) {
         };
         if (argument == "--help")
             options.help = true;
+        else if (argument == "--forms")
+            options.forms = true;
         else if (name == "--input")
             options.input = value();
         else if (name == "--output")
@@ -268,6 +273,18 @@ void report_slopes(const terrain::Fit &fit) {
                 sum / static_cast<double>(fit.height.values.size()));
 }
 
+void report_forms(const terrain::Curvature &curvature) {
+    const auto [least, any] = std::minmax_element(curvature.least.begin(), curvature.least.end());
+    const auto most = std::max_element(curvature.most.begin(), curvature.most.end());
+    static_cast<void>(any);
+    std::printf("curvature   %.3g to %.3g per metre, found in %.1f ms;", *least, *most,
+                1e3 * curvature.seconds);
+    for (std::size_t form = 0; form < terrain::form_names.size(); ++form)
+        std::printf("%s %s %.1f %%", form == 0 ? "\n           " : ",", terrain::form_names[form],
+                    100 * curvature.share(static_cast<terrain::Form>(form)));
+    std::printf("\n");
+}
+
 void run(const Options &options) {
     const terrain::Grid measured = read_checked(options);
     File output(nullptr, std::fclose);
@@ -293,8 +310,12 @@ void run(const Options &options) {
     report_solvers(fit);
     report_slopes(fit);
 
+    const terrain::Curvature curvature = terrain::find_curvature(fit, flat);
+    report_forms(curvature);
+
     if (map)
-        write_picture(terrain::draw(fit, spacing), map.get(), options.map);
+        write_picture(terrain::draw(fit, spacing, options.forms ? &curvature : nullptr), map.get(),
+                      options.map);
     show(options, fit, spacing, std::move(output));
     if (std::fflush(stdout) != 0)
         throw std::runtime_error(std::string("standard output: ") + std::strerror(errno));

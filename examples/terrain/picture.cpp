@@ -27,6 +27,16 @@ constexpr std::array<Stop, 7> slope_colours = {{{0, {236, 239, 222}},
                                                 {35, {160, 48, 72}},
                                                 {45, {88, 20, 78}}}};
 
+// The nearer to the line of its ridge or valley, the stronger.
+Colour form_colour(const Curvature &curvature, int row, int column) {
+    const auto &of_form = form_colours.at(static_cast<std::size_t>(curvature.form(row, column)));
+    const std::size_t cell =
+        static_cast<std::size_t>(row) * static_cast<std::size_t>(curvature.columns) +
+        static_cast<std::size_t>(column);
+    return mix({236, 236, 226}, {of_form[0], of_form[1], of_form[2]},
+               0.6 + 0.4 * curvature.definiteness[cell]);
+}
+
 // Light on a surface that rises by `east` and `north` (metres per metre), 1 on level ground. A lamp
 // in the north-west does most of it; two weak ones beside it keep slopes along its rays apart. The
 // relief is shown steeper than it is.
@@ -98,9 +108,10 @@ Colour slope_colour(double degrees) {
     return slope_colours.back().colour;
 }
 
-Colour surface_colour(double height, double east, double north, double pixel_metres, double sun) {
+Colour surface_colour(double height, double east, double north, double pixel_metres, double sun,
+                      const Colour *ground) {
     const double rise = std::hypot(north, east);
-    const Colour colour = slope_colour(std::atan(rise) * 180 / std::numbers::pi);
+    const Colour colour = ground ? *ground : slope_colour(std::atan(rise) * 180 / std::numbers::pi);
     const Colour lit = shade(colour, light(east, north, sun));
     return mix(lit, {60, 40, 30}, 0.45 * contour(height, rise, pixel_metres));
 }
@@ -117,7 +128,7 @@ void put_pixel(Picture &picture, int x, int y, const Colour &colour) {
     pixel[2] = channel(colour.blue);
 }
 
-Picture draw(const Fit &fit, double spacing) {
+Picture draw(const Fit &fit, double spacing, const Curvature *curvature) {
     constexpr int wanted = 1000; // pixels of the longer side
     constexpr int largest_scale = 16;
     const int longer = std::max(fit.height.rows, fit.height.columns);
@@ -132,8 +143,12 @@ Picture draw(const Fit &fit, double spacing) {
         for (int column = heights.columns - 1; column >= 0; --column) {
             const double north = rises_by_row.row(row)[column];
             const double east = -rises_by_column.row(row)[column];
-            const Colour pixel =
-                surface_colour(heights.row(row)[column], east, north, spacing / scale);
+            Colour form;
+            if (curvature)
+                form = form_colour(*curvature, (row + scale / 2) / scale,
+                                   (column + scale / 2) / scale);
+            const Colour pixel = surface_colour(heights.row(row)[column], east, north,
+                                                spacing / scale, 1, curvature ? &form : nullptr);
             picture.rgb.insert(picture.rgb.end(),
                                {channel(pixel.red), channel(pixel.green), channel(pixel.blue)});
         }

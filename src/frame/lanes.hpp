@@ -93,6 +93,8 @@ template <class S>
 ZELM_INLINE S splat(ElementOf<S> x) {
     if constexpr (lanes_of<S> == 1)
         return x;
+    else if constexpr (requires { S::splat(x); })
+        return S::splat(x);
     else
         return S{} + x;
 }
@@ -115,7 +117,10 @@ ZELM_INLINE Lanes<double> splat_lane(Lanes<double> v) {
 }
 template <class S>
 ZELM_INLINE IndexOf<S> splat_index(int i) {
-    return IndexOf<S>{} + i;
+    if constexpr (requires { IndexOf<S>::splat(i); })
+        return IndexOf<S>::splat(i);
+    else
+        return IndexOf<S>{} + i;
 }
 
 template <class M, class V>
@@ -132,8 +137,9 @@ ZELM_INLINE Lanes<double> magnitude(Lanes<double> x) {
     return (Lanes<double>)((Lanes<std::int64_t>)x & 0x7fffffffffffffff);
 }
 
-ZELM_INLINE float square_root(float x) { return __builtin_sqrtf(x); }
-ZELM_INLINE double square_root(double x) { return __builtin_sqrt(x); }
+// Correctly rounded.
+ZELM_INLINE float square_root(float x) { return std::sqrt(x); }
+ZELM_INLINE double square_root(double x) { return std::sqrt(x); }
 ZELM_INLINE Lanes<float> square_root(Lanes<float> x) {
     return (Lanes<float>)_mm_sqrt_ps((__m128)x);
 }
@@ -179,6 +185,11 @@ template <class M>
 ZELM_INLINE M and_not(M mask, M other) {
     return mask & ~other;
 }
+ZELM_INLINE bool complement(bool mask) { return !mask; }
+template <class M>
+ZELM_INLINE M complement(M mask) {
+    return ~mask;
+}
 ZELM_INLINE unsigned lane_bits(bool mask) { return mask; }
 ZELM_INLINE unsigned lane_bits(Lanes<std::int32_t> mask) {
     return static_cast<unsigned>(_mm_movemask_ps((__m128)mask));
@@ -200,6 +211,14 @@ template <class V>
 ZELM_INLINE void store(void *p, std::type_identity_t<V> v) {
     __builtin_memcpy(p, &v, sizeof v);
 }
+
+// An element anywhere, of memory that is used as scratch.
+template <class T>
+struct Anywhere {
+    typedef T type __attribute__((aligned(1), may_alias));
+};
+template <class T>
+using Unaligned = typename Anywhere<T>::type;
 
 // The first K elements at p, in the low lanes; the other lanes are 0.
 template <int K, class T>

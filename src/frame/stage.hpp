@@ -7,12 +7,13 @@
 
 namespace zelm {
 
-// Room for a group of objects of up to `elements` elements, of which a Part is copied.
-template <class Operand, int elements, class Part = Whole>
+// Room for a group of `registers` registers' objects of up to `elements` elements, of which a Part
+// is copied.
+template <class Operand, int elements, class Part = Whole, int registers = 1>
 class Stage {
 public:
     using T = typename Operand::Element;
-    static constexpr int lanes = lanes_per_register<T>;
+    static constexpr int lanes = registers * lanes_per_register<T>;
 
     // Copies objects first ... first + live - 1; the lanes behind them repeat the last.
     [[gnu::noinline]] Operand enter(const Operand &op, Shape shape, int first, int live) {
@@ -76,8 +77,8 @@ private:
     typename Operand::Type *table_[elements > lanes ? elements : lanes];
 };
 
-template <class Int, int elements>
-class Stage<IndexRows<Int>, elements, Whole> {
+template <class Int, int elements, int registers>
+class Stage<IndexRows<Int>, elements, Whole, registers> {
 public:
     [[gnu::noinline]] IndexRows<Int> enter(const IndexRows<Int> &op, Shape, int first, int live) {
         if (op.length == 0)
@@ -94,7 +95,7 @@ public:
     }
 
 private:
-    static constexpr int lanes = register_bytes / 4; // of the smallest element
+    static constexpr int lanes = registers * register_bytes / 4; // of the smallest element
     int data_[lanes * elements];
 };
 

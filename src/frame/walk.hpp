@@ -26,7 +26,8 @@ struct Group {
 // are 0 where the shape is known at run time only.
 template <class Operand, int elements, int H = 0, int W = 0, class Part = Whole>
 struct Walked {
-    using Stage = zelm::Stage<Operand, elements, Part>;
+    template <int registers>
+    using Stage = zelm::Stage<Operand, elements, Part, registers>;
     Operand operand;
     Shape shape;
 };
@@ -90,11 +91,11 @@ ZELM_INLINE ZelStatus walk_singly(int count, const Single &single) {
 }
 
 // Groups begin at multiples of the lanes as long as no object fails.
-template <class T, class Allowed, class Kernel, class Single, class... Arrays>
+template <class T, int registers, class Allowed, class Kernel, class Single, class... Arrays>
 ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kernel &kernel,
                                   const Single &single, const Arrays &...arrays) {
-    constexpr int L = lanes_per_register<T>;
-    std::tuple<typename Arrays::Stage...> stages;
+    constexpr int L = registers * lanes_per_register<T>;
+    std::tuple<typename Arrays::template Stage<registers>...> stages;
     std::tuple operands(arrays.operand...);
     const auto each = [&](const auto &f) {
         [&]<std::size_t... k>(std::index_sequence<k...>) {
@@ -146,14 +147,16 @@ ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kerne
 
 // kernel(group, operands...) returns the failing lanes as bits; single(n) does object n in the
 // arrays and returns its status; `allowed` tells which objects may be worked on at once. Where all
-// objects are dense the kernel is compiled for that, without a question asked in the loop.
-template <class T, class Allowed, class Kernel, class Single, class... Arrays>
+// objects are dense the kernel is compiled for that, without a question asked in the loop. A group
+// is as many objects as `registers` registers have lanes.
+template <class T, int registers = 1, class Allowed, class Kernel, class Single, class... Arrays>
 ZELM_INLINE ZelStatus walk(int count, const Allowed &allowed, const Kernel &kernel,
                            const Single &single, const Arrays &...arrays) {
     if constexpr ((detail::may_be_dense<Arrays> && ...))
         if ((detail::dense_now(arrays) && ...))
-            return walk_groups<T>(count, allowed, kernel, single, detail::as_dense(arrays)...);
-    return walk_groups<T>(count, allowed, kernel, single, arrays...);
+            return walk_groups<T, registers>(count, allowed, kernel, single,
+                                             detail::as_dense(arrays)...);
+    return walk_groups<T, registers>(count, allowed, kernel, single, arrays...);
 }
 
 } // namespace zelm

@@ -46,7 +46,7 @@ void bind(AnyMember &m, ZelStatus (*function)(A...)) {
 // A single operand of an _L member keeps the standard description; so does a constant array of a
 // _P member.
 char description_of(const Operand &operand, char of_member) {
-    if (among({&operand.letter, 1}, "i b o"))
+    if (among({&operand.letter, 1}, "i o b"))
         return 'S';
     const bool standard = of_member == 'L' ? !operand.array : operand.letter == 'c';
     return standard ? 'S' : of_member;
@@ -54,9 +54,9 @@ char description_of(const Operand &operand, char of_member) {
 
 void add_operand(Member &m, const std::string &name, const std::string &kind) {
     Operand operand{name, kind[0], kind.size() == 2 && kind[1] == 'a', name.starts_with("dst"), 0};
-    if (kind == "index" || kind == "cindex" || kind == "buffer" || kind == "out") {
+    if (among(kind, "index cindex out buffer")) {
         operand.letter = kind == "buffer" ? 'b' : kind == "out" ? 'o' : 'i';
-        operand.array = operand.letter != 'b' && m.operands.front().array;
+        operand.array = kind != "buffer" && !m.operands.empty() && m.operands.front().array;
         operand.destination = kind != "cindex";
     }
     if (kind == "value")
@@ -75,7 +75,7 @@ void add_operand(Member &m, const std::string &name, const std::string &kind) {
     add('p');
     if (description != 'S')
         add('o');
-    if (operand.array && letter != 'i' && letter != 'o' && description != 'L')
+    if (operand.array && !among({&letter, 1}, "i o") && description != 'L')
         add('s', 0);
     if (among({&letter, 1}, "m t") && description != 'P')
         add('s', 1);
@@ -150,14 +150,15 @@ void name_the_call(int) {
 
 } // namespace
 
-bool Member::is_array() const {
-    return std::any_of(parameters.begin(), parameters.end(),
-                       [](const Parameter &p) { return p.group == 'c'; });
-}
-
 bool Member::is_square() const {
     return std::any_of(parameters.begin(), parameters.end(),
                        [](const Parameter &p) { return p.name == "widthHeight"; });
+}
+
+int Member::count_parameter() const {
+    const auto count = std::find_if(parameters.begin(), parameters.end(),
+                                    [](const Parameter &p) { return p.group == 'c'; });
+    return count == parameters.end() ? -1 : static_cast<int>(count - parameters.begin());
 }
 
 int Member::call(const std::vector<Slot> &slots) const {

@@ -16,9 +16,8 @@ struct Slot {
 
 struct Operand {
     std::string name;
-    char letter;      // v, m, t, c as in the kind string; i permutation array; b scratch buffer;
-                      // o results without strides
-    bool array;       // one object per count
+    char letter; // v, m, t, c as in the kind string; i integers, o plain results, b scratch buffer
+    bool array;  // one object per count
     bool destination; // written by the member
     char description; // S, P or L as it holds for this operand: _L leaves single ones standard
 };
@@ -44,8 +43,9 @@ struct Member {
     int (*invoke)(Function, const Slot *);
 
     int element() const { return is_float ? 4 : 8; }
-    bool is_array() const;
-    bool is_square() const; // takes widthHeight
+    bool is_array() const { return count_parameter() >= 0; }
+    int count_parameter() const; // its index, -1 if there is none
+    bool is_square() const;      // takes widthHeight
     int call(const std::vector<Slot> &slots) const;
 };
 

@@ -56,7 +56,7 @@ Placed::Placed(const Operand &operand, int element, bool is_float, const Sizes &
       objects_(operand.array ? sizes.count : 1),
       rows_(transposed_ ? columns : rows),
       columns_(transposed_ ? rows : columns) {
-    const bool dense = letter_ == 'i' || letter_ == 'b' || letter_ == 'o';
+    const bool dense = among({&letter_, 1}, "i o b");
     const Shape &shape = shapes[dense ? packed : placement.shape];
     std::ptrdiff_t step = element_, extent = element_;
     for (std::size_t k = 0; k < 3; ++k) {
@@ -181,9 +181,9 @@ Problem::Problem(const Member &of, const Sizes &given, const std::vector<Placeme
         if (member.family == "AffineTransform3DH")
             columns = operand.letter == 'v' ? 3 : (rows = 4);
         if (operand.letter == 'b')
-            columns = sizes.buffer != 0    ? sizes.buffer
-                      : member.is_square() ? sizes.width * (sizes.width + 1)
-                                           : sizes.height;
+            columns = sizes.buffer > 0                  ? sizes.buffer
+                      : member.family.starts_with("QR") ? sizes.height
+                                                        : buffer_elements(member, sizes.width);
         if (operand.letter == 'v' && product)
             columns = operand.destination ? sizes.height : sizes.inner;
         if (operand.letter == 'v' && member.family == "Gaxpy")
@@ -195,9 +195,10 @@ Problem::Problem(const Member &of, const Sizes &given, const std::vector<Placeme
         if (member.family == "CrossProduct")
             columns = 3;
         const bool index_array = operand.letter == 'i';
-        if (operand.destination && in_place && !among({&operand.letter, 1}, "i b o"))
+        if (operand.destination && in_place && !among({&operand.letter, 1}, "i o b")) {
             operands.emplace_back(operand, operands[index(*in_place)], placements[k]);
-        else
+            in_place.reset();
+        } else
             operands.emplace_back(operand, index_array ? 4 : member.element(),
                                   member.is_float && !index_array, sizes, rows, columns,
                                   placements[k]);
@@ -302,7 +303,7 @@ std::vector<std::byte> Problem::image() const {
     std::vector<std::byte> bytes;
     for (std::size_t k = 0; k < operands.size(); ++k) {
         const GuardedBytes &data = *operands[k].data_;
-        if (member.operands[k].destination)
+        if (member.operands[k].destination && member.operands[k].letter != 'b')
             bytes.insert(bytes.end(), data.begin(), data.begin() + data.size());
     }
     return bytes;
@@ -333,6 +334,14 @@ std::vector<Placement> mixed(const Member &member, int step) {
 
 std::vector<Placement> all_in(const Member &member, int shape) {
     return std::vector<Placement>(member.operands.size(), Placement{shape});
+}
+
+int buffer_elements(const Member &member, int n) {
+    if (member.family.ends_with("Sym"))
+        return n * n;
+    if (!member.family.starts_with("Eigen"))
+        return n * (n + 1);
+    return n * ((member.family == "EigenValues" ? n : 3 * n) + 5);
 }
 
 Sizes parallel_sizes(const Member &member) {

@@ -65,7 +65,7 @@ struct Placement {
 // over inner. Vectors of element-wise members have width elements.
 struct Sizes {
     int height = 1, width = 1, inner = 1, count = 1;
-    int buffer = 0; // elements; 0 for what the member asks for
+    int buffer = 0; // elements; 0: what the member needs
 };
 
 // One operand in memory. Indices are those of the operand as it enters the operation.
@@ -110,7 +110,7 @@ private:
 // One call: a member, its operands in memory and its argument slots.
 class Problem {
 public:
-    // In place: the destination is the memory of the operand of that index.
+    // In place: the first destination is the memory of the operand of that index.
     Problem(const Member &member, const Sizes &sizes, const std::vector<Placement> &placements,
             std::optional<int> in_place = {});
 
@@ -130,7 +130,7 @@ public:
     int run();
     // What the last run has changed outside the elements of its destinations, "" if nothing.
     std::string disturbed();
-    // The bytes of every destination, gaps included.
+    // The bytes of every destination but scratch, gaps included.
     std::vector<std::byte> image() const;
     std::string describe() const;
 
@@ -144,6 +144,9 @@ private:
 // operands, edges, table orders and roi shifts.
 std::vector<Placement> mixed(const Member &member, int step);
 std::vector<Placement> all_in(const Member &member, int shape);
+
+// Elements of scratch that a member needs for order n.
+int buffer_elements(const Member &member, int n);
 
 // Sizes of an array call that is beyond every limit of the serial path.
 Sizes parallel_sizes(const Member &member);

@@ -1,0 +1,244 @@
+#include "general.hpp"
+
+#include "../frame/checks.hpp"
+#include "../frame/estimate.hpp"
+#include "../frame/member.hpp"
+#include "../frame/parallel.hpp"
+
+namespace zelm {
+namespace {
+
+constexpr Limits values_limits = {251, 251};  // of n*(n + 1)*count
+constexpr Limits vectors_limits = {501, 501}; // of 3*n*n*count
+
+// Where the vectors go of a call that does not want them.
+struct NoDestination {
+    static constexpr bool wanted = false;
+    ZELM_INLINE NoDestination from(int) const { return {}; }
+};
+template <class Destination>
+inline constexpr bool is_wanted = !std::is_same_v<Destination, NoDestination>;
+
+template <class T>
+using Values = Standard<T, 1, true>; // n of each object, packed
+template <class T>
+ZELM_INLINE Values<T> packed_values(T *values, int n) {
+    const auto bytes = static_cast<unsigned>(n) * unsigned{sizeof(T)};
+    return {values, static_cast<int>(bytes), 0, sizeof(T)};
+}
+
+// Elements of scratch: the matrix, two matrices of vectors where any are wanted, 5 vectors.
+template <bool vectors, class Count>
+constexpr Count scratch_elements(Count n) {
+    return n * ((vectors ? 3 : 1) * n + 5);
+}
+
+// The buffer holds the matrix, two matrices of vectors where any are wanted, 5 vectors. The values
+// come out in the first two of these.
+template <class T, bool right, bool left, int order>
+[[gnu::noinline]] bool solve_in_buffer(Unaligned<T> *matrix, int n) {
+    constexpr bool vectors = right || left;
+    const std::ptrdiff_t elements = std::ptrdiff_t{n} * n;
+    auto *const first = matrix + elements, *const second = first + elements;
+    GeneralEigen<T, vectors, order> eigen(matrix, first, vectors ? second + elements : first, n);
+    if (!eigen.decompose())
+        return false;
+    if constexpr (right && left)
+        for (std::ptrdiff_t e = 0; e < elements; ++e)
+            second[e] = first[e];
+    if constexpr (right)
+        eigen.template find_vectors<false>(first);
+    if constexpr (left)
+        eigen.template find_vectors<true>(right ? second : first);
+    eigen.unscale();
+    return true;
+}
+template <class T, bool right, bool left>
+bool solve_in_buffer(Unaligned<T> *matrix, int n) {
+    switch (n) {
+    case 3:
+        return solve_in_buffer<T, right, left, 3>(matrix, n);
+    case 4:
+        return solve_in_buffer<T, right, left, 4>(matrix, n);
+    case 6:
+        return solve_in_buffer<T, right, left, 6>(matrix, n);
+    default:
+        return solve_in_buffer<T, right, left, 0>(matrix, n);
+    }
+}
+
+template <class Source, class Right, class Left, class T>
+ZelStatus y8_ownzelmEigenValuesVectors_m(void *buffer, const Source &source, const Right &right,
+                                         const Left &left, const Values<T> &re, const Values<T> &im,
+                                         int n, int object) {
+    constexpr bool wants_right = is_wanted<Right>, wants_left = is_wanted<Left>;
+    constexpr int matrices = wants_right || wants_left ? 3 : 1;
+    const std::ptrdiff_t elements = std::ptrdiff_t{n} * n;
+    auto *const matrix = static_cast<Unaligned<T> *>(buffer);
+    const auto *const values = matrix + matrices * elements;
+
+    const auto from = view(source, object, {n, n});
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < n; ++j)
+            matrix[std::ptrdiff_t{i} * n + j] = get(from, i, j);
+    if (!solve_in_buffer<T, wants_right, wants_left>(matrix, n))
+        return zelStatusNotConverged;
+    const auto to_re = re.view(object), to_im = im.view(object);
+    for (int i = 0; i < n; ++i) {
+        put(to_re, 0, i, T{values[i]});
+        put(to_im, 0, i, T{values[n + i]});
+    }
+    const auto copy = [&](const Unaligned<T> *vector, const auto &destination) {
+        const auto to = view(destination, object, {n, n});
+        for (int j = 0; j < n; ++j)
+            for (int i = 0; i < n; ++i)
+                put(to, i, j, T{vector[std::ptrdiff_t{j} * n + i]});
+    };
+    if constexpr (wants_right)
+        copy(matrix + elements, right);
+    if constexpr (wants_left)
+        copy(matrix + (wants_right ? 2 : 1) * elements, left);
+    return zelStatusOk;
+}
+
+template <class Source, class Right, class Left, class T>
+ZelStatus y8_ownzelmEigenValuesVectors_ma(int count, void *buffer, const Source &source,
+                                          const Right &right, const Left &left, const Values<T> &re,
+                                          const Values<T> &im, int n) {
+    for (int k = 0; k < count; ++k)
+        if (const ZelStatus status =
+                y8_ownzelmEigenValuesVectors_m(buffer, source, right, left, re, im, n, k))
+            return status;
+    return zelStatusOk;
+}
+
+// ---- entries ----
+
+// Checks in the order of this family; f takes those of the operands that the call has.
+template <class T, class Source, class Right, class Left>
+ZELM_INLINE ZelStatus general_failure(const Source &source, const Right &right, const Left &left,
+                                      const T *re, const T *im, const T *buffer, int n, int count) {
+    const Standard<const T, 0, false> r = {re, 0, 0, 0}, i = {im, 0, 0, 0}, b = {buffer, 0, 0, 0};
+    const auto of = [&](const auto &...o) __attribute__((always_inline)) {
+        return first_failure(pointers(o..., r, i, b), sizes(n), counts(count), shifts(o...),
+                             strides(o...));
+    };
+    if constexpr (is_wanted<Right> && is_wanted<Left>)
+        return of(source, right, left);
+    else if constexpr (is_wanted<Right>)
+        return of(source, right);
+    else if constexpr (is_wanted<Left>)
+        return of(source, left);
+    else
+        return of(source);
+}
+
+template <class Source, class Right, class Left, class T>
+ZELM_INLINE ZelStatus eigen_general(const Source &source, const Right &right, const Left &left,
+                                    T *re, T *im, int n, T *buffer) {
+    if (const ZelStatus s = general_failure<T>(source, right, left, re, im, buffer, n, 1))
+        return s;
+    return y8_ownzelmEigenValuesVectors_m(buffer, source, right, left, packed_values(re, n),
+                                          packed_values(im, n), n, 0);
+}
+
+template <class Source, class Right, class Left, class T>
+ZELM_INLINE ZelStatus eigen_general(const Source &source, const Right &right, const Left &left,
+                                    T *re, T *im, int n, int count, T *buffer) {
+    if (const ZelStatus s = general_failure<T>(source, right, left, re, im, buffer, n, count))
+        return s;
+    constexpr bool vectors = is_wanted<Right> || is_wanted<Left>;
+    const Estimate size = n;
+    const bool serial = vectors ? vectors_limits.serial(size * 3 * size * count, true)
+                                : values_limits.serial(size * (size + 1) * count, true);
+    // The threads' scratch has the larger of the two sizes.
+    const auto elements = scratch_elements<true>(static_cast<std::size_t>(n));
+    return run_objects_in(
+        Scratch{buffer, elements * sizeof(T)}, serial,
+        [n](void *scratch, int objects, const Source &from, const Right &v, const Left &u,
+            const Values<T> &real, const Values<T> &imaginary) {
+            return y8_ownzelmEigenValuesVectors_ma(objects, scratch, from, v, u, real, imaginary,
+                                                   n);
+        },
+        count, source, right, left, packed_values(re, n), packed_values(im, n));
+}
+
+template <class T, bool vectors>
+ZELM_INLINE ZelStatus scratch_size(int n, int *size) {
+    if (const ZelStatus s = first_failure(pointers(size), sizes(n)))
+        return s;
+    const auto elements = scratch_elements<vectors>(static_cast<unsigned>(n));
+    *size = static_cast<int>(elements * unsigned{sizeof(T)});
+    return zelStatusOk;
+}
+
+} // namespace
+} // namespace zelm
+
+#define VALUES_M(D, T, suffix, kind)                                                               \
+    ZELM_MEMBER(zelmEigenValues_##kind##_##suffix,                                                 \
+                (ZELM_PARAMETERS(D, kind, const T, src), T * re, T * im, int n, T *buffer),        \
+                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src), zelm::NoDestination{},    \
+                                    zelm::NoDestination{}, re, im, n, buffer))
+#define VALUES_MA(D, T, suffix, kind)                                                              \
+    ZELM_MEMBER(                                                                                   \
+        zelmEigenValues_##kind##_##suffix,                                                         \
+        (ZELM_PARAMETERS(D, kind, const T, src), T * re, T * im, int n, int count, T *buffer),     \
+        zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src), zelm::NoDestination{},            \
+                            zelm::NoDestination{}, re, im, n, count, buffer))
+#define BOTH_M(D, T, suffix, kind)                                                                 \
+    ZELM_MEMBER(zelmEigenValuesVectors_##kind##_##suffix,                                          \
+                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, right),       \
+                 ZELM_PARAMETERS(D, kind, T, left), T * re, T * im, int n, T *buffer),             \
+                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src),                           \
+                                    ZELM_OPERAND(D, kind, T, right),                               \
+                                    ZELM_OPERAND(D, kind, T, left), re, im, n, buffer))
+#define BOTH_MA(D, T, suffix, kind)                                                                \
+    ZELM_MEMBER(zelmEigenValuesVectors_##kind##_##suffix,                                          \
+                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, right),       \
+                 ZELM_PARAMETERS(D, kind, T, left), T * re, T * im, int n, int count, T *buffer),  \
+                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src),                           \
+                                    ZELM_OPERAND(D, kind, T, right),                               \
+                                    ZELM_OPERAND(D, kind, T, left), re, im, n, count, buffer))
+#define RIGHT_M(D, T, suffix, kind)                                                                \
+    ZELM_MEMBER(zelmEigenValuesVectorsRight_##kind##_##suffix,                                     \
+                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T * re, \
+                 T * im, int n, T *buffer),                                                        \
+                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src),                           \
+                                    ZELM_OPERAND(D, kind, T, dst), zelm::NoDestination{}, re, im,  \
+                                    n, buffer))
+#define RIGHT_MA(D, T, suffix, kind)                                                               \
+    ZELM_MEMBER(zelmEigenValuesVectorsRight_##kind##_##suffix,                                     \
+                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T * re, \
+                 T * im, int n, int count, T *buffer),                                             \
+                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src),                           \
+                                    ZELM_OPERAND(D, kind, T, dst), zelm::NoDestination{}, re, im,  \
+                                    n, count, buffer))
+#define LEFT_M(D, T, suffix, kind)                                                                 \
+    ZELM_MEMBER(zelmEigenValuesVectorsLeft_##kind##_##suffix,                                      \
+                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T * re, \
+                 T * im, int n, T *buffer),                                                        \
+                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src), zelm::NoDestination{},    \
+                                    ZELM_OPERAND(D, kind, T, dst), re, im, n, buffer))
+#define LEFT_MA(D, T, suffix, kind)                                                                \
+    ZELM_MEMBER(zelmEigenValuesVectorsLeft_##kind##_##suffix,                                      \
+                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T * re, \
+                 T * im, int n, int count, T *buffer),                                             \
+                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src), zelm::NoDestination{},    \
+                                    ZELM_OPERAND(D, kind, T, dst), re, im, n, count, buffer))
+#define SCRATCH(T, suffix)                                                                         \
+    ZELM_MEMBER(zelmEigenValuesGetBufSize_##suffix, (int n, int *size),                            \
+                zelm::scratch_size<T, false>(n, size))                                             \
+    ZELM_MEMBER(zelmEigenValuesVectorsGetBufSize_##suffix, (int n, int *size),                     \
+                zelm::scratch_size<T, true>(n, size))
+
+ZELM_SINGLE(VALUES_M, m)
+ZELM_ARRAY(VALUES_MA, ma)
+ZELM_SINGLE(BOTH_M, m)
+ZELM_ARRAY(BOTH_MA, ma)
+ZELM_SINGLE(RIGHT_M, m)
+ZELM_ARRAY(RIGHT_MA, ma)
+ZELM_SINGLE(LEFT_M, m)
+ZELM_ARRAY(LEFT_MA, ma)
+SCRATCH(float, 32f)
+SCRATCH(double, 64f)
