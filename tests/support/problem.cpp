@@ -174,7 +174,8 @@ Problem::Problem(const Member &of, const Sizes &given, const std::vector<Placeme
             (k == 0 ? columns : rows) = sizes.inner;
         if (operand.letter != 'm' && operand.letter != 't')
             rows = 1;
-        if (operand.letter == 'c' || operand.letter == 'o')
+        const bool values = operand.letter == 'o' && member.family.starts_with("Eigen");
+        if (operand.letter == 'c' || (operand.letter == 'o' && !values))
             columns = 1;
         if (operand.letter == 'v' && least_squares && !operand.destination)
             columns = sizes.height;
