@@ -285,7 +285,7 @@ std::vector<std::byte> Problem::image() const {
     std::vector<std::byte> bytes;
     for (std::size_t k = 0; k < operands.size(); ++k) {
         const GuardedBytes &data = *operands[k].data_;
-        if (member.operands[k].destination)
+        if (member.operands[k].destination && member.operands[k].letter != 'b')
             bytes.insert(bytes.end(), data.begin(), data.begin() + data.size());
     }
     return bytes;
