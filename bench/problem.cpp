@@ -99,6 +99,8 @@ RowOrder row_order(const int *index, int order, BenchPivots pivots) {
         const int entry = std::clamp(index[i], 0, last);
         switch (pivots) {
         case bench_pivots_none:
+        case bench_factor:
+        case bench_factor_by_columns:
             break;
         case bench_pivots_stay:
             rows.source[at_i] = rows.stored[at_i] = entry;

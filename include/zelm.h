@@ -2958,8 +2958,9 @@ ZELM_API ZelStatus zelmLUBackSubst_mava_64f_L(const double *const *ppSrc, int sr
  *   other orders, strides, and _P:          T(n) > |pivot| or T(n) >= |determinant|
  * Elements are adjacent when every stride2 of the call is the size of an element.
  *
- * Methods: the adjugate, orders 3 and 4; Gauss-Jordan elimination, orders 5 and 6; for all else each
- * cofactor is an elimination with row exchanges, which takes time of order n^5. A cofactor whose
+ * Methods, where elements are adjacent: the adjugate, orders 3 and 4; Gauss-Jordan elimination,
+ * orders 5 and 6. For all else each cofactor is an elimination with row exchanges, which takes time
+ * of order n^5; orders 3 and 4 are spared that far from all thresholds. A cofactor whose
  * elimination meets a pivot of magnitude at most T(n) counts as T(n): an inverse has elements of
  * T(n) / determinant where exact zeros might stand. Results differ in rounding between the methods.
  * 32f reciprocals of orders 3 to 6 with adjacent elements are approximations after one Newton step,
@@ -2974,7 +2975,8 @@ ZELM_API ZelStatus zelmLUBackSubst_mava_64f_L(const double *const *ppSrc, int sr
  * zelStatusSingular: nothing is written for the singular matrix. An array is left at its first
  * singular matrix: those before it are complete, those after it are untouched. Arrays of order 4 in
  * 32f with adjacent elements are inverted by pairs, 0 and 1, 2 and 3 ...: of a pair with a singular
- * matrix neither is written. When several threads share an array, this holds in each thread's range. */
+ * matrix neither is written. When several threads share an array, this holds in each thread's
+ * range. */
 ZELM_API ZelStatus zelmInvert_m_32f(const float *pSrc, int srcStride1, int srcStride2,
                                     float *pBuffer, float *pDst, int dstStride1, int dstStride2,
                                     int widthHeight);
@@ -3010,9 +3012,9 @@ ZELM_API ZelStatus zelmInvert_ma_64f_L(const double *const *ppSrc, int srcRoiShi
 /* Det: Determinants */
 /* ============================================================================================== */
 
-/* pDst receives the determinant of src, square of order n = widthHeight; of arrays, that of matrix k
- * is element k of pDst, without gaps. pBuffer is scratch of n * (n + 1) elements, whose contents are
- * lost; with several threads it is not used.
+/* pDst receives the determinant of src, square of order n = widthHeight; of arrays, that of matrix
+ * k is element k of pDst, without gaps. pBuffer is scratch of n * (n + 1) elements, whose contents
+ * are lost; with several threads it is not used.
  *
  * Orders 3 to 6 are expanded in closed form and give whatever comes of it. Other orders are reduced
  * by elimination with row exchanges: the determinant is 0 when T(n) > |pivot|, or the last element

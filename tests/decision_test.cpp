@@ -8,7 +8,9 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <omp.h>
 #include <stdexcept>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -339,6 +341,44 @@ TEST(Decision, TransposeAsksForTheCache) {
             }
 }
 
+// Scratch for threads is there unless a test says no.
+bool scratch_is_short = false;
+
+// The caller's buffer is used where one thread has all objects: on the serial path, and where there
+// is no memory for the threads.
+TEST(Decision, WhoseBufferIsUsed) {
+    for (const Member *m : array_members()) {
+        const bool qr = m->family == "QRBackSubst"; // of the last object alone, behind the groups
+        if (!qr && m->family != "Invert" && m->family != "Det")
+            continue;
+        const Sizes sizes =
+            qr ? Sizes{9, 7, 1, 201} : Sizes{17, 17, 1, m->family == "Det" ? 851 : 81};
+        Problem problem(*m, sizes, all_in(*m, packed));
+        problem.fill(6);
+        std::size_t buffer = 0;
+        while (m->operands[buffer].letter != 'b')
+            ++buffer;
+        struct {
+            int threads;
+            bool is_short, uses_buffer;
+        } const cases[] = {{1, false, true}, {4, false, false}, {4, true, true}};
+        std::vector<std::byte> serial;
+        for (const auto &[threads, is_short, uses_buffer] : cases) {
+            problem.clear_destinations();
+            stub_core_answers({threads});
+            scratch_is_short = is_short;
+            ASSERT_EQ(problem.run(), 0) << problem.describe();
+            scratch_is_short = false;
+            serial = serial.empty() ? problem.image() : serial;
+            ASSERT_TRUE(problem.image() == serial) << problem.describe();
+            ASSERT_EQ(problem.operands[buffer].bits(0, 0, 0) !=
+                          ~std::uint64_t{0} >> (m->is_float ? 32 : 0),
+                      uses_buffer)
+                << problem.describe() << ", threads " << threads;
+        }
+    }
+}
+
 TEST(Decision, VersionRecordAsksForFeature128) {
     for (const int has : {0, 1, 0, 128}) {
         stub_core_feature(128, has);
@@ -354,3 +394,10 @@ TEST(Decision, VersionRecordAsksForFeature128) {
 }
 
 } // namespace
+
+// In front of the runtime's.
+extern "C" void *omp_alloc(std::size_t size, omp_allocator_handle_t allocator) {
+    static const auto next = reinterpret_cast<void *(*)(std::size_t, omp_allocator_handle_t)>(
+        dlsym(RTLD_NEXT, "omp_alloc"));
+    return scratch_is_short ? nullptr : next(size, allocator);
+}

@@ -1,26 +1,9 @@
 // Cholesky decomposition, alone and with the solve of one system per matrix.
 #include "rows.hpp"
+#include "solver_calls.hpp"
 
 namespace zelm::bench {
 namespace {
-
-template <class T>
-void cholesky(const Problem &p) {
-    must(BENCH_MEMBER(T, zelmCholeskyDecomp_ma)(base<T>(p.a), p.a.object, p.a.row, p.a.element,
-                                                base<T>(p.c), p.c.object, p.c.row, p.c.element,
-                                                p.rows, p.count));
-}
-
-template <class T>
-void cholesky_solve(const Problem &p) {
-    const BenchOperand &f = p.factors;
-    must(BENCH_MEMBER(T, zelmCholeskyDecomp_ma)(base<T>(p.a), p.a.object, p.a.row, p.a.element,
-                                                base<T>(f), f.object, f.row, f.element, p.rows,
-                                                p.count));
-    must(BENCH_MEMBER(T, zelmCholeskyBackSubst_mava)(
-        base<T>(f), f.object, f.row, f.element, base<T>(p.b), p.b.object, p.b.element, base<T>(p.c),
-        p.c.object, p.c.element, p.rows, p.count));
-}
 
 struct Order {
     int order;

@@ -1,26 +1,9 @@
 // Inverses and determinants.
 #include "rows.hpp"
+#include "solver_calls.hpp"
 
 namespace zelm::bench {
 namespace {
-
-template <class T>
-T *buffer(const Problem &p) {
-    return static_cast<T *>(p.buffer);
-}
-
-template <class T>
-void invert(const Problem &p) {
-    must(BENCH_MEMBER(T, zelmInvert_ma)(base<T>(p.a), p.a.object, p.a.row, p.a.element,
-                                        buffer<T>(p), base<T>(p.c), p.c.object, p.c.row,
-                                        p.c.element, p.rows, p.count));
-}
-
-template <class T>
-void determinant(const Problem &p) {
-    must(BENCH_MEMBER(T, zelmDet_ma)(base<T>(p.a), p.a.object, p.a.row, p.a.element, p.rows,
-                                     buffer<T>(p), base<T>(p.c), p.count));
-}
 
 struct Order {
     int order;

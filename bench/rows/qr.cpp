@@ -1,27 +1,9 @@
 // QR decomposition, alone and with the solve of one system per matrix.
 #include "rows.hpp"
+#include "solver_calls.hpp"
 
 namespace zelm::bench {
 namespace {
-
-template <class T>
-void qr(const Problem &p) {
-    must(BENCH_MEMBER(T, zelmQRDecomp_ma)(base<T>(p.a), p.a.object, p.a.row, p.a.element,
-                                          static_cast<T *>(p.buffer), base<T>(p.c), p.c.object,
-                                          p.c.row, p.c.element, p.columns, p.rows, p.count));
-}
-
-template <class T>
-void qr_solve(const Problem &p) {
-    const BenchOperand &f = p.factors;
-    const auto buffer = static_cast<T *>(p.buffer);
-    must(BENCH_MEMBER(T, zelmQRDecomp_ma)(base<T>(p.a), p.a.object, p.a.row, p.a.element, buffer,
-                                          base<T>(f), f.object, f.row, f.element, p.columns, p.rows,
-                                          p.count));
-    must(BENCH_MEMBER(T, zelmQRBackSubst_mava)(
-        base<T>(f), f.object, f.row, f.element, buffer, base<T>(p.b), p.b.object, p.b.element,
-        base<T>(p.c), p.c.object, p.c.element, p.columns, p.rows, p.count));
-}
 
 struct Sizes {
     Shape shape;

@@ -2,6 +2,7 @@
 #include "lu_calls.hpp"
 #include "mul_calls.hpp"
 #include "rows.hpp"
+#include "solver_calls.hpp"
 #include "sum_calls.hpp"
 
 #include <zelcore.h>
@@ -71,6 +72,13 @@ void add_million(Rows &rows) {
     for (int n : {4, 6})
         add_threads<T>(rows, {"LU and solve", bench_lu_solve, order(n), lu_solve<T>, 1'000'000,
                               false, at_least(1.8, "1 thread"), "memory bandwidth"});
+    const Floor floor = at_least(1.7, "1 thread");
+    add_threads<T>(rows, {"Cholesky and solve", bench_cholesky_solve, order(6), cholesky_solve<T>,
+                          300'000, false, floor, "memory bandwidth"});
+    add_threads<T>(rows, {"inverse", bench_invert, order(6), invert<T>, 300'000, false, floor,
+                          "memory bandwidth"});
+    add_threads<T>(rows, {"QR and solve", bench_qr_solve, order(6), qr_solve<T>, 300'000, false,
+                          floor, "memory bandwidth"});
 }
 
 template <class T>

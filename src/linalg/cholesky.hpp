@@ -4,7 +4,7 @@
 // Products are subtracted one by one, k ascending, in every order.
 #pragma once
 
-#include "../frame/lanes.hpp"
+#include "blocks.hpp"
 
 namespace zelm {
 
@@ -38,23 +38,19 @@ MaskOf<S> factor_cholesky(S *a, int n) {
     MaskOf<S> failing = no_lane<S>();
     for (int j = 0; j < n; ++j) {
         S r = splat<S>(0);
-        const auto rows = [&](int i, auto C) __attribute__((always_inline)) {
-            S x[C];
-            unroll<C>(ZELM_EACH(c) { x[c] = a[(i + c) * n + j]; });
-            for (int k = 0; k < j; ++k)
-                unroll<C>(ZELM_EACH(c) { x[c] = x[c] - a[(i + c) * n + k] * a[j * n + k]; });
-            if (i == j) {
-                failing = failing | (splat<S>(0) >= x[0]);
-                r = refined_reciprocal_root(x[0]);
-                x[0] = splat<S>(1);
-            }
-            unroll<C>(ZELM_EACH(c) { a[(i + c) * n + j] = x[c] * r; });
-        };
-        int i = j;
-        for (; i + 4 <= n; i += 4)
-            rows(i, std::integral_constant<int, 4>{});
-        for (; i < n; ++i)
-            rows(i, std::integral_constant<int, 1>{});
+        in_blocks(
+            j, n, [&](int i, auto C) __attribute__((always_inline)) {
+                S x[C];
+                unroll<C>(ZELM_EACH(c) { x[c] = a[(i + c) * n + j]; });
+                for (int k = 0; k < j; ++k)
+                    unroll<C>(ZELM_EACH(c) { x[c] = x[c] - a[(i + c) * n + k] * a[j * n + k]; });
+                if (i == j) {
+                    failing = failing | (splat<S>(0) >= x[0]);
+                    r = refined_reciprocal_root(x[0]);
+                    x[0] = splat<S>(1);
+                }
+                unroll<C>(ZELM_EACH(c) { a[(i + c) * n + j] = x[c] * r; });
+            });
     }
     return failing;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "../frame/parallel.hpp"
+#include "blocks.hpp"
 
 namespace zelm {
 
@@ -98,11 +99,9 @@ Elimination<S> eliminate_lanes(S *a, int n, ElementOf<S> threshold) {
         const auto subtract = [&](int i, S x, S y) __attribute__((always_inline)) {
             return x - a[i * n + k] * y;
         };
-        int j = k + 1;
-        for (; j + 4 <= n; j += 4)
-            columns(j, std::integral_constant<int, 4>{}, subtract);
-        for (; j < n; ++j)
-            columns(j, std::integral_constant<int, 1>{}, subtract);
+        in_blocks(
+            k + 1,
+            n, [&](int j, auto C) __attribute__((always_inline)) { columns(j, C, subtract); });
         found.product = found.product * pivot;
         const auto moved = where > splat_index<S>(k);
         found.sign = select(moved, -found.sign, found.sign);

@@ -257,7 +257,8 @@ ZelStatus invert_array_general(const Source &source, const Destination &destinat
                     __attribute__((always_inline)) {
                         Lanes<T> a[N][N], c[N][N];
                         load_lanes<T>(a, x, group.first);
-                        const unsigned failing = lane_bits(invert_far_from_thresholds(c, a) == 0);
+                        const MaskOf<Lanes<T>> near = invert_far_from_thresholds(c, a) == 0;
+                        const unsigned failing = lane_bits(near);
                         if (group.stores(failing)) [[likely]]
                             store_lanes<T>(y, group.first, c);
                         return failing;

@@ -5,7 +5,7 @@
 // the factor. Sums are formed one by one, rows ascending.
 #pragma once
 
-#include "../frame/lanes.hpp"
+#include "blocks.hpp"
 
 namespace zelm {
 
@@ -79,27 +79,23 @@ ZELM_INLINE MaskOf<S> factor_qr(int width, int height, const Matrix &d) {
         }
         const S beta = splat<S>(-2) / length;
         d(k, k) = -alpha;
-        const auto columns = [&](int j, auto C) __attribute__((always_inline)) {
-            S s[C];
-            unroll<C>(ZELM_EACH(c) { s[c] = d(k, j + c); });
-            for (int i = k + 1; i < height; ++i) {
-                const S u = d(i, k);
-                unroll<C>(ZELM_EACH(c) { s[c] = s[c] + u * d(i, j + c); });
-            }
-            unroll<C>(ZELM_EACH(c) {
-                s[c] = beta * s[c];
-                d(k, j + c) = d(k, j + c) + s[c];
+        in_blocks(
+            k + 1, width, [&](int j, auto C) __attribute__((always_inline)) {
+                S s[C];
+                unroll<C>(ZELM_EACH(c) { s[c] = d(k, j + c); });
+                for (int i = k + 1; i < height; ++i) {
+                    const S u = d(i, k);
+                    unroll<C>(ZELM_EACH(c) { s[c] = s[c] + u * d(i, j + c); });
+                }
+                unroll<C>(ZELM_EACH(c) {
+                    s[c] = beta * s[c];
+                    d(k, j + c) = d(k, j + c) + s[c];
+                });
+                for (int i = k + 1; i < height; ++i) {
+                    const S u = d(i, k);
+                    unroll<C>(ZELM_EACH(c) { d(i, j + c) = d(i, j + c) + s[c] * u; });
+                }
             });
-            for (int i = k + 1; i < height; ++i) {
-                const S u = d(i, k);
-                unroll<C>(ZELM_EACH(c) { d(i, j + c) = d(i, j + c) + s[c] * u; });
-            }
-        };
-        int j = k + 1;
-        for (; j + 4 <= width; j += 4)
-            columns(j, std::integral_constant<int, 4>{});
-        for (; j < width; ++j)
-            columns(j, std::integral_constant<int, 1>{});
     }
     return failing;
 }

@@ -130,7 +130,7 @@ public:
     int run();
     // What the last run has changed outside the elements of its destinations, "" if nothing.
     std::string disturbed();
-    // The bytes of every destination but scratch, gaps included.
+    // The bytes of every destination but buffers, gaps included.
     std::vector<std::byte> image() const;
     std::string describe() const;
 
