@@ -35,14 +35,12 @@ void add_eigen(Rows &rows) {
                          .bound = bound});
     };
     for (const Order &o : symmetric_orders) {
-        add("eigen sym", bench_symmetric, o.order, symmetric<T>, o.vectors,
-            "roots and quotients");
+        add("eigen sym", bench_symmetric, o.order, symmetric<T>, o.vectors, "roots and quotients");
         add("values sym", bench_symmetric_values, o.order, symmetric_values<T>, o.values,
             "roots and quotients");
     }
     for (const Order &o : general_orders) {
-        add("eigen right", bench_right_vectors, o.order, right_vectors<T>, o.vectors,
-            "latency");
+        add("eigen right", bench_right_vectors, o.order, right_vectors<T>, o.vectors, "latency");
         add("values", bench_general_values, o.order, general_values<T>, o.values, "latency");
     }
 }
