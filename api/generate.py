@@ -20,6 +20,7 @@ EXPORTS = ROOT / "src" / "exports.map"
 MEMBERS = ROOT / "api" / "members.inc"
 
 COLUMNS = 100
+LINES_SAVED = 3  # by indenting instead of aligning parameters, as clang-format decides
 TYPES = {"32f": "float", "64f": "double"}
 # Exported without being a member: declared in the template.
 OTHER_EXPORTS = ["zelmGetLibVersion"]
@@ -159,16 +160,21 @@ def comment(lines):
 
 
 def wrapped(prototype):
-    """The lines of a prototype; further lines begin below the first parameter."""
+    """The lines of a prototype; further lines begin below the first parameter, or indented."""
     head, *rest = prototype
     pieces = [parameter + "," for parameter in rest[:-1]] + [rest[-1] + ");"]
-    lines = [head + pieces[0]]
-    for piece in pieces[1:]:
-        if len(lines[-1]) + 1 + len(piece) > COLUMNS:
-            lines.append(" " * len(head) + piece)
-        else:
-            lines[-1] += " " + piece
-    return lines
+
+    def filled(lines, indent, further):
+        for piece in further:
+            if len(lines[-1]) + 1 + len(piece) > COLUMNS:
+                lines.append(" " * indent + piece)
+            else:
+                lines[-1] += " " + piece
+        return lines
+
+    lines = filled([head + pieces[0]], len(head), pieces[1:])
+    indented = [head] + filled(["    " + pieces[0]], 4, pieces[1:])
+    return lines if len(lines) < len(indented) + LINES_SAVED else indented
 
 
 def header(families, template):

@@ -3997,22 +3997,16 @@ ZELM_API ZelStatus zelmEigenValuesVectors_m_64f_P(const double *const *ppSrc, in
                                                   double *const *ppDstLeft, int dstLeftRoiShift,
                                                   double *pDstValuesRe, double *pDstValuesIm,
                                                   int widthHeight, double *pBuffer);
-ZELM_API ZelStatus zelmEigenValuesVectors_ma_32f(const float *pSrc, int srcStride0, int srcStride1,
-                                                 int srcStride2, float *pDstRight,
-                                                 int dstRightStride0, int dstRightStride1,
-                                                 int dstRightStride2, float *pDstLeft,
-                                                 int dstLeftStride0, int dstLeftStride1,
-                                                 int dstLeftStride2, float *pDstValuesRe,
-                                                 float *pDstValuesIm, int widthHeight, int count,
-                                                 float *pBuffer);
-ZELM_API ZelStatus zelmEigenValuesVectors_ma_64f(const double *pSrc, int srcStride0, int srcStride1,
-                                                 int srcStride2, double *pDstRight,
-                                                 int dstRightStride0, int dstRightStride1,
-                                                 int dstRightStride2, double *pDstLeft,
-                                                 int dstLeftStride0, int dstLeftStride1,
-                                                 int dstLeftStride2, double *pDstValuesRe,
-                                                 double *pDstValuesIm, int widthHeight, int count,
-                                                 double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectors_ma_32f(
+    const float *pSrc, int srcStride0, int srcStride1, int srcStride2, float *pDstRight,
+    int dstRightStride0, int dstRightStride1, int dstRightStride2, float *pDstLeft,
+    int dstLeftStride0, int dstLeftStride1, int dstLeftStride2, float *pDstValuesRe,
+    float *pDstValuesIm, int widthHeight, int count, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectors_ma_64f(
+    const double *pSrc, int srcStride0, int srcStride1, int srcStride2, double *pDstRight,
+    int dstRightStride0, int dstRightStride1, int dstRightStride2, double *pDstLeft,
+    int dstLeftStride0, int dstLeftStride1, int dstLeftStride2, double *pDstValuesRe,
+    double *pDstValuesIm, int widthHeight, int count, double *pBuffer);
 ZELM_API ZelStatus zelmEigenValuesVectors_ma_32f_P(const float *const *ppSrc, int srcRoiShift,
                                                    int srcStride0, float *const *ppDstRight,
                                                    int dstRightRoiShift, int dstRightStride0,
@@ -4027,22 +4021,16 @@ ZELM_API ZelStatus zelmEigenValuesVectors_ma_64f_P(const double *const *ppSrc, i
                                                    int dstLeftStride0, double *pDstValuesRe,
                                                    double *pDstValuesIm, int widthHeight, int count,
                                                    double *pBuffer);
-ZELM_API ZelStatus zelmEigenValuesVectors_ma_32f_L(const float *const *ppSrc, int srcRoiShift,
-                                                   int srcStride1, int srcStride2,
-                                                   float *const *ppDstRight, int dstRightRoiShift,
-                                                   int dstRightStride1, int dstRightStride2,
-                                                   float *const *ppDstLeft, int dstLeftRoiShift,
-                                                   int dstLeftStride1, int dstLeftStride2,
-                                                   float *pDstValuesRe, float *pDstValuesIm,
-                                                   int widthHeight, int count, float *pBuffer);
-ZELM_API ZelStatus zelmEigenValuesVectors_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
-                                                   int srcStride1, int srcStride2,
-                                                   double *const *ppDstRight, int dstRightRoiShift,
-                                                   int dstRightStride1, int dstRightStride2,
-                                                   double *const *ppDstLeft, int dstLeftRoiShift,
-                                                   int dstLeftStride1, int dstLeftStride2,
-                                                   double *pDstValuesRe, double *pDstValuesIm,
-                                                   int widthHeight, int count, double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectors_ma_32f_L(
+    const float *const *ppSrc, int srcRoiShift, int srcStride1, int srcStride2,
+    float *const *ppDstRight, int dstRightRoiShift, int dstRightStride1, int dstRightStride2,
+    float *const *ppDstLeft, int dstLeftRoiShift, int dstLeftStride1, int dstLeftStride2,
+    float *pDstValuesRe, float *pDstValuesIm, int widthHeight, int count, float *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectors_ma_64f_L(
+    const double *const *ppSrc, int srcRoiShift, int srcStride1, int srcStride2,
+    double *const *ppDstRight, int dstRightRoiShift, int dstRightStride1, int dstRightStride2,
+    double *const *ppDstLeft, int dstLeftRoiShift, int dstLeftStride1, int dstLeftStride2,
+    double *pDstValuesRe, double *pDstValuesIm, int widthHeight, int count, double *pBuffer);
 
 /* ============================================================================================== */
 /* EigenValuesVectorsRight: Eigenvalues and right eigenvectors of general matrices */
@@ -4096,13 +4084,10 @@ ZELM_API ZelStatus zelmEigenValuesVectorsRight_ma_32f_L(const float *const *ppSr
                                                         int dstStride1, int dstStride2,
                                                         float *pDstValuesRe, float *pDstValuesIm,
                                                         int widthHeight, int count, float *pBuffer);
-ZELM_API ZelStatus zelmEigenValuesVectorsRight_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
-                                                        int srcStride1, int srcStride2,
-                                                        double *const *ppDst, int dstRoiShift,
-                                                        int dstStride1, int dstStride2,
-                                                        double *pDstValuesRe, double *pDstValuesIm,
-                                                        int widthHeight, int count,
-                                                        double *pBuffer);
+ZELM_API ZelStatus zelmEigenValuesVectorsRight_ma_64f_L(
+    const double *const *ppSrc, int srcRoiShift, int srcStride1, int srcStride2,
+    double *const *ppDst, int dstRoiShift, int dstStride1, int dstStride2, double *pDstValuesRe,
+    double *pDstValuesIm, int widthHeight, int count, double *pBuffer);
 
 /* ============================================================================================== */
 /* EigenValuesVectorsLeft: Eigenvalues and left eigenvectors of general matrices */

@@ -13,7 +13,6 @@ constexpr Limits vectors_limits = {501, 501}; // of 3*n*n*count
 
 // Where the vectors go of a call that does not want them.
 struct NoDestination {
-    static constexpr bool wanted = false;
     ZELM_INLINE NoDestination from(int) const { return {}; }
 };
 template <class Destination>

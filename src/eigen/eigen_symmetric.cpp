@@ -61,7 +61,7 @@ ZelStatus solve_small(const Source &source, const Destination &destination, cons
 }
 
 template <class T, class Vectors>
-[[gnu::noinline]] Outcome<T> solve_in_memory(int n, Unaligned<T> *a, Unaligned<T> *d,
+[[gnu::noinline]] Outcome<T> solve_in_memory(int n, UnalignedRun<T> a, UnalignedRun<T> d,
                                              const Vectors &vectors) {
     return solve_symmetric<T>(n, a, d, a, vectors);
 }
@@ -72,8 +72,8 @@ ZelStatus y8_ownzelmEigenValuesSym_m(const Source &source, const Destination &de
     if (n <= 2)
         return solve_small(source, destination, values, n, object);
     // The matrix in the buffer; once it is reduced its first row becomes the off-diagonal.
-    auto *const a = static_cast<Unaligned<T> *>(buffer);
-    auto *const d = reinterpret_cast<Unaligned<T> *>(values.object(object));
+    const UnalignedRun<T> a = {static_cast<char *>(buffer)};
+    const UnalignedRun<T> d = {values.object(object)};
     const auto from = view(source, object, {n, n});
     for (std::ptrdiff_t i = 0; i < n; ++i)
         for (int j = 0; j < n; ++j)

@@ -252,7 +252,7 @@ ZELM_INLINE MaskOf<S> solve_order_2(const S (&a)[3], S (&d)[2], S (&column)[2]) 
         const S other = ratio * unit;
         const S x = select(steep, other, select(level, one, unit));
         const S y = select(steep, unit, select(level, zero, other));
-        const auto unlike = (down & complement(below)) | (below & complement(down));
+        const auto unlike = select(below, complement(down), down);
         column[0] = select(unlike, x, zero - y);
         column[1] = select(unlike, y, x);
     }
@@ -284,7 +284,7 @@ ZELM_INLINE void reduce(Order n, A a, D d, E e, const Vectors &vectors) {
 
             // u, in row k.
             const auto u = a + k * n;
-            const S head = select(positive | negative, x + change, sigma);
+            const S head = select(positive, x + change, select(negative, x + change, sigma));
             u[first] = select(needed, head, zero);
             ascending(
                 behind<1>(first), n,
