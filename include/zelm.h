@@ -2236,8 +2236,8 @@ ZELM_API ZelStatus zelmTranspose_ma_64f_L(const double *const *ppSrc, int srcRoi
 /* DotProduct: Dot products of vectors */
 /* ============================================================================================== */
 
-/* pDst[n] = sum of src1_n(k) * src2_n(k), k = 0 .. len - 1, n = 0 .. count - 1, in the element type.
- * vav has one second vector for all objects.
+/* pDst[n] = sum of src1_n(k) * src2_n(k), k = 0 .. len - 1, n = 0 .. count - 1, in the element
+ * type. vav has one second vector for all objects.
  *
  * Lengths below 8 are summed in the order of k. Longer ones are summed in blocks of eight by two
  * accumulators of four; what stands before the blocks (a single pair of adjacent 32f vectors up to
@@ -2441,8 +2441,8 @@ ZELM_API ZelStatus zelmL2Norm_va_64f_L(const double *const *ppSrc, int srcRoiShi
 /* ============================================================================================== */
 
 /* pDst[n] = square root of the sum of src_n(i, j)^2 over height rows and width columns. The sum is
- * in the element type and is not scaled. Rows are added one after the other, each as zelmL2Norm adds
- * its vector. pDst must not overlap the source.
+ * in the element type and is not scaled. Rows are added one after the other, each as zelmL2Norm
+ * adds its vector. pDst must not overlap the source.
  *
  * Status, as under "Checks" above; in this order:
  *   null pointer, bad count, bad size, bad stride, bad offset.
@@ -2514,8 +2514,8 @@ ZELM_API ZelStatus zelmTrace_ma_64f_L(const double *const *ppSrc, int srcRoiShif
 /* dst_n(k) = src1_n(k) * scale1 + src2_n(k) * scale2: both weights multiply, then there is one
  * addition. 0 times infinity is NaN. vav has one second vector for all objects.
  *
- * In place: the destination may be a source of the same kind, at the same address (table, roi shift)
- * and with the same strides. No other overlap is allowed.
+ * In place: the destination may be a source of the same kind, at the same address (table, roi
+ * shift) and with the same strides. No other overlap is allowed.
  *
  * Status, as under "Checks" above; in this order:
  *   null pointer, bad count, bad size, bad stride, bad offset.
@@ -2596,8 +2596,8 @@ ZELM_API ZelStatus zelmLComb_vava_64f_L(const double *const *ppSrc1, int src1Roi
 /* dst_n(k) = src1_n(k) * scale + src2_n(k), the operands in the order of the kind letters: in vva
  * the single vector is scaled.
  *
- * In place: the destination may be a source of the same kind, at the same address (table, roi shift)
- * and with the same strides. No other overlap is allowed.
+ * In place: the destination may be a source of the same kind, at the same address (table, roi
+ * shift) and with the same strides. No other overlap is allowed.
  *
  * Status, as under "Checks" above; in this order:
  *   null pointer, bad count, bad size, bad stride, bad offset.
