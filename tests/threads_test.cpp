@@ -111,14 +111,15 @@ std::vector<std::byte> run_with(Problem &problem, int threads, unsigned control)
 TEST(Threads, GiveTheBitsOfOneInEveryFloatingPointMode) {
     int step = 0;
     for (const Member &m : members()) {
-        if (!m.is_array())
+        if (!m.is_array() || among(m.family, "Copy Extract LoadIdentity Transpose"))
             continue;
         Problem problem(m, parallel_sizes(m), mixed(m, ++step));
         problem.fill(4);
-        // Results of Add, Sub and Mul become subnormal.
+        // Results of sums and products become subnormal. Solvers fail where tiny, squares vanish.
         const bool keeps = m.is_square() || m.family.starts_with("QR") ||
-                           m.family == "AffineTransform3DH"; // fail where tiny
-        const std::size_t tiny = keeps ? 0 : m.family == "Mul" ? 1 : 2;
+                           among(m.family, "AffineTransform3DH L2Norm FrobNorm Gaxpy");
+        const bool product = among(m.family, "Mul DotProduct CrossProduct");
+        const std::size_t tiny = keeps ? 0 : product ? 1 : 2;
         for (std::size_t k = 0; k < tiny; ++k) {
             Placed &operand = problem.operands[k];
             operand.for_each_element([&](int n, int i, int j) {
