@@ -43,11 +43,10 @@ T dot_product(const A &a, const B &b, int n, int len, int singles) {
     return add_products<false>(T(-0.0), x, y, 0, len, singles);
 }
 
-template <int N>
-struct DotProduct {
-    template <class S>
-    ZELM_INLINE S operator()(const S (&a)[1][N], const S (&b)[1][N]) const {
-        return sum_of_products(a, b);
+struct Sum {
+    template <int N, class S>
+    ZELM_INLINE S operator()(const S (&terms)[1][N]) const {
+        return sum_of(terms);
     }
 };
 
@@ -56,16 +55,16 @@ ZelStatus y8_ownzelmDotProduct(int count, int len, const Scalars<T> &results, co
                                const B &b) {
     switch (len) {
     case 3:
-        reduce_lanes<1, 3>(count, results, DotProduct<3>{}, a, b);
+        reduce_lanes<1, 3>(count, results, Sum{}, a, b);
         break;
     case 4:
-        reduce_lanes<1, 4>(count, results, DotProduct<4>{}, a, b);
+        reduce_lanes<1, 4>(count, results, Sum{}, a, b);
         break;
     case 5:
-        reduce_lanes<1, 5>(count, results, DotProduct<5>{}, a, b);
+        reduce_lanes<1, 5>(count, results, Sum{}, a, b);
         break;
     case 6:
-        reduce_lanes<1, 6>(count, results, DotProduct<6>{}, a, b);
+        reduce_lanes<1, 6>(count, results, Sum{}, a, b);
         break;
     default:
         for (int n = 0; n < count; ++n)

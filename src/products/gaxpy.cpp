@@ -110,9 +110,45 @@ void gaxpy_squares(int count, const A &a, const X &x, const B &b, const D &d) {
         walk<T>(count, overlap, one_addend, single, walked<1, N>(d), walked<1, N>(x));
 }
 
+// Columns that fill registers: a result is a sum of columns, which needs no transposes.
+template <int N, class A, class X, class B, class D>
+void gaxpy_columns(int count, const A a, const X x, const B b, const D d) {
+    using T = typename D::Element;
+    using S = Lanes<T>;
+    constexpr int L = lanes_of<S>, registers = N / L;
+    S column[N][registers], addend[registers];
+    const auto matrix = view(a, 0, {N, N});
+    unroll<N>(ZELM_EACH(j) {
+        unroll<registers>(ZELM_EACH(r) {
+            unroll<L>(ZELM_EACH(l) { column[j][r][int{l}] = get(matrix, r * L + l, j); });
+        });
+    });
+    const auto load_addend = [&](int n) __attribute__((always_inline)) {
+        unroll<registers>(
+            ZELM_EACH(r) { addend[r] = load<S>(b.object(n) + r * register_bytes); });
+    };
+    if constexpr (!B::is_array)
+        load_addend(0);
+    for (int n = 0; n < count; ++n) {
+        const char *const factor = x.object(n);
+        S sum[registers] = {};
+        unroll<N>(ZELM_EACH(j) {
+            const S v = splat<S>(load<T>(factor + j * sizeof(T)));
+            unroll<registers>(ZELM_EACH(r) { sum[r] = sum[r] + column[j][r] * v; });
+        });
+        if constexpr (B::is_array)
+            load_addend(n);
+        unroll<registers>(ZELM_EACH(r) {
+            store<S>(d.object(n) + r * register_bytes, sum[r] + addend[r]);
+        });
+    }
+}
+
 template <int N, class A, class X, class B, class D>
 ZELM_INLINE void gaxpy_fixed(int count, const A &a, const X &x, const B &b, const D &d) {
-    if constexpr (D::is_array)
+    if constexpr (D::is_array && N % lanes_per_register<typename D::Element> == 0)
+        gaxpy_columns<N>(count, a, x, b, d);
+    else if constexpr (D::is_array)
         gaxpy_squares<N>(count, a, x, b, d);
     else
         gaxpy_square<N>(a, x, b, d, 0);

@@ -5,11 +5,11 @@
 
 namespace zelm {
 
-// Ascending, straight-line: objects of a fixed shape, one in each lane.
+// Ascending, straight-line: the products of objects of a fixed shape, one in each lane.
 template <int H, int W, class S>
-ZELM_INLINE S sum_of_products(const S (&a)[H][W], const S (&b)[H][W]) {
-    S sum = a[0][0] * b[0][0];
-    unroll<1, H * W>(ZELM_EACH(e) { sum = sum + a[e / W][e % W] * b[e / W][e % W]; });
+ZELM_INLINE S sum_of(const S (&terms)[H][W]) {
+    S sum = terms[0][0];
+    unroll<1, H * W>(ZELM_EACH(e) { sum = sum + terms[e / W][e % W]; });
     return sum;
 }
 
