@@ -83,16 +83,16 @@ void reduce_lanes(int count, const Scalars<T> &results, const F &f, const A &a, 
     const Footprint to(results, {1, 1});
     const Footprint from(a, shape);
     if constexpr (squares) {
-        walk<T>(count, Overlap(count, {1, 1}, to, from), kernel, single, walked<1, 1>(results),
+        walk_lightly<T>(count, Overlap(count, {1, 1}, to, from), kernel, single, walked<1, 1>(results),
                 walked<H, W>(a));
     } else {
         const Footprint beside(b..., shape);
         const Overlap overlap(count, {1, 1}, to, from, beside);
         if constexpr (pairs)
-            walk<T>(count, overlap, kernel, single, walked<1, 1>(results), walked<H, W>(a),
+            walk_lightly<T>(count, overlap, kernel, single, walked<1, 1>(results), walked<H, W>(a),
                     walked<H, W>(b...));
         else
-            walk<T>(count, overlap, kernel, single, walked<1, 1>(results), walked<H, W>(a));
+            walk_lightly<T>(count, overlap, kernel, single, walked<1, 1>(results), walked<H, W>(a));
     }
 }
 
