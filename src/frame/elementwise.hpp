@@ -170,7 +170,8 @@ struct Nest {
 };
 
 // Where object n of every operand begins: at a distance, or by a table. In the second case an
-// operand that is not an array is a table of one pointer, read again for every object.
+// operand without a table is a table of one pointer, read again for every object, and a distance
+// from there, 0 where it is not an array.
 template <int operands>
 struct AffineObjects {
     char *base[operands];
@@ -181,10 +182,10 @@ struct AffineObjects {
 template <int operands>
 struct TableObjects {
     const char *table[operands];
-    Distance step[operands], shift[operands];
+    Distance step[operands], shift[operands], stride[operands];
 
     ZELM_INLINE char *operator()(int k, Distance n) const {
-        return load<char *>(table[k] + n * step[k]) + shift[k];
+        return load<char *>(table[k] + n * step[k]) + shift[k] + n * stride[k];
     }
 };
 
@@ -327,10 +328,12 @@ void nested(int count, Shape shape, const Op &op, std::index_sequence<k...>,
                 objects.table[i] = reinterpret_cast<const char *>(o.table);
                 objects.step[i] = sizeof(char *);
                 objects.shift[i] = o.shift;
+                objects.stride[i] = 0;
             } else {
                 one[i] = o.object(0);
                 objects.table[i] = reinterpret_cast<const char *>(&one[i]);
                 objects.step[i] = objects.shift[i] = 0;
+                objects.stride[i] = o.step();
             }
         };
         (add(k, operand), ...);
