@@ -599,8 +599,8 @@ Workspace::Workspace(BenchWork work, ElementType type, Shape shape, BenchMemory 
         c_ = {4, 4};
         break;
     }
-    problem_.a = place(a_, work == bench_unpack ? bench_packed : memory,
-                       work == bench_mul_mma || gaxpy);
+    problem_.a =
+        place(a_, work == bench_unpack ? bench_packed : memory, work == bench_mul_mma || gaxpy);
     if (b_.rows > 0)
         problem_.b = place(b_, memory, work == bench_mul_mam || one_matrix);
     problem_.c = place(c_, scalars || work == bench_pack ? bench_packed : memory, false);

@@ -97,8 +97,9 @@ void offer_all(PeerList &list) {
     for_orders<3, 4, 6, 64>(
         [&](auto n) { list.offer<T>("Eigen", bench_dot, sum(1, n), bench_packed, dot<T, n>); });
     list.offer<T>("Eigen", bench_cross, sum(1, 3), bench_packed, cross<T>);
-    for_orders<3, 4, 64>(
-        [&](auto n) { list.offer<T>("Eigen", bench_norm, sum(1, n), bench_packed, norm<T, 1, n>); });
+    for_orders<3, 4, 64>([&](auto n) {
+        list.offer<T>("Eigen", bench_norm, sum(1, n), bench_packed, norm<T, 1, n>);
+    });
     list.offer<T>("Eigen", bench_norm, sum(4, 4), bench_packed, norm<T, 4, 4>);
     for_orders<3, 4>([&](auto n) {
         list.offer<T>("Eigen", bench_transpose, sum(n, n), bench_packed, transpose<T, n>);

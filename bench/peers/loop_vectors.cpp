@@ -1,4 +1,5 @@
-// Plain loops over vectors and over matrices that only move, with small sizes known at compile time.
+// Plain loops over vectors and over matrices that only move, with small sizes known at compile
+// time.
 #include <cmath>
 #include <cstring>
 

@@ -6,10 +6,9 @@ namespace {
 
 template <class T>
 void saxpy(const Problem &p) {
-    must(BENCH_MEMBER(T, zelmSaxpy_vava)(base<T>(p.a), p.a.object, p.a.element, base<T>(p.b),
-                                         p.b.object, p.b.element, base<T>(p.c), p.c.object,
-                                         p.c.element, p.columns, p.count,
-                                         static_cast<T>(p.scale1)));
+    must(BENCH_MEMBER(T, zelmSaxpy_vava)(
+        base<T>(p.a), p.a.object, p.a.element, base<T>(p.b), p.b.object, p.b.element, base<T>(p.c),
+        p.c.object, p.c.element, p.columns, p.count, static_cast<T>(p.scale1)));
 }
 template <class T>
 void lcomb(const Problem &p) {
@@ -22,8 +21,8 @@ template <class T>
 void gaxpy(const Problem &p) {
     must(BENCH_MEMBER(T, zelmGaxpy_mva)(base<T>(p.a), p.a.row, p.a.element, p.inner, p.rows,
                                         base<T>(p.b), p.b.object, p.b.element, p.inner,
-                                        base<T>(p.d), p.d.object, p.d.element, p.rows,
-                                        base<T>(p.c), p.c.object, p.c.element, p.count));
+                                        base<T>(p.d), p.d.object, p.d.element, p.rows, base<T>(p.c),
+                                        p.c.object, p.c.element, p.count));
 }
 template <class T>
 void gaxpy_one(const Problem &p) {

@@ -12,9 +12,9 @@ void dot(const Problem &p) {
 }
 template <class T>
 void cross(const Problem &p) {
-    must(BENCH_MEMBER(T, zelmCrossProduct_vava)(base<T>(p.a), p.a.object, p.a.element,
-                                                base<T>(p.b), p.b.object, p.b.element,
-                                                base<T>(p.c), p.c.object, p.c.element, p.count));
+    must(BENCH_MEMBER(T, zelmCrossProduct_vava)(base<T>(p.a), p.a.object, p.a.element, base<T>(p.b),
+                                                p.b.object, p.b.element, base<T>(p.c), p.c.object,
+                                                p.c.element, p.count));
 }
 template <class T>
 void length(const Problem &p) {
@@ -23,8 +23,8 @@ void length(const Problem &p) {
 }
 template <class T>
 void frobenius(const Problem &p) {
-    must(BENCH_MEMBER(T, zelmFrobNorm_ma)(base<T>(p.a), p.a.object, p.a.row, p.a.element,
-                                          p.columns, p.rows, base<T>(p.c), p.count));
+    must(BENCH_MEMBER(T, zelmFrobNorm_ma)(base<T>(p.a), p.a.object, p.a.row, p.a.element, p.columns,
+                                          p.rows, base<T>(p.c), p.count));
 }
 
 // The floors are those of float; in double they are shown.

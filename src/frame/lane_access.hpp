@@ -104,9 +104,8 @@ ZELM_INLINE void load_from(Lanes<T> *out, const From &from) {
     else if constexpr (rest != 0) { // the last run may overlap the one before
         constexpr int length = N > L && rest == 3 ? L : rest, start = N - length;
         Lanes<T> v[L];
-        unroll<L>(ZELM_EACH(l) {
-            v[l] = from.template part<length>(l, start * Distance{sizeof(T)});
-        });
+        unroll<L>(
+            ZELM_EACH(l) { v[l] = from.template part<length>(l, start * Distance{sizeof(T)}); });
         transpose(v);
         unroll<rest>(ZELM_EACH(e) { out[N - rest + e] = v[length - rest + e]; });
     }

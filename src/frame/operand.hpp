@@ -303,9 +303,7 @@ struct Dense {
     ByteOf<T> *base;
     Distance stride0;
 
-    ZELM_INLINE Distance step() const {
-        return gapless ? H * W * Distance{sizeof(T)} : stride0;
-    }
+    ZELM_INLINE Distance step() const { return gapless ? H * W * Distance{sizeof(T)} : stride0; }
     ZELM_INLINE ByteOf<T> *object(int n) const { return base + n * step(); }
     ZELM_INLINE StridedView<T> view(int n) const {
         return {object(n), W * Distance{sizeof(T)}, sizeof(T)};

@@ -75,7 +75,7 @@ ZelStatus y8_ownzelmCrossProduct(int count, const A &a, const B &b, const D &d) 
     };
     if constexpr (A::is_array && B::is_array)
         return walk_lightly<T>(count, overlap, two_arrays, single, walked<1, 3>(d), walked<1, 3>(a),
-                       walked<1, 3>(b));
+                               walked<1, 3>(b));
     else if constexpr (A::is_array)
         return walk_lightly<T>(count, overlap, one_array, single, walked<1, 3>(d), walked<1, 3>(a));
     else

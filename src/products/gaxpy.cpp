@@ -110,8 +110,8 @@ void gaxpy_squares(int count, const A &a, const X &x, const B &b, const D &d) {
         walk<T>(count, overlap, one_addend, single, walked<1, N>(d), walked<1, N>(x));
 }
 
-// Columns that fill registers: a result is a sum of columns, which needs no transposes. A sum from 0
-// on is never -0; adding the 0 to b instead is the same, and off the chain of additions.
+// Columns that fill registers: a result is a sum of columns, which needs no transposes. A sum from
+// 0 on is never -0; adding the 0 to b instead is the same, and off the chain of additions.
 template <int N, class A, class X, class B, class D>
 void gaxpy_columns(int count, const A a, const X x, const B b, const D d) {
     using T = typename D::Element;
@@ -147,9 +147,8 @@ void gaxpy_columns(int count, const A a, const X x, const B b, const D d) {
         });
         if constexpr (B::is_array)
             load_addend(n);
-        unroll<registers>(ZELM_EACH(r) {
-            store<S>(d.object(n) + r * register_bytes, sum[r] + addend[r]);
-        });
+        unroll<registers>(
+            ZELM_EACH(r) { store<S>(d.object(n) + r * register_bytes, sum[r] + addend[r]); });
     };
     int n = 0;
     for (; n + 2 <= count; n += 2) {

@@ -32,9 +32,8 @@ ZELM_INLINE void load_products(Lanes<T> (&terms)[H][W], const A &a, const B &b, 
         Lanes<T> right[H][W];
         load_lanes<T>(terms, a, first);
         load_lanes<T>(right, b, first);
-        unroll<H * W>(ZELM_EACH(e) {
-            terms[e / W][e % W] = terms[e / W][e % W] * right[e / W][e % W];
-        });
+        unroll<H * W>(
+            ZELM_EACH(e) { terms[e / W][e % W] = terms[e / W][e % W] * right[e / W][e % W]; });
     }
 }
 
@@ -83,14 +82,14 @@ void reduce_lanes(int count, const Scalars<T> &results, const F &f, const A &a, 
     const Footprint to(results, {1, 1});
     const Footprint from(a, shape);
     if constexpr (squares) {
-        walk_lightly<T>(count, Overlap(count, {1, 1}, to, from), kernel, single, walked<1, 1>(results),
-                walked<H, W>(a));
+        walk_lightly<T>(count, Overlap(count, {1, 1}, to, from), kernel, single,
+                        walked<1, 1>(results), walked<H, W>(a));
     } else {
         const Footprint beside(b..., shape);
         const Overlap overlap(count, {1, 1}, to, from, beside);
         if constexpr (pairs)
             walk_lightly<T>(count, overlap, kernel, single, walked<1, 1>(results), walked<H, W>(a),
-                    walked<H, W>(b...));
+                            walked<H, W>(b...));
         else
             walk_lightly<T>(count, overlap, kernel, single, walked<1, 1>(results), walked<H, W>(a));
     }
