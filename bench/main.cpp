@@ -73,6 +73,9 @@ int run(const Options &options, char *program) {
     add_eigen_rows(rows);
     add_mul_rows(rows);
     add_sum_rows(rows);
+    add_combination_rows(rows);
+    add_reduction_rows(rows);
+    add_move_rows(rows);
     add_geometry_rows(rows);
     add_call_rows(rows);
     add_thread_rows(rows);

@@ -5,8 +5,9 @@
 
 namespace zelm::bench {
 namespace {
-constexpr const char *modules[] = {"loop", "eigen", "eigen_factors", "eigen_values",
-                                   "glm",  "cglm",  "lapack",        "xsmm"};
+constexpr const char *modules[] = {"loop",         "loop_vectors",  "eigen", "eigen_factors",
+                                   "eigen_values", "eigen_vectors", "glm",   "cglm",
+                                   "lapack",       "xsmm"};
 }
 
 Peers::Peers(const std::string &folder) {

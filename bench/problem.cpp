@@ -434,6 +434,80 @@ double value_error(const BenchProblem &p, bool symmetric) {
     return worst.worst();
 }
 
+// The sum of the products of two objects, or of the squares of one.
+template <class T>
+double reduction_error(const BenchProblem &p, BenchWork work) {
+    Worst<T> worst;
+    for (int n = 0; n < p.count; ++n) {
+        Wider<T> s = 0, magnitude = 0;
+        for (int i = 0; i < p.rows; ++i)
+            for (int j = 0; j < p.columns; ++j) {
+                const Wider<T> a = at<T>(p.a, n, i, j);
+                const Wider<T> term = a * (work == bench_dot ? Wider<T>{at<T>(p.b, n, i, j)} : a);
+                s += term;
+                magnitude += std::abs(term);
+            }
+        const Wider<T> expected = work == bench_dot ? s : std::sqrt(s);
+        const Wider<T> bound = work == bench_dot ? magnitude : expected;
+        worst.add(at<T>(p.c, n, 0, 0), expected, p.rows * p.columns * epsilon<T> * bound);
+    }
+    return worst.worst();
+}
+
+template <class T>
+double cross_error(const BenchProblem &p) {
+    Worst<T> worst;
+    for (int n = 0; n < p.count; ++n)
+        for (int j = 0; j < 3; ++j) {
+            const int k = (j + 1) % 3, l = (j + 2) % 3;
+            const auto a = [&](int i) -> Wider<T> { return at<T>(p.a, n, 0, i); };
+            const auto b = [&](int i) -> Wider<T> { return at<T>(p.b, n, 0, i); };
+            worst.add(at<T>(p.c, n, 0, j), a(k) * b(l) - a(l) * b(k),
+                      2 * epsilon<T> * (std::abs(a(k) * b(l)) + std::abs(a(l) * b(k))));
+        }
+    return worst.worst();
+}
+
+template <class T>
+double moved_error(const BenchProblem &p, bool transposed) {
+    Worst<T> worst;
+    for (int n = 0; n < p.count; ++n)
+        for (int i = 0; i < p.rows; ++i)
+            for (int j = 0; j < p.columns; ++j)
+                worst.add(transposed ? at<T>(p.c, n, j, i) : at<T>(p.c, n, i, j),
+                          at<T>(p.a, n, i, j), 0);
+    return worst.worst();
+}
+
+template <class T>
+double weighted_sum_error(const BenchProblem &p, BenchWork work) {
+    Worst<T> worst;
+    for (int n = 0; n < p.count; ++n)
+        for (int j = 0; j < p.columns; ++j) {
+            const auto a = Wider<T>{at<T>(p.a, n, 0, j)} * static_cast<Wider<T>>(p.scale1);
+            const auto b = Wider<T>{at<T>(p.b, n, 0, j)} *
+                           (work == bench_lcomb ? static_cast<Wider<T>>(p.scale2) : 1);
+            worst.add(at<T>(p.c, n, 0, j), a + b, 2 * epsilon<T> * (std::abs(a) + std::abs(b)));
+        }
+    return worst.worst();
+}
+
+template <class T>
+double gaxpy_error(const BenchProblem &p) {
+    Worst<T> worst;
+    for (int n = 0; n < p.count; ++n)
+        for (int i = 0; i < p.rows; ++i) {
+            Wider<T> s = at<T>(p.d, n, 0, i), magnitude = std::abs(s);
+            for (int k = 0; k < p.inner; ++k) {
+                const auto term = Wider<T>{at<T>(p.a, n, i, k)} * Wider<T>{at<T>(p.b, n, 0, k)};
+                s += term;
+                magnitude += std::abs(term);
+            }
+            worst.add(at<T>(p.c, n, 0, i), s, (p.inner + 1) * epsilon<T> * magnitude);
+        }
+    return worst.worst();
+}
+
 template <class T>
 double work_error(const BenchProblem &p, BenchWork work, BenchPivots pivots) {
     switch (work) {
@@ -473,6 +547,23 @@ double work_error(const BenchProblem &p, BenchWork work, BenchPivots pivots) {
     case bench_symmetric_values:
     case bench_general_values:
         return value_error<T>(p, work == bench_symmetric_values);
+    case bench_dot:
+    case bench_norm:
+        return reduction_error<T>(p, work);
+    case bench_cross:
+        return cross_error<T>(p);
+    case bench_transpose:
+        return moved_error<T>(p, true);
+    case bench_copy:
+    case bench_pack:
+    case bench_unpack:
+        return moved_error<T>(p, false);
+    case bench_saxpy:
+    case bench_lcomb:
+        return weighted_sum_error<T>(p, work);
+    case bench_gaxpy:
+    case bench_gaxpy_one:
+        return gaxpy_error<T>(p);
     }
     return std::numeric_limits<double>::quiet_NaN();
 }
@@ -486,13 +577,43 @@ Workspace::Workspace(BenchWork work, ElementType type, Shape shape, BenchMemory 
     problem_.inner = shape.inner;
     problem_.columns = shape.columns;
     problem_.count = count;
+    problem_.scale1 = 0.75;
+    problem_.scale2 = -1.25;
 
+    const bool gaxpy = work == bench_gaxpy || work == bench_gaxpy_one;
+    const bool scalars = work == bench_det || work == bench_dot || work == bench_norm;
     const bool one_matrix =
         work == bench_affine || work == bench_coordinate || work == bench_project;
     const Extent square{shape.rows, shape.rows}, vector{1, shape.rows};
     switch (work) {
     case bench_add:
+    case bench_cross:
+    case bench_saxpy:
+    case bench_lcomb:
         a_ = b_ = c_ = {shape.rows, shape.columns};
+        break;
+    case bench_dot:
+        a_ = b_ = {shape.rows, shape.columns};
+        c_ = {1, 1};
+        break;
+    case bench_norm:
+        a_ = {shape.rows, shape.columns};
+        c_ = {1, 1};
+        break;
+    case bench_transpose:
+        a_ = {shape.rows, shape.columns};
+        c_ = {shape.columns, shape.rows};
+        break;
+    case bench_copy:
+    case bench_pack:
+    case bench_unpack:
+        a_ = c_ = {shape.rows, shape.columns};
+        break;
+    case bench_gaxpy:
+    case bench_gaxpy_one:
+        a_ = {shape.rows, shape.inner};
+        b_ = {1, shape.inner};
+        c_ = d_ = vector;
         break;
     case bench_mul:
     case bench_mul_mam:
@@ -553,10 +674,13 @@ Workspace::Workspace(BenchWork work, ElementType type, Shape shape, BenchMemory 
         c_ = vector;
         break;
     }
-    problem_.a = place(a_, memory, work == bench_mul_mma);
+    problem_.a =
+        place(a_, work == bench_unpack ? bench_packed : memory, work == bench_mul_mma || gaxpy);
     if (b_.rows > 0)
         problem_.b = place(b_, memory, work == bench_mul_mam || one_matrix);
-    problem_.c = place(c_, work == bench_det ? bench_packed : memory, false);
+    problem_.c = place(c_, scalars || work == bench_pack ? bench_packed : memory, false);
+    if (d_.rows > 0)
+        problem_.d = place(d_, memory, work == bench_gaxpy_one);
     if (work == bench_lu || work == bench_lu_solve) {
         index_.resize(static_cast<std::size_t>(count) * static_cast<std::size_t>(shape.rows));
         problem_.index = index_.data();
@@ -639,7 +763,8 @@ void Workspace::fill(unsigned seed) {
                     else
                         at<T>(o, n, i, j) = at<T>(o, n, j, i);
     };
-    for (const auto &[operand, extent] : {std::pair{problem_.a, a_}, std::pair{problem_.b, b_}}) {
+    for (const auto &[operand, extent] :
+         {std::pair{problem_.a, a_}, std::pair{problem_.b, b_}, std::pair{problem_.d, d_}}) {
         if (type_ == ElementType::f32)
             fill_operand(operand, extent, float{});
         else

@@ -57,7 +57,7 @@ private:
 
     BenchWork work_;
     ElementType type_;
-    Extent a_{}, b_{}, c_{};
+    Extent a_{}, b_{}, c_{}, d_{};
     Problem problem_{};
     std::vector<int> index_;
     std::vector<double> buffer_;

@@ -47,6 +47,45 @@ static void add3_vector(const BenchProblem *p) {
         glm_vec3_add(a[n], b[n], c[n]);
 }
 
+static void dot3(const BenchProblem *p) {
+    vec3 *a = p->a.base, *b = p->b.base;
+    float *c = p->c.base;
+    for (int n = 0; n < p->count; ++n)
+        c[n] = glm_vec3_dot(a[n], b[n]);
+}
+
+static void dot4(const BenchProblem *p) {
+    vec4 *a = p->a.base, *b = p->b.base;
+    float *c = p->c.base;
+    for (int n = 0; n < p->count; ++n)
+        c[n] = glm_vec4_dot(a[n], b[n]);
+}
+
+static void cross3(const BenchProblem *p) {
+    vec3 *a = p->a.base, *b = p->b.base, *c = p->c.base;
+    for (int n = 0; n < p->count; ++n)
+        glm_vec3_cross(a[n], b[n], c[n]);
+}
+
+static void norm3(const BenchProblem *p) {
+    vec3 *a = p->a.base;
+    float *c = p->c.base;
+    for (int n = 0; n < p->count; ++n)
+        c[n] = glm_vec3_norm(a[n]);
+}
+
+static void transpose4(const BenchProblem *p) {
+    mat4 *a = p->a.base, *c = p->c.base;
+    for (int n = 0; n < p->count; ++n)
+        glm_mat4_transpose_to(a[n], c[n]);
+}
+
+static void transpose3(const BenchProblem *p) {
+    mat3 *a = p->a.base, *c = p->c.base;
+    for (int n = 0; n < p->count; ++n)
+        glm_mat3_transpose_to(a[n], c[n]);
+}
+
 static float *vector_of(const BenchOperand *o, int n) {
     return (float *)((char *)o->base + (long)n * o->object);
 }
@@ -128,6 +167,12 @@ BenchPeerList bench_peers(void) {
         {"cglm", bench_coordinate, 4, 1, 0, 3, bench_strided, bench_pivots_none, 0, coordinate},
         {"cglm", bench_normalize, 4, 1, 0, 3, bench_packed, bench_pivots_none, 0, normalize},
         {"cglm", bench_normalize, 4, 1, 0, 3, bench_strided, bench_pivots_none, 0, normalize},
+        {"cglm", bench_dot, 4, 1, 0, 3, bench_packed, bench_pivots_none, 0, dot3},
+        {"cglm", bench_dot, 4, 1, 0, 4, bench_packed, bench_pivots_none, 0, dot4},
+        {"cglm", bench_cross, 4, 1, 0, 3, bench_packed, bench_pivots_none, 0, cross3},
+        {"cglm", bench_norm, 4, 1, 0, 3, bench_packed, bench_pivots_none, 0, norm3},
+        {"cglm", bench_transpose, 4, 4, 0, 4, bench_packed, bench_pivots_none, 0, transpose4},
+        {"cglm", bench_transpose, 4, 3, 0, 3, bench_packed, bench_pivots_none, 0, transpose3},
         {"cglm", bench_look_at, 4, 3, 0, 3, bench_packed, bench_pivots_none, 0, look_at},
     };
     BenchPeerList list = {peers, sizeof peers / sizeof *peers};

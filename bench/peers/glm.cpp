@@ -48,6 +48,51 @@ void mul_vector_by_columns(const BenchProblem *p) {
         c[n] = a[n] * b[n];
 }
 
+template <class Vector>
+void dot(const BenchProblem *p) {
+    const auto *a = objects<Vector>(p->a);
+    const auto *b = objects<Vector>(p->b);
+    auto *c = results<typename Vector::value_type>(p->c);
+    for (int n = 0; n < p->count; ++n)
+        c[n] = glm::dot(a[n], b[n]);
+}
+
+template <class Vector>
+void cross(const BenchProblem *p) {
+    const auto *a = objects<Vector>(p->a);
+    const auto *b = objects<Vector>(p->b);
+    auto *c = results<Vector>(p->c);
+    for (int n = 0; n < p->count; ++n)
+        c[n] = glm::cross(a[n], b[n]);
+}
+
+template <class Vector>
+void norm(const BenchProblem *p) {
+    const auto *a = objects<Vector>(p->a);
+    auto *c = results<typename Vector::value_type>(p->c);
+    for (int n = 0; n < p->count; ++n)
+        c[n] = glm::length(a[n]);
+}
+
+template <class Matrix>
+void transpose(const BenchProblem *p) {
+    const auto *a = objects<Matrix>(p->a);
+    auto *c = results<Matrix>(p->c);
+    for (int n = 0; n < p->count; ++n)
+        c[n] = glm::transpose(a[n]);
+}
+
+// The matrix by rows: the vector stands on its left.
+template <class Matrix, class Vector, bool one_addend>
+void gaxpy(const BenchProblem *p) {
+    const Matrix a = objects<Matrix>(p->a)[0];
+    const auto *b = objects<Vector>(p->b);
+    const auto *d = objects<Vector>(p->d);
+    auto *c = results<Vector>(p->c);
+    for (int n = 0; n < p->count; ++n)
+        c[n] = b[n] * a + d[one_addend ? 0 : n];
+}
+
 template <glm::qualifier Q, BenchWork work>
 void transform(const BenchProblem *p) {
     using Result = glm::vec<work == bench_affine ? 4 : 3, float, glm::packed_highp>;
@@ -114,6 +159,14 @@ void offer_order(PeerList &list, const char *name) {
                   mul_vector<Matrix, Vector>);
     list.offer<T>(name, bench_mul_vector, matrix_vector(N), bench_columns,
                   mul_vector_by_columns<Matrix, Vector>);
+    list.offer<T>(name, bench_dot, sum(1, N), bench_packed, dot<Vector>);
+    list.offer<T>(name, bench_norm, sum(1, N), bench_packed, norm<Vector>);
+    if constexpr (N == 3)
+        list.offer<T>(name, bench_cross, sum(1, N), bench_packed, cross<Vector>);
+    list.offer<T>(name, bench_transpose, sum(N, N), bench_packed, transpose<Matrix>);
+    list.offer<T>(name, bench_gaxpy, matrix_vector(N), bench_packed, gaxpy<Matrix, Vector, false>);
+    list.offer<T>(name, bench_gaxpy_one, matrix_vector(N), bench_packed,
+                  gaxpy<Matrix, Vector, true>);
 }
 
 } // namespace

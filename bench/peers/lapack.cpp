@@ -140,6 +140,44 @@ void invert(const BenchProblem *p) {
 }
 
 template <class T>
+void dot(const BenchProblem *p) {
+    const int n = p->columns;
+    for (int i = 0; i < p->count; ++i) {
+        const T *a = object_at<const T>(p->a, i);
+        const T *b = object_at<const T>(p->b, i);
+        if constexpr (sizeof(T) == 4)
+            results<T>(p->c)[i] = cblas_sdot(n, a, 1, b, 1);
+        else
+            results<T>(p->c)[i] = cblas_ddot(n, a, 1, b, 1);
+    }
+}
+
+template <class T>
+void norm(const BenchProblem *p) {
+    const int n = p->rows * p->columns;
+    for (int i = 0; i < p->count; ++i) {
+        const T *a = object_at<const T>(p->a, i);
+        if constexpr (sizeof(T) == 4)
+            results<T>(p->c)[i] = cblas_snrm2(n, a, 1);
+        else
+            results<T>(p->c)[i] = cblas_dnrm2(n, a, 1);
+    }
+}
+
+template <class T>
+void transpose(const BenchProblem *p) {
+    const int rows = p->rows, columns = p->columns;
+    for (int i = 0; i < p->count; ++i) {
+        const T *a = object_at<const T>(p->a, i);
+        T *c = object_at<T>(p->c, i);
+        if constexpr (sizeof(T) == 4)
+            cblas_somatcopy(CblasRowMajor, CblasTrans, rows, columns, 1, a, columns, c, rows);
+        else
+            cblas_domatcopy(CblasRowMajor, CblasTrans, rows, columns, 1, a, columns, c, rows);
+    }
+}
+
+template <class T>
 void offer_all(PeerList &list) {
     for (int n : {3, 4, 5, 6, 8}) {
         list.offer<T>("OpenBLAS", bench_mul, square(n), bench_packed, mul<T, false, false>);
@@ -150,6 +188,13 @@ void offer_all(PeerList &list) {
         list.offer<T>("OpenBLAS", bench_mul_vector, matrix_vector(n), bench_columns,
                       mul_vector<T, CblasColMajor>);
     }
+    for (int n : {3, 4, 64}) {
+        list.offer<T>("OpenBLAS", bench_dot, sum(1, n), bench_packed, dot<T>);
+        list.offer<T>("OpenBLAS", bench_norm, sum(1, n), bench_packed, norm<T>);
+    }
+    list.offer<T>("OpenBLAS", bench_norm, sum(4, 4), bench_packed, norm<T>);
+    for (int n : {3, 4, 512, 1000, 2048})
+        list.offer<T>("OpenBLAS", bench_transpose, sum(n, n), bench_packed, transpose<T>);
     for (int n : {3, 4, 5, 6, 8, 16}) {
         list.offer<T>("LAPACK", bench_lu, square(n), bench_packed, lu<T>, bench_pivots_swaps_of_at);
         list.offer<T>("LAPACK", bench_lu_solve, square(n), bench_packed, lu_solve<T>);

@@ -25,6 +25,17 @@ typedef enum BenchWork {
     bench_det,    /* c = the determinant of a, one number per object */
     bench_qr, /* c = R of a = Q * R on and above the diagonal, rows x columns; inner = columns */
     bench_qr_solve, /* c minimises |a * c - b|; b has rows elements, c columns */
+    bench_dot,       /* c = the sum of the products of a and b, vectors; one number per object */
+    bench_cross,     /* c = a x b, vectors of three */
+    bench_norm,      /* c = the root of the sum of the squares of a; one number per object */
+    bench_transpose, /* c = a transposed; a is rows x columns */
+    bench_saxpy,     /* c = a * scale1 + b, vectors */
+    bench_lcomb,     /* c = a * scale1 + b * scale2, vectors */
+    bench_copy,      /* c = a, rows x columns */
+    bench_pack,      /* the same, only a lies in the memory named, c is packed */
+    bench_unpack,    /* the same, only c lies in the memory named, a is packed */
+    bench_gaxpy,     /* c = a * b + d with one matrix a, vectors b and d */
+    bench_gaxpy_one, /* the same with one d for all objects */
     /* float only; b is one matrix, points are rows of three in front of it, c and a arrays */
     bench_affine,     /* c = the point a with w = 1 through b, four columns */
     bench_coordinate, /* c = the point a through b, divided by its w */
@@ -69,9 +80,10 @@ typedef struct BenchOperand {
 } BenchOperand;
 
 typedef struct BenchProblem {
-    BenchOperand a, b, c;
+    BenchOperand a, b, c, d;
     BenchOperand factors; /* of solutions, for who keeps them between the two steps */
     int *index;           /* rows entries per object */
+    double scale1, scale2;
     int rows, inner, columns;
     int count;
 } BenchProblem;

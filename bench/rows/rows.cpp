@@ -13,8 +13,7 @@ std::string shape_name(const ArrayRow &row) {
         return std::to_string(s.rows) + 'x' + std::to_string(s.columns);
     if (s.rows == 1 && s.inner == 0)
         return std::to_string(s.columns);
-    return std::to_string(s.rows) + 'x' +
-           std::to_string(row.kind == bench_mul_vector ? s.inner : s.columns);
+    return std::to_string(s.rows) + 'x' + std::to_string(s.columns == 1 ? s.inner : s.columns);
 }
 
 std::string memory_name(const ArrayRow &row) {

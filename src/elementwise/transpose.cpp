@@ -35,6 +35,23 @@ ZELM_INLINE void transpose_square(StridedView<const T> from, StridedView<T> to) 
     });
 }
 
+// Registers of two of the destination are two loads each, which cost less than exchanges between
+// whole ones. Everything is loaded first here too.
+template <int N>
+ZELM_INLINE void transpose_dense(const char *from, char *to) {
+    constexpr int pairs = N * N / 2;
+    constexpr Distance size = sizeof(double);
+    const auto at = [&](int e) __attribute__((always_inline)) {
+        return load<double>(from + (e % N * N + e / N) * size);
+    };
+    Lanes<double> v[pairs];
+    unroll<pairs>(ZELM_EACH(p) { v[p] = Lanes<double>{at(2 * p), at(2 * p + 1)}; });
+    const double last = at(N * N - 1);
+    unroll<pairs>(ZELM_EACH(p) { store<Lanes<double>>(to + p * register_bytes, v[p]); });
+    if constexpr (N % 2 == 1)
+        store<double>(to + (N * N - 1) * size, last);
+}
+
 template <int N, class S, class D>
 void transpose_squares(int count, const S source, const D destination) {
     using T = typename D::Element;
@@ -44,8 +61,11 @@ void transpose_squares(int count, const S source, const D destination) {
     const Distance in = x.stride1, out = y.stride1;
     if (in == row && out == row)
         for (int n = 0; n < count; ++n)
-            transpose_square<N, true, T>({source.object(n), row, sizeof(T)},
-                                         {destination.object(n), row, sizeof(T)});
+            if constexpr (sizeof(T) == sizeof(double))
+                transpose_dense<N>(source.object(n), destination.object(n));
+            else
+                transpose_square<N, true, T>({source.object(n), row, sizeof(T)},
+                                             {destination.object(n), row, sizeof(T)});
     else
         for (int n = 0; n < count; ++n)
             transpose_square<N, false, T>({source.object(n), in, sizeof(T)},

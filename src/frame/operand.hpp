@@ -293,8 +293,8 @@ inline constexpr Description description_of = Operand::is_tabled   ? Description
                                               : Operand::has_table ? Description::layout
                                                                    : Description::standard;
 
-// An array whose objects, of one fixed shape, have no gaps inside.
-template <class T, int H, int W>
+// An array whose objects, of one fixed shape, have no gaps inside, nor between them if `gapless`.
+template <class T, int H, int W, bool gapless = false>
 struct Dense {
     using Type = T;
     using Element = std::remove_const_t<T>;
@@ -303,8 +303,8 @@ struct Dense {
     ByteOf<T> *base;
     Distance stride0;
 
-    ZELM_INLINE Distance step() const { return stride0; }
-    ZELM_INLINE ByteOf<T> *object(int n) const { return base + n * stride0; }
+    ZELM_INLINE Distance step() const { return gapless ? H * W * Distance{sizeof(T)} : stride0; }
+    ZELM_INLINE ByteOf<T> *object(int n) const { return base + n * step(); }
     ZELM_INLINE StridedView<T> view(int n) const {
         return {object(n), W * Distance{sizeof(T)}, sizeof(T)};
     }
@@ -312,8 +312,8 @@ struct Dense {
 
 template <class Operand>
 inline constexpr bool is_dense = false;
-template <class T, int H, int W>
-inline constexpr bool is_dense<Dense<T, H, W>> = true;
+template <class T, int H, int W, bool gapless>
+inline constexpr bool is_dense<Dense<T, H, W, gapless>> = true;
 
 // The operand as lane kernels of a fixed shape take it.
 template <int H, int W, class Part = Whole, class Operand>

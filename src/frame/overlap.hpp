@@ -144,6 +144,8 @@ public:
                  ...);
     }
 
+    // Whether any objects may be worked on at once.
+    ZELM_INLINE bool clear() const { return clear_; }
     // Whether objects first ... first + live - 1 may be worked on at once.
     ZELM_INLINE bool clear(int first, int live) const { return clear_ || group_clear(first, live); }
 

@@ -66,18 +66,22 @@ template <class T>
 ZELM_INLINE bool dense_now(const Walked<Scalars<T>, 1, 1, 1> &) {
     return true;
 }
-template <class T, int rank, int elements, int H, int W, class Part>
+template <bool gapless = false, class T, int rank, int elements, int H, int W, class Part>
 ZELM_INLINE auto as_dense(const Walked<Standard<T, rank, true>, elements, H, W, Part> &w) {
-    return Walked<Dense<T, H, W>, elements, H, W, Part>{{w.operand.object(0), w.operand.step()},
-                                                        w.shape};
+    return Walked<Dense<T, H, W, gapless>, elements, H, W, Part>{
+        {w.operand.object(0), w.operand.step()}, w.shape};
 }
-template <class Int, int elements>
+template <bool gapless = false, class Int, int elements>
 ZELM_INLINE auto as_dense(const Walked<IndexRows<Int>, elements> &w) {
     return w;
 }
-template <class T>
+template <bool gapless = false, class T>
 ZELM_INLINE auto as_dense(const Walked<Scalars<T>, 1, 1, 1> &w) {
     return w;
+}
+template <class Operand, int elements, int H, int W, class Part>
+ZELM_INLINE bool gapless_now(const Walked<Operand, elements, H, W, Part> &w) {
+    return w.operand.step() == H * W * Distance{sizeof(typename Operand::Type)};
 }
 } // namespace detail
 
@@ -91,7 +95,7 @@ ZELM_INLINE ZelStatus walk_singly(int count, const Single &single) {
 }
 
 // Groups begin at multiples of the lanes as long as no object fails.
-template <class T, int registers, class Allowed, class Kernel, class Single, class... Arrays>
+template <class T, int registers = 1, class Allowed, class Kernel, class Single, class... Arrays>
 ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kernel &kernel,
                                   const Single &single, const Arrays &...arrays) {
     constexpr int L = registers * lanes_per_register<T>;
@@ -157,6 +161,28 @@ ZELM_INLINE ZelStatus walk(int count, const Allowed &allowed, const Kernel &kern
             return walk_groups<T, registers>(count, allowed, kernel, single,
                                              detail::as_dense(arrays)...);
     return walk_groups<T, registers>(count, allowed, kernel, single, arrays...);
+}
+
+// The same for a kernel that never fails and for one that takes a few instructions per group: dense
+// objects pass in a bare loop, those behind the last full group singly.
+template <class T, class Allowed, class Kernel, class Single, class... Arrays>
+ZELM_INLINE ZelStatus walk_lightly(int count, const Allowed &allowed, const Kernel &kernel,
+                                   const Single &single, const Arrays &...arrays) {
+    if constexpr ((detail::may_be_dense<Arrays> && ...))
+        if (allowed.clear() && (detail::dense_now(arrays) && ...)) {
+            constexpr int L = lanes_per_register<T>;
+            const int full = count - count % L;
+            const auto pass = [&](const auto... dense) __attribute__((always_inline)) {
+                for (int n = 0; n < full; n += L)
+                    kernel(Group{n, false}, dense.operand...);
+            };
+            if ((detail::gapless_now(arrays) && ...))
+                pass(detail::as_dense<true>(arrays)...);
+            else
+                pass(detail::as_dense(arrays)...);
+            return walk_singly(count - full, [&](int n) { return single(full + n); });
+        }
+    return walk_groups<T>(count, allowed, kernel, single, arrays...);
 }
 
 } // namespace zelm

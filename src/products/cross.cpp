@@ -74,12 +74,12 @@ ZelStatus y8_ownzelmCrossProduct(int count, const A &a, const B &b, const D &d) 
         return 0u;
     };
     if constexpr (A::is_array && B::is_array)
-        return walk<T>(count, overlap, two_arrays, single, walked<1, 3>(d), walked<1, 3>(a),
-                       walked<1, 3>(b));
+        return walk_lightly<T>(count, overlap, two_arrays, single, walked<1, 3>(d), walked<1, 3>(a),
+                               walked<1, 3>(b));
     else if constexpr (A::is_array)
-        return walk<T>(count, overlap, one_array, single, walked<1, 3>(d), walked<1, 3>(a));
+        return walk_lightly<T>(count, overlap, one_array, single, walked<1, 3>(d), walked<1, 3>(a));
     else
-        return walk<T>(count, overlap, one_array, single, walked<1, 3>(d), walked<1, 3>(b));
+        return walk_lightly<T>(count, overlap, one_array, single, walked<1, 3>(d), walked<1, 3>(b));
 }
 
 template <class A, class B, class D>

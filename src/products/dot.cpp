@@ -43,11 +43,34 @@ T dot_product(const A &a, const B &b, int n, int len, int singles) {
     return add_products<false>(T(-0.0), x, y, 0, len, singles);
 }
 
-template <int N>
-struct DotProduct {
-    template <class S>
-    ZELM_INLINE S operator()(const S (&a)[1][N], const S (&b)[1][N]) const {
-        return sum_of_products(a, b);
+// Long vectors: some pairs at a time where no result is stored among the sources.
+template <class T, class A, class B>
+void dot_products(int count, int len, const Scalars<T> &results, const A &a, const B &b) {
+    int n = 0;
+    if constexpr (!A::is_tabled && sizeof(T) == 4) { // accumulators of two pairs of double spill
+        constexpr int together = 2;
+        const Shape shape = {1, len};
+        const Footprint to(results, {1, 1});
+        const Footprint left(a, shape);
+        const Footprint right(b, shape);
+        if (len >= block_length && rows_adjacent(a) && rows_adjacent(b) &&
+            Overlap(count, {1, 1}, to, left, right).clear())
+            for (; n + together <= count; n += together) {
+                T sum[together] = {T(-0.0), T(-0.0)};
+                const StridedView<const T> x[] = {view(a, n, shape), view(a, n + 1, shape)};
+                const StridedView<const T> y[] = {view(b, n, shape), view(b, n + 1, shape)};
+                add_products<true>(sum, x, y, 0, len);
+                unroll<together>(ZELM_EACH(o) { store<T>(results.object(n + o), sum[o]); });
+            }
+    }
+    for (; n < count; ++n)
+        store<T>(results.object(n), dot_product<T>(a, b, n, len, 0));
+}
+
+struct Sum {
+    template <int N, class S>
+    ZELM_INLINE S operator()(const S (&terms)[1][N]) const {
+        return sum_of(terms);
     }
 };
 
@@ -56,20 +79,19 @@ ZelStatus y8_ownzelmDotProduct(int count, int len, const Scalars<T> &results, co
                                const B &b) {
     switch (len) {
     case 3:
-        reduce_lanes<1, 3>(count, results, DotProduct<3>{}, a, b);
+        reduce_lanes<1, 3>(count, results, Sum{}, a, b);
         break;
     case 4:
-        reduce_lanes<1, 4>(count, results, DotProduct<4>{}, a, b);
+        reduce_lanes<1, 4>(count, results, Sum{}, a, b);
         break;
     case 5:
-        reduce_lanes<1, 5>(count, results, DotProduct<5>{}, a, b);
+        reduce_lanes<1, 5>(count, results, Sum{}, a, b);
         break;
     case 6:
-        reduce_lanes<1, 6>(count, results, DotProduct<6>{}, a, b);
+        reduce_lanes<1, 6>(count, results, Sum{}, a, b);
         break;
     default:
-        for (int n = 0; n < count; ++n)
-            store<T>(results.object(n), dot_product<T>(a, b, n, len, 0));
+        dot_products(count, len, results, a, b);
     }
     return zelStatusOk;
 }

@@ -110,9 +110,78 @@ void gaxpy_squares(int count, const A &a, const X &x, const B &b, const D &d) {
         walk<T>(count, overlap, one_addend, single, walked<1, N>(d), walked<1, N>(x));
 }
 
+// Columns that fill registers: a result is a sum of columns, which needs no transposes. A sum from
+// 0 on is never -0; adding the 0 to b instead is the same, and off the chain of additions.
+template <int N, class A, class X, class B, class D>
+void gaxpy_columns(int count, const A a, const X x, const B b, const D d) {
+    using T = typename D::Element;
+    using S = Lanes<T>;
+    constexpr int L = lanes_of<S>, registers = N / L;
+    S column[N][registers], addend[registers];
+    const S zero = {};
+    const auto matrix = view(a, 0, {N, N});
+    unroll<N>(ZELM_EACH(j) {
+        unroll<registers>(ZELM_EACH(r) {
+            unroll<L>(ZELM_EACH(l) { column[j][r][int{l}] = get(matrix, r * L + l, j); });
+        });
+    });
+    const auto load_addend = [&](int n) __attribute__((always_inline)) {
+        unroll<registers>(
+            ZELM_EACH(r) { addend[r] = load<S>(b.object(n) + r * register_bytes) + zero; });
+    };
+    if constexpr (!B::is_array)
+        load_addend(0);
+    const auto one = [&](int n) __attribute__((always_inline)) {
+        const char *const factors = x.object(n);
+        S sum[registers];
+        unroll<N>(ZELM_EACH(j) {
+            S factor;
+            if constexpr (registers == 1)
+                factor = splat_lane<j>(load<S>(factors));
+            else
+                factor = splat<S>(load<T>(factors + j * sizeof(T)));
+            unroll<registers>(ZELM_EACH(r) {
+                const S term = column[j][r] * factor;
+                sum[r] = j == 0 ? term : sum[r] + term;
+            });
+        });
+        if constexpr (B::is_array)
+            load_addend(n);
+        unroll<registers>(
+            ZELM_EACH(r) { store<S>(d.object(n) + r * register_bytes, sum[r] + addend[r]); });
+    };
+    int n = 0;
+    for (; n + 2 <= count; n += 2) {
+        one(n);
+        one(n + 1);
+    }
+    if (n < count)
+        one(n);
+}
+template <int N, class A, class X, class B, class D>
+ZELM_INLINE void gaxpy_gapless(int count, const A &a, const X &x, const B &b, const D &d) {
+    if constexpr (!D::has_table) {
+        const auto gapless = [](const auto &op) {
+            return op.step() == N * Distance{sizeof(typename D::Element)};
+        };
+        const auto dense = [](const auto &op) {
+            return detail::as_dense<true>(walked<1, N>(op)).operand;
+        };
+        if (gapless(x) && gapless(d)) {
+            if constexpr (!B::is_array)
+                return gaxpy_columns<N>(count, a, dense(x), b, dense(d));
+            else if (gapless(b))
+                return gaxpy_columns<N>(count, a, dense(x), dense(b), dense(d));
+        }
+    }
+    gaxpy_columns<N>(count, a, x, b, d);
+}
+
 template <int N, class A, class X, class B, class D>
 ZELM_INLINE void gaxpy_fixed(int count, const A &a, const X &x, const B &b, const D &d) {
-    if constexpr (D::is_array)
+    if constexpr (D::is_array && N % lanes_per_register<typename D::Element> == 0)
+        gaxpy_gapless<N>(count, a, x, b, d);
+    else if constexpr (D::is_array)
         gaxpy_squares<N>(count, a, x, b, d);
     else
         gaxpy_square<N>(a, x, b, d, 0);

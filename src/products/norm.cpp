@@ -10,11 +10,10 @@
 namespace zelm {
 namespace {
 
-template <int H, int W>
-struct Norm {
-    template <class S>
-    ZELM_INLINE S operator()(const S (&a)[H][W]) const {
-        return square_root(sum_of_products(a, a));
+struct RootOfSum {
+    template <int H, int W, class S>
+    ZELM_INLINE S operator()(const S (&terms)[H][W]) const {
+        return square_root(sum_of(terms));
     }
 };
 
@@ -32,9 +31,9 @@ T norm_of(const A &a, int n, Shape shape) {
 template <int N, class T, class A>
 ZELM_INLINE void fixed_norms(int count, const Scalars<T> &results, const A &a) {
     if constexpr (A::object_rank == 1)
-        reduce_lanes<1, N>(count, results, Norm<1, N>{}, a);
+        reduce_lanes<1, N>(count, results, RootOfSum{}, a);
     else if constexpr (N <= 5)
-        reduce_lanes<N, N>(count, results, Norm<N, N>{}, a);
+        reduce_lanes<N, N>(count, results, RootOfSum{}, a);
 }
 
 template <class T, class A>

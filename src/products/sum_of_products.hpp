@@ -5,11 +5,11 @@
 
 namespace zelm {
 
-// Ascending, straight-line: objects of a fixed shape, one in each lane.
+// Ascending, straight-line: the products of objects of a fixed shape, one in each lane.
 template <int H, int W, class S>
-ZELM_INLINE S sum_of_products(const S (&a)[H][W], const S (&b)[H][W]) {
-    S sum = a[0][0] * b[0][0];
-    unroll<1, H * W>(ZELM_EACH(e) { sum = sum + a[e / W][e % W] * b[e / W][e % W]; });
+ZELM_INLINE S sum_of(const S (&terms)[H][W]) {
+    S sum = terms[0][0];
+    unroll<1, H * W>(ZELM_EACH(e) { sum = sum + terms[e / W][e % W]; });
     return sum;
 }
 
@@ -34,32 +34,53 @@ ZELM_INLINE void load_four(Lanes<T> (&out)[4 / lanes_per_register<T>], const Vie
 // Adds the products of two rows to `sum`: the first `singles` one by one, then blocks of eight in
 // two accumulators of four, which are added lane by lane, lanes 0 and 2, 1 and 3, and those two,
 // and become one addend; then the rest one by one. -0 is where a sum begins that nothing was added
-// to.
-template <bool adjacent, class T, class A, class B>
-ZELM_INLINE T add_products(T sum, const A &a, const B &b, int i, int len, int singles = 0) {
+// to. Several objects take turns, so that none waits for its own additions.
+template <bool adjacent, int objects, class T, class A, class B>
+ZELM_INLINE void add_products(T (&sum)[objects], const A (&a)[objects], const B (&b)[objects],
+                              int i, int len, int singles = 0) {
     constexpr int L = lanes_per_register<T>, registers = 4 / L;
+    const auto add_one = [&](int k) __attribute__((always_inline)) {
+        unroll<objects>(ZELM_EACH(o) { sum[o] = sum[o] + get(a[o], i, k) * get(b[o], i, k); });
+    };
     int k = 0;
-    const int before = singles < len ? singles : len;
-    for (; k < before; ++k)
-        sum = sum + get(a, i, k) * get(b, i, k);
+    for (const int before = singles < len ? singles : len; k < before; ++k)
+        add_one(k);
     if (len - k >= block_length) {
-        Lanes<T> even[registers], odd[registers], x[registers], y[registers];
-        unroll<registers>(ZELM_EACH(r) { even[r] = odd[r] = splat<Lanes<T>>(T(-0.0)); });
+        Lanes<T> even[objects][registers], odd[objects][registers];
+        unroll<objects>(ZELM_EACH(o) {
+            unroll<registers>(ZELM_EACH(r) { even[o][r] = odd[o][r] = splat<Lanes<T>>(T(-0.0)); });
+        });
+        const auto add_four = [&](auto &to, int from) __attribute__((always_inline)) {
+            unroll<objects>(ZELM_EACH(o) {
+                Lanes<T> x[registers], y[registers];
+                load_four<adjacent, T>(x, a[o], i, from);
+                load_four<adjacent, T>(y, b[o], i, from);
+                unroll<registers>(ZELM_EACH(r) { to[o][r] = to[o][r] + x[r] * y[r]; });
+            });
+        };
         for (; k + block_length <= len; k += block_length) {
-            load_four<adjacent, T>(x, a, i, k);
-            load_four<adjacent, T>(y, b, i, k);
-            unroll<registers>(ZELM_EACH(r) { even[r] = even[r] + x[r] * y[r]; });
-            load_four<adjacent, T>(x, a, i, k + 4);
-            load_four<adjacent, T>(y, b, i, k + 4);
-            unroll<registers>(ZELM_EACH(r) { odd[r] = odd[r] + x[r] * y[r]; });
+            add_four(even, k);
+            add_four(odd, k + 4);
         }
-        unroll<registers>(ZELM_EACH(r) { even[r] = even[r] + odd[r]; });
-        const auto lane = [&](int l) { return even[l / L][l % L]; };
-        sum = sum + ((lane(0) + lane(2)) + (lane(1) + lane(3)));
+        unroll<objects>(ZELM_EACH(o) {
+            unroll<registers>(ZELM_EACH(r) { even[o][r] = even[o][r] + odd[o][r]; });
+            const auto lane = [&](int l) __attribute__((always_inline)) {
+                return even[o][l / L][l % L];
+            };
+            sum[o] = sum[o] + ((lane(0) + lane(2)) + (lane(1) + lane(3)));
+        });
     }
     for (; k < len; ++k)
-        sum = sum + get(a, i, k) * get(b, i, k);
-    return sum;
+        add_one(k);
+}
+
+template <bool adjacent, class T, class A, class B>
+ZELM_INLINE T add_products(T sum, const A &a, const B &b, int i, int len, int singles = 0) {
+    T one[] = {sum};
+    const A x[] = {a};
+    const B y[] = {b};
+    add_products<adjacent>(one, x, y, i, len, singles);
+    return one[0];
 }
 
 } // namespace zelm
