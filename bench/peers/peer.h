@@ -24,7 +24,7 @@ typedef enum BenchWork {
     bench_invert, /* c = the inverse of a */
     bench_det,    /* c = the determinant of a, one number per object */
     bench_qr, /* c = R of a = Q * R on and above the diagonal, rows x columns; inner = columns */
-    bench_qr_solve, /* c minimises |a * c - b|; b has rows elements, c columns */
+    bench_qr_solve,  /* c minimises |a * c - b|; b has rows elements, c columns */
     bench_dot,       /* c = the sum of the products of a and b, vectors; one number per object */
     bench_cross,     /* c = a x b, vectors of three */
     bench_norm,      /* c = the root of the sum of the squares of a; one number per object */

@@ -347,9 +347,10 @@ int buffer_elements(const Member &member, int n) {
 
 Sizes parallel_sizes(const Member &member) {
     const bool tall = member.family.starts_with("QR");
-    const int count = among(member.family, "DotProduct CrossProduct Trace Gaxpy") || member.kinds == "cva" ? 2500
-                      : member.family == "Det"                                            ? 5000
-                                                                                          : 500;
+    const int count =
+        among(member.family, "DotProduct CrossProduct Trace Gaxpy") || member.kinds == "cva" ? 2500
+        : member.family == "Det"                                                             ? 5000
+                                                                                             : 500;
     return {tall ? 9 : 3, member.is_square() || tall ? 4 : 9, 5, count};
 }
 
