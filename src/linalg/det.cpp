@@ -12,9 +12,6 @@ namespace {
 
 constexpr Limits limits = {14401, 14401}; // of n*count
 
-template <class T>
-using Results = Standard<T, 0, true>; // adjacent
-
 // 0 where a pivot or the last element is too small.
 template <class S>
 ZELM_INLINE S result(const Elimination<S> &found, ElementOf<S> threshold) {
@@ -41,7 +38,7 @@ T y8_ownzelmDet_m(const Source &source, int n, int object, void *buffer) {
 }
 
 template <int N, class Source, class T, class Single>
-void det_array(const Source &source, const Results<T> &results, int count, const Single &single) {
+void det_array(const Source &source, const Scalars<T> &results, int count, const Single &single) {
     const Footprint from(source, {N, N});
     const Footprint to(results, {1, 1});
     const Overlap overlap(count, {1, 1}, to, from);
@@ -59,7 +56,7 @@ void det_array(const Source &source, const Results<T> &results, int count, const
 constexpr int largest_lane_order = 16; // 4 KiB of registers
 
 template <class Source, class T, class Single>
-void det_array(int n, const Source &source, const Results<T> &results, int count,
+void det_array(int n, const Source &source, const Scalars<T> &results, int count,
                const Single &single) {
     using S = Lanes<T>;
     constexpr int elements = largest_lane_order * largest_lane_order;
@@ -86,7 +83,7 @@ void det_array(int n, const Source &source, const Results<T> &results, int count
 }
 
 template <class Source, class T>
-ZelStatus y8_ownzelmDet_ma(void *buffer, int count, const Source &source, const Results<T> &results,
+ZelStatus y8_ownzelmDet_ma(void *buffer, int count, const Source &source, const Scalars<T> &results,
                            int n) {
     if constexpr (Source::is_tabled) {
         Standard<const T, 2, true> same;
@@ -124,10 +121,10 @@ ZELM_INLINE ZelStatus det(const Source &source, int n, T *buffer, T *result, int
         return s;
     return run_objects_in(
         scratch_matrix(buffer, n), limits.serial(Estimate(n) * count, true),
-        [n](void *scratch, int objects, const Source &from, const Results<T> &to) {
+        [n](void *scratch, int objects, const Source &from, const Scalars<T> &to) {
             return y8_ownzelmDet_ma<Source, T>(scratch, objects, from, to, n);
         },
-        count, source, Results<T>{result, sizeof(T), 0, 0});
+        count, source, Scalars<T>{result});
 }
 
 } // namespace

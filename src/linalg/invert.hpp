@@ -2,6 +2,7 @@
 #pragma once
 
 #include "det.hpp"
+#include "pivot.hpp"
 
 namespace zelm {
 
@@ -55,28 +56,9 @@ ZELM_INLINE MaskOf<S> gauss_jordan(S (&a)[N][N], IndexOf<S> (&p)[N], ElementOf<S
     MaskOf<S> failing = no_lane<S>();
     unroll<N>(ZELM_EACH(i) { p[i] = splat_index<S>(i); });
     unroll<N>(ZELM_EACH(k) {
-        S best = magnitude(a[k][k]);
-        IndexOf<S> where = splat_index<S>(k);
-        unroll<k + 1, N>(ZELM_EACH(i) {
-            const S candidate = magnitude(a[i][k]);
-            const auto larger = candidate > best;
-            best = select(larger, candidate, best);
-            where = select(larger, splat_index<S>(i), where);
-        });
-        failing = failing | (splat<S>(threshold) > best);
-
-        S row[N];
-        unroll<N>(ZELM_EACH(j) { row[j] = a[k][j]; });
-        const IndexOf<S> number = p[k];
-        unroll<k + 1, N>(ZELM_EACH(i) {
-            const auto here = where == splat_index<S>(i);
-            unroll<N>(ZELM_EACH(j) {
-                a[k][j] = select(here, a[i][j], a[k][j]);
-                a[i][j] = select(here, row[j], a[i][j]);
-            });
-            p[k] = select(here, p[i], p[k]);
-            p[i] = select(here, number, p[i]);
-        });
+        const auto pivot = find_pivot<k>(a);
+        failing = failing | (splat<S>(threshold) > pivot.magnitude);
+        exchange_rows<k>(a, p, pivot);
 
         const S r = refined_reciprocal(a[k][k]);
         unroll<N>(ZELM_EACH(j) {

@@ -2,7 +2,7 @@
 // Golub, Van Loan: Matrix Computations, 3.4 (outer product form, row exchanges).
 #pragma once
 
-#include "../frame/lanes.hpp"
+#include "pivot.hpp"
 
 namespace zelm {
 
@@ -25,40 +25,11 @@ ZELM_INLINE MaskOf<S> factor(S (&a)[N][N], IndexOf<S> (&p)[N], ElementOf<S> thre
     unroll<N>(ZELM_EACH(k) {
         if (lanes_of<S> == 1 && lane_bits(failing))
             return;
-        // One pass for the largest, then one exchange: a tie goes to the earliest. The pivot comes
-        // out of the search, so that the division need not wait for the exchange.
-        S best = magnitude(a[k][k]);
-        S pivot = a[k][k];
-        MaskOf<S> here[N];
-        unroll<k + 1, N>(ZELM_EACH(i) {
-            const S candidate = magnitude(a[i][k]);
-            here[i] = candidate > best;
-            best = select(here[i], candidate, best);
-            pivot = select(here[i], a[i][k], pivot);
-        });
-        failing = failing | (best < splat<S>(threshold));
+        const auto pivot = find_pivot<k>(a);
+        failing = failing | (pivot.magnitude < splat<S>(threshold));
         if (lanes_of<S> == 1 && lane_bits(failing))
             return;
-        // The last row that was larger than all before it is the pivot's.
-        MaskOf<S> found = no_lane<S>();
-        unroll<k + 1, N>(ZELM_EACH(back) {
-            constexpr int i = N + k - back;
-            here[i] = and_not(here[i], found);
-            found = found | here[i];
-        });
-
-        S row[N];
-        unroll<N>(ZELM_EACH(j) { row[j] = a[k][j]; });
-        const IndexOf<S> number = p[k];
-        unroll<k + 1, N>(ZELM_EACH(i) {
-            unroll<N>(ZELM_EACH(j) {
-                a[k][j] = select(here[i], a[i][j], a[k][j]);
-                a[i][j] = select(here[i], row[j], a[i][j]);
-            });
-            p[k] = select(here[i], p[i], p[k]);
-            p[i] = select(here[i], number, p[i]);
-        });
-        a[k][k] = pivot;
+        exchange_rows<k>(a, p, pivot);
         row_is_final(k);
 
         const S r = splat<S>(1) / a[k][k];
