@@ -58,7 +58,7 @@ void reduce_lanes(int count, const Scalars<T> &results, const F &f, const A &a, 
             multiply(x);
         else
             multiply(view(b..., n, shape));
-        results.base[n] = f(terms);
+        store<T>(results.object(n), f(terms));
         return zelStatusOk;
     };
     S fixed[H][W];
