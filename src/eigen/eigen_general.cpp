@@ -1,4 +1,5 @@
 #include "general.hpp"
+#include "values.hpp"
 
 #include "../frame/checks.hpp"
 #include "../frame/estimate.hpp"
@@ -10,21 +11,6 @@ namespace {
 
 constexpr Limits values_limits = {251, 251};  // of n*(n + 1)*count
 constexpr Limits vectors_limits = {501, 501}; // of 3*n*n*count
-
-// Where the vectors go of a call that does not want them.
-struct NoDestination {
-    ZELM_INLINE NoDestination from(int) const { return {}; }
-};
-template <class Destination>
-inline constexpr bool is_wanted = !std::is_same_v<Destination, NoDestination>;
-
-template <class T>
-using Values = Standard<T, 1, true>; // n of each object, packed
-template <class T>
-ZELM_INLINE Values<T> packed_values(T *values, int n) {
-    const auto bytes = static_cast<unsigned>(n) * unsigned{sizeof(T)};
-    return {values, static_cast<int>(bytes), 0, sizeof(T)};
-}
 
 // Elements of scratch: the matrix, two matrices of vectors where any are wanted, 5 vectors.
 template <bool vectors, class Count>
@@ -70,7 +56,7 @@ template <class Source, class Right, class Left, class T>
 ZelStatus y8_ownzelmEigenValuesVectors_m(void *buffer, const Source &source, const Right &right,
                                          const Left &left, const Values<T> &re, const Values<T> &im,
                                          int n, int object) {
-    constexpr bool wants_right = is_wanted<Right>, wants_left = is_wanted<Left>;
+    constexpr bool wants_right = wants_vectors<Right>, wants_left = wants_vectors<Left>;
     constexpr int matrices = wants_right || wants_left ? 3 : 1;
     const std::ptrdiff_t elements = std::ptrdiff_t{n} * n;
     auto *const matrix = static_cast<Unaligned<T> *>(buffer);
@@ -122,11 +108,11 @@ ZELM_INLINE ZelStatus general_failure(const Source &source, const Right &right, 
         return first_failure(pointers(o..., r, i, b), sizes(n), counts(count), shifts(o...),
                              strides(o...));
     };
-    if constexpr (is_wanted<Right> && is_wanted<Left>)
+    if constexpr (wants_vectors<Right> && wants_vectors<Left>)
         return of(source, right, left);
-    else if constexpr (is_wanted<Right>)
+    else if constexpr (wants_vectors<Right>)
         return of(source, right);
-    else if constexpr (is_wanted<Left>)
+    else if constexpr (wants_vectors<Left>)
         return of(source, left);
     else
         return of(source);
@@ -146,7 +132,7 @@ ZELM_INLINE ZelStatus eigen_general(const Source &source, const Right &right, co
                                     T *re, T *im, int n, int count, T *buffer) {
     if (const ZelStatus s = general_failure<T>(source, right, left, re, im, buffer, n, count))
         return s;
-    constexpr bool vectors = is_wanted<Right> || is_wanted<Left>;
+    constexpr bool vectors = wants_vectors<Right> || wants_vectors<Left>;
     const Estimate size = n;
     const bool serial = vectors ? vectors_limits.serial(size * 3 * size * count, true)
                                 : values_limits.serial(size * (size + 1) * count, true);

@@ -1,4 +1,5 @@
 #include "symmetric.hpp"
+#include "values.hpp"
 
 #include "../frame/checks.hpp"
 #include "../frame/estimate.hpp"
@@ -13,22 +14,6 @@ constexpr Limits values_limits = {1001, 1001}; // of n*(n + 1)*count
 constexpr Limits vectors_limits = {701, 701};  // of n*(2*n + 1)*count
 
 inline constexpr int largest_lane_order = 16;
-
-// Where the vectors go of a call that wants none.
-struct NoDestination {
-    using Type = void;
-    ZELM_INLINE NoDestination from(int) const { return {}; }
-};
-template <class Destination>
-inline constexpr bool wants_vectors = !std::is_same_v<Destination, NoDestination>;
-
-template <class T>
-using Values = Standard<T, 1, true>; // n of each object, packed
-template <class T>
-ZELM_INLINE Values<T> packed_values(T *values, int n) {
-    const auto bytes = static_cast<unsigned>(n) * unsigned{sizeof(T)};
-    return {values, static_cast<int>(bytes), 0, sizeof(T)};
-}
 
 // ---- one object ----
 
