@@ -77,22 +77,9 @@ struct Sum {
 template <class T, class A, class B>
 ZelStatus y8_ownzelmDotProduct(int count, int len, const Scalars<T> &results, const A &a,
                                const B &b) {
-    switch (len) {
-    case 3:
-        reduce_lanes<1, 3>(count, results, Sum{}, a, b);
-        break;
-    case 4:
-        reduce_lanes<1, 4>(count, results, Sum{}, a, b);
-        break;
-    case 5:
-        reduce_lanes<1, 5>(count, results, Sum{}, a, b);
-        break;
-    case 6:
-        reduce_lanes<1, 6>(count, results, Sum{}, a, b);
-        break;
-    default:
-        dot_products(count, len, results, a, b);
-    }
+    with_order<3, 6>(
+        len, [&](auto N) { reduce_lanes<1, N>(count, results, Sum{}, a, b); },
+        [&] { dot_products(count, len, results, a, b); });
     return zelStatusOk;
 }
 

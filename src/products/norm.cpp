@@ -32,7 +32,7 @@ template <int N, class T, class A>
 ZELM_INLINE void fixed_norms(int count, const Scalars<T> &results, const A &a) {
     if constexpr (A::object_rank == 1)
         reduce_lanes<1, N>(count, results, RootOfSum{}, a);
-    else if constexpr (N <= 5)
+    else
         reduce_lanes<N, N>(count, results, RootOfSum{}, a);
 }
 
@@ -41,23 +41,12 @@ ZelStatus y8_ownzelmNorm(int count, Shape shape, const Scalars<T> &results, cons
     constexpr int largest = A::object_rank == 1 ? 6 : 5;
     const bool fixed =
         (A::object_rank == 1 || shape.width == shape.height) && shape.width <= largest;
-    switch (fixed ? shape.width : 0) {
-    case 3:
-        fixed_norms<3>(count, results, a);
-        break;
-    case 4:
-        fixed_norms<4>(count, results, a);
-        break;
-    case 5:
-        fixed_norms<5>(count, results, a);
-        break;
-    case 6:
-        fixed_norms<6>(count, results, a);
-        break;
-    default:
-        for (int n = 0; n < count; ++n)
-            store<T>(results.object(n), norm_of<T>(a, n, shape));
-    }
+    with_order<3, largest>(
+        fixed ? shape.width : 0, [&](auto N) { fixed_norms<N>(count, results, a); },
+        [&] {
+            for (int n = 0; n < count; ++n)
+                store<T>(results.object(n), norm_of<T>(a, n, shape));
+        });
     return zelStatusOk;
 }
 
@@ -66,25 +55,18 @@ ZelStatus y8_ownzelmNorm(int count, Shape shape, const Scalars<T> &results, cons
 template <class T, class A>
 void trace_object(const A &a, int n, int order, char *result) {
     const auto x = view(a, n, {order, order});
-    const auto unrolled = [&](auto N) __attribute__((always_inline)) {
-        T sum = get(x, 0, 0);
-        unroll<1, N>(ZELM_EACH(i) { sum = sum + get(x, i, i); });
-        store<T>(result, sum);
-    };
-    switch (order) {
-    case 3:
-        return unrolled(std::integral_constant<int, 3>{});
-    case 4:
-        return unrolled(std::integral_constant<int, 4>{});
-    case 5:
-        return unrolled(std::integral_constant<int, 5>{});
-    case 6:
-        return unrolled(std::integral_constant<int, 6>{});
-    default:
-        store<T>(result, T{0});
-        for (int i = 0; i < order; ++i)
-            store<T>(result, load<T>(result) + get(x, i, i));
-    }
+    with_order<3, 6>(
+        order,
+        [&](auto N) __attribute__((always_inline)) {
+            T sum = get(x, 0, 0);
+            unroll<1, N>(ZELM_EACH(i) { sum = sum + get(x, i, i); });
+            store<T>(result, sum);
+        },
+        [&] {
+            store<T>(result, T{0});
+            for (int i = 0; i < order; ++i)
+                store<T>(result, load<T>(result) + get(x, i, i));
+        });
 }
 template <class T, class A>
 ZelStatus y8_ownzelmTrace(int count, int order, const Scalars<T> &results, const A &a) {
