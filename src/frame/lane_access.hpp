@@ -53,8 +53,8 @@ ZELM_INLINE StoredRows<T> stored_rows(const Index &index, int first) {
 
 namespace detail {
 
-template <class T>
-ZELM_INLINE Lanes<T> gather(const char *const (&at)[lanes_per_register<T>], Distance offset) {
+template <class T, class Byte>
+ZELM_INLINE Lanes<T> gather(Byte *const (&at)[lanes_per_register<T>], Distance offset) {
     if constexpr (lanes_per_register<T> == 4)
         return Lanes<T>{load<T>(at[0] + offset), load<T>(at[1] + offset), load<T>(at[2] + offset),
                         load<T>(at[3] + offset)};
@@ -309,7 +309,7 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
     }
 }
 
-// N row numbers per lane to the objects' rows of `index`, N ints each.
+// N row numbers per lane to the objects' rows of `index`, N ints each, one after another.
 template <class T, int N, class Index>
 ZELM_INLINE void store_numbers(const Index &index, int first, const IndexOf<Lanes<T>> (&p)[N]) {
     constexpr int L = lanes_per_register<T>;
@@ -318,7 +318,12 @@ ZELM_INLINE void store_numbers(const Index &index, int first, const IndexOf<Lane
     if constexpr (sizeof(T) == sizeof(int)) {
         Lanes<T> v[N]; // moved as bit patterns
         unroll<N>(ZELM_EACH(i) { v[i] = (Lanes<T>)p[i]; });
-        detail::store_runs<T, N>(at, v);
+        if constexpr (N == 3) {
+            join_triples(v);
+            unroll<N>(ZELM_EACH(i) { store<Lanes<T>>(at[0] + i * register_bytes, v[i]); });
+        } else {
+            detail::store_runs<T, N>(at, v);
+        }
     } else { // two numbers make one element
         unroll<N / 2>(ZELM_EACH(pair) {
             const auto both = (Lanes<T>)(p[2 * pair] | (p[2 * pair + 1] << 32));

@@ -138,6 +138,20 @@ ZELM_INLINE Lanes<double> magnitude(Lanes<double> x) {
     return (Lanes<double>)((Lanes<std::int64_t>)x & 0x7fffffffffffffff);
 }
 
+// x where it is greater than y, else y: y too where one of them is NaN.
+template <class T>
+ZELM_INLINE T larger(T x, T y) {
+    return x > y ? x : y;
+}
+template <>
+ZELM_INLINE Lanes<float> larger(Lanes<float> x, Lanes<float> y) {
+    return (Lanes<float>)_mm_max_ps((__m128)x, (__m128)y);
+}
+template <>
+ZELM_INLINE Lanes<double> larger(Lanes<double> x, Lanes<double> y) {
+    return (Lanes<double>)_mm_max_pd((__m128d)x, (__m128d)y);
+}
+
 // Correctly rounded.
 ZELM_INLINE float square_root(float x) { return std::sqrt(x); }
 ZELM_INLINE double square_root(double x) { return std::sqrt(x); }

@@ -58,7 +58,8 @@ ZELM_INLINE MaskOf<S> gauss_jordan(S (&a)[N][N], IndexOf<S> (&p)[N], ElementOf<S
     unroll<N>(ZELM_EACH(k) {
         const auto pivot = find_pivot<k>(a);
         failing = failing | (splat<S>(threshold) > pivot.magnitude);
-        exchange_rows<k>(a, p, pivot);
+        exchange_rows<k>(
+            a, p, pivot, [] {}, ZELM_EACH(){});
 
         const S r = refined_reciprocal(a[k][k]);
         unroll<N>(ZELM_EACH(j) {

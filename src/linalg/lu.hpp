@@ -29,14 +29,17 @@ ZELM_INLINE MaskOf<S> factor(S (&a)[N][N], IndexOf<S> (&p)[N], ElementOf<S> thre
         failing = failing | (pivot.magnitude < splat<S>(threshold));
         if (lanes_of<S> == 1 && lane_bits(failing))
             return;
-        exchange_rows<k>(a, p, pivot);
-        row_is_final(k);
-
-        const S r = splat<S>(1) / a[k][k];
-        unroll<k + 1, N>(ZELM_EACH(i) {
-            a[i][k] = a[i][k] * r;
-            unroll<k + 1, N>(ZELM_EACH(j) { a[i][j] = a[i][j] - a[i][k] * a[k][j]; });
-        });
+        S r;
+        exchange_rows<k>(
+            a, p, pivot,
+            [&]() __attribute__((always_inline)) {
+                row_is_final(k);
+                r = splat<S>(1) / pivot.value;
+            },
+            ZELM_EACH(i) {
+                a[i][k] = a[i][k] * r;
+                unroll<k + 1, N>(ZELM_EACH(j) { a[i][j] = a[i][j] - a[i][k] * a[k][j]; });
+            });
     });
     return failing;
 }

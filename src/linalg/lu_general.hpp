@@ -14,11 +14,14 @@ inline constexpr int largest_lane_order = 16; // 4 KiB of registers
 
 // Factors a (n x n, row by row) in place; rows stand in pivot order afterwards, p[i] is the
 // caller's row in row i. Returns the lanes that met a candidate at or below the threshold.
-template <class S>
-MaskOf<S> factor_lanes(S *a, IndexOf<S> *p, int n, ElementOf<S> threshold) {
+//
+// Rows are exchanged lane by lane in memory. A register that is stored in parts and loaded whole
+// soon after waits for its stores: the pivot row is collected before row k is put in its place, and
+// the pivot's column, which is needed at once, is exchanged by select.
+template <class T>
+MaskOf<Lanes<T>> factor_lanes(Lanes<T> *a, IndexOf<Lanes<T>> *p, int n, T threshold) {
+    using S = Lanes<T>;
     MaskOf<S> failing = no_lane<S>();
-    MaskOf<S> here[largest_lane_order]; // the lanes whose pivot is row i
-    S f[largest_lane_order];
     for (int i = 0; i < n; ++i)
         p[i] = splat_index<S>(i);
 
@@ -26,52 +29,59 @@ MaskOf<S> factor_lanes(S *a, IndexOf<S> *p, int n, ElementOf<S> threshold) {
         S *const top = a + k * n;
         S best = magnitude(top[k]);
         IndexOf<S> where = splat_index<S>(k);
+#pragma GCC unroll 1 // its few turns are not worth the code
         for (int i = k + 1; i < n; ++i) {
             const S candidate = magnitude(a[i * n + k]);
-            const auto larger = candidate > best;
-            best = select(larger, candidate, best);
-            where = select(larger, splat_index<S>(i), where);
+            const auto here = candidate > best;
+            best = larger(candidate, best);
+            where = select(here, splat_index<S>(i), where);
         }
         failing = failing | (best <= splat<S>(threshold));
 
-        // The exchange and the update of C columns: the pivot row is picked from the rows, then
-        // each row that was it becomes the old row k.
-        const auto columns = [&](int j, auto C, const auto &update) __attribute__((always_inline)) {
-            S old[C], pivot[C];
-            unroll<C>(ZELM_EACH(c) { old[c] = pivot[c] = top[j + c]; });
-            for (int i = k + 1; i < n; ++i)
-                unroll<C>(ZELM_EACH(c) { pivot[c] = select(here[i], a[i * n + j + c], pivot[c]); });
-            unroll<C>(ZELM_EACH(c) { top[j + c] = pivot[c]; });
+        char *row[lanes_of<S>]; // the pivot's
+        unroll<lanes_of<S>>(ZELM_EACH(l) {
+            const int i = static_cast<int>(where[int{l}]);
+            row[l] = reinterpret_cast<char *>(a + i * n) + l * sizeof(T);
+            const auto number = p[k][int{l}];
+            p[k][int{l}] = p[i][int{l}];
+            p[i][int{l}] = number;
+        });
+        const auto pivot_row = [&](int j) __attribute__((always_inline)) {
+            return detail::gather<T>(row, j * Distance{sizeof(S)});
+        };
+        const auto exchange = [&](int from, int to) __attribute__((always_inline)) {
+            for (int j = from; j < to; ++j) {
+                const S pivot = pivot_row(j);
+                detail::scatter<T>(row, j * Distance{sizeof(S)}, top[j]);
+                top[j] = pivot;
+            }
+        };
+
+        const S old = top[k];
+        top[k] = pivot_row(k);
+        const S r = splat<S>(1) / top[k];
+        S f[largest_lane_order];
+#pragma GCC unroll 1
+        for (int i = k + 1; i < n; ++i)
+            f[i] = a[i * n + k] = select(where == splat_index<S>(i), old, a[i * n + k]) * r;
+        exchange(0, k);
+        exchange(k + 1, n);
+
+        const auto update = [&](int j, auto C) __attribute__((always_inline)) {
+            S pivot[C];
+            unroll<C>(ZELM_EACH(c) { pivot[c] = top[j + c]; });
+#pragma GCC unroll 1
             for (int i = k + 1; i < n; ++i)
                 unroll<C>(ZELM_EACH(c) {
                     S &x = a[i * n + j + c];
-                    x = update(i, select(here[i], old[c], x), pivot[c]);
+                    x = x - f[i] * pivot[c];
                 });
         };
-        const auto in_columns = [&](int from, int to, const auto &update)
-            __attribute__((always_inline)) {
-            int j = from;
-            for (; j + 4 <= to; j += 4)
-                columns(j, std::integral_constant<int, 4>{}, update);
-            for (; j < to; ++j)
-                columns(j, std::integral_constant<int, 1>{}, update);
-        };
-
-        const IndexOf<S> number = p[k];
-        for (int i = k + 1; i < n; ++i) {
-            here[i] = where == splat_index<S>(i);
-            p[k] = select(here[i], p[i], p[k]);
-            p[i] = select(here[i], number, p[i]);
-        }
-        in_columns(
-            0, k + 1, [](int, S x, S) __attribute__((always_inline)) { return x; });
-        const S r = splat<S>(1) / top[k];
-        for (int i = k + 1; i < n; ++i)
-            f[i] = a[i * n + k] = a[i * n + k] * r;
-        in_columns(
-            k + 1, n, [&](int i, S x, S pivot) __attribute__((always_inline)) {
-                return x - f[i] * pivot;
-            });
+        int j = k + 1;
+        for (; j + 4 <= n; j += 4)
+            update(j, std::integral_constant<int, 4>{});
+        for (; j < n; ++j)
+            update(j, std::integral_constant<int, 1>{});
     }
     return failing;
 }

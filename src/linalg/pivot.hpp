@@ -21,7 +21,7 @@ ZELM_INLINE Pivot<N, S> find_pivot(const S (&a)[N][N]) {
     unroll<k + 1, N>(ZELM_EACH(i) {
         const S candidate = magnitude(a[i][k]);
         pivot.here[i] = candidate > pivot.magnitude;
-        pivot.magnitude = select(pivot.here[i], candidate, pivot.magnitude);
+        pivot.magnitude = larger(candidate, pivot.magnitude);
         pivot.value = select(pivot.here[i], a[i][k], pivot.value);
     });
     // The last row that was larger than all before it is the pivot's.
@@ -34,22 +34,29 @@ ZELM_INLINE Pivot<N, S> find_pivot(const S (&a)[N][N]) {
     return pivot;
 }
 
-// Brings the pivot's row to row k, and row k to its place; with them their numbers.
-template <int k, int N, class S>
-ZELM_INLINE void exchange_rows(S (&a)[N][N], IndexOf<S> (&p)[N], const Pivot<N, S> &pivot) {
+// Brings the pivot's row to row k, and row k to its place; with them their numbers. Calls
+// row_is_final() once row k is what it stays, then update(i) as soon as row i is in place.
+template <int k, int N, class S, class RowIsFinal, class Update>
+ZELM_INLINE void exchange_rows(S (&a)[N][N], IndexOf<S> (&p)[N], const Pivot<N, S> &pivot,
+                               const RowIsFinal &row_is_final, const Update &update) {
     S row[N];
     unroll<N>(ZELM_EACH(j) { row[j] = a[k][j]; });
     const IndexOf<S> number = p[k];
+    a[k][k] = pivot.value;
     unroll<k + 1, N>(ZELM_EACH(i) {
         const auto here = pivot.here[i];
         unroll<N>(ZELM_EACH(j) {
-            a[k][j] = select(here, a[i][j], a[k][j]);
-            a[i][j] = select(here, row[j], a[i][j]);
+            if constexpr (j != k)
+                a[k][j] = select(here, a[i][j], a[k][j]);
         });
         p[k] = select(here, p[i], p[k]);
         p[i] = select(here, number, p[i]);
     });
-    a[k][k] = pivot.value;
+    row_is_final();
+    unroll<k + 1, N>(ZELM_EACH(i) {
+        unroll<N>(ZELM_EACH(j) { a[i][j] = select(pivot.here[i], row[j], a[i][j]); });
+        update(i);
+    });
 }
 
 } // namespace zelm
