@@ -2442,7 +2442,8 @@ ZELM_API ZelStatus zelmL2Norm_va_64f_L(const double *const *ppSrc, int srcRoiShi
 
 /* pDst[n] = square root of the sum of src_n(i, j)^2 over height rows and width columns. The sum is
  * in the element type and is not scaled. Rows are added one after the other, each as zelmL2Norm
- * adds its vector. pDst must not overlap the source.
+ * adds its vector; square matrices of order 3 to 5 are added as one vector of all rows. pDst must
+ * not overlap the source.
  *
  * Status, as under "Checks" above; in this order:
  *   null pointer, bad count, bad size, bad stride, bad offset.

@@ -75,8 +75,16 @@ T expected(const Problem &problem, int n, int k) {
                             singles_of<T>(problem));
     if (family == "L2Norm" || family == "FrobNorm") {
         T sum = 0;
-        for (int i = 0; i < a.rows(); ++i)
-            sum = add_products(sum, row<T>(a, n, i), row<T>(a, n, i), 0);
+        std::vector<T> x;
+        const bool as_row = a.rows() == a.columns() && a.rows() >= 3 && a.rows() <= 5;
+        for (int i = 0; i < a.rows(); ++i) {
+            const std::vector<T> next = row<T>(a, n, i);
+            x.insert(x.end(), next.begin(), next.end());
+            if (!as_row || i == a.rows() - 1) {
+                sum = add_products(sum, x, x, 0);
+                x.clear();
+            }
+        }
         return std::sqrt(sum);
     }
     if (family == "Trace") {

@@ -1,5 +1,4 @@
 #include "reduce.hpp"
-#include "sum_of_products.hpp"
 
 #include "../frame/checks.hpp"
 #include "../frame/estimate.hpp"

@@ -1,6 +1,5 @@
 // L2Norm, FrobNorm and Trace. Sums stay in the element type, without scaling.
 #include "reduce.hpp"
-#include "sum_of_products.hpp"
 
 #include "../frame/checks.hpp"
 #include "../frame/estimate.hpp"
@@ -11,11 +10,14 @@ namespace zelm {
 namespace {
 
 struct RootOfSum {
-    template <int H, int W, class S>
-    ZELM_INLINE S operator()(const S (&terms)[H][W]) const {
-        return square_root(sum_of(terms));
-    }
+    ZELM_INLINE auto operator()(const auto &terms) const { return square_root(sum_of(terms)); }
 };
+
+// Matrices that are summed as one row of their elements.
+constexpr int largest_as_row = 5;
+constexpr bool sums_as_row(Shape shape) {
+    return shape.width == shape.height && shape.width >= 3 && shape.width <= largest_as_row;
+}
 
 // Row by row.
 template <class T, class A>
@@ -29,6 +31,17 @@ T norm_of(const A &a, int n, Shape shape) {
 }
 
 template <int N, class T, class A>
+ZELM_INLINE T norm_as_row(const A &a) {
+    T terms[N][N];
+    const auto x = view(a, 0, {N, N});
+    unroll<N * N>(ZELM_EACH(e) {
+        const T element = get(x, e / N, e % N);
+        terms[e / N][e % N] = element * element;
+    });
+    return RootOfSum{}(terms);
+}
+
+template <int N, class T, class A>
 ZELM_INLINE void fixed_norms(int count, const Scalars<T> &results, const A &a) {
     if constexpr (A::object_rank == 1)
         reduce_lanes<1, N>(count, results, RootOfSum{}, a);
@@ -38,9 +51,8 @@ ZELM_INLINE void fixed_norms(int count, const Scalars<T> &results, const A &a) {
 
 template <class T, class A>
 ZelStatus y8_ownzelmNorm(int count, Shape shape, const Scalars<T> &results, const A &a) {
-    constexpr int largest = A::object_rank == 1 ? 6 : 5;
-    const bool fixed =
-        (A::object_rank == 1 || shape.width == shape.height) && shape.width <= largest;
+    constexpr int largest = A::object_rank == 1 ? 6 : largest_as_row;
+    const bool fixed = A::object_rank == 1 || sums_as_row(shape);
     with_order<3, largest>(
         fixed ? shape.width : 0, [&](auto N) { fixed_norms<N>(count, results, a); },
         [&] {
@@ -96,7 +108,10 @@ ZELM_INLINE ZelStatus norm(const A &a, T *dst, Shape shape) {
     if (const ZelStatus s = first_failure(pointers(a, result), sizes(shape.width, shape.height),
                                           strides(a), shifts(a)))
         return s;
-    store<T>(dst, norm_of<T>(a, 0, shape));
+    const int order = A::object_rank == 2 && sums_as_row(shape) ? shape.width : 0;
+    store<T>(dst, with_order<3, largest_as_row>(
+                      order, [&](auto N) { return norm_as_row<N, T>(a); },
+                      [&] { return norm_of<T>(a, 0, shape); }));
     return zelStatusOk;
 }
 template <class A, class T>

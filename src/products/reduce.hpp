@@ -1,6 +1,8 @@
 // Reductions: each object, or pair of objects, of arrays becomes one scalar.
 #pragma once
 
+#include "sum_of_products.hpp"
+
 #include "../frame/walk.hpp"
 
 namespace zelm {
@@ -37,9 +39,36 @@ ZELM_INLINE void load_products(Lanes<T> (&terms)[H][W], const A &a, const B &b, 
     }
 }
 
+// The squares of dense objects of a fixed shape, folded as they lie in memory: only the four sums
+// of each object are transposed.
+template <class T, int N>
+struct FoldedSquares {
+    detail::Runs<T> runs;
+
+    template <int K>
+    ZELM_INLINE Lanes<T> part(int lane, Distance offset) const {
+        return folded<N, Lanes<T>>(
+            0, [&](int e) __attribute__((always_inline)) {
+                const Lanes<T> x = runs.template part<K>(lane, offset + e * Distance{sizeof(T)});
+                return x * x;
+            });
+    }
+};
+template <class T, int N, class A>
+ZELM_INLINE void load_squares(Folded<Lanes<T>, N> &row, const A &a, int first) {
+    const char *at[lanes_per_register<T>];
+    detail::lane_objects<T>(at, a, first);
+    const detail::Runs<T> runs = {at};
+    detail::load_from<T, 4>(row.terms, FoldedSquares<T, N>{runs});
+    unroll<N % block_length>(ZELM_EACH(e) {
+        const Lanes<T> x = runs.gathered((N - N % block_length + e) * Distance{sizeof(T)});
+        row.terms[4 + e] = x * x;
+    });
+}
+
 // results(n) = f(the products of object n of a with object n of b, or with itself) for objects of a
-// fixed shape, one in each lane. f takes register arrays of one scalar-like type. A single operand
-// beside arrays is read once.
+// fixed shape, one in each lane. f takes register arrays of one scalar-like type, or rows folded. A
+// single operand beside arrays is read once.
 template <int H, int W, class T, class F, class A, class... B>
 void reduce_lanes(int count, const Scalars<T> &results, const F &f, const A &a, const B &...b) {
     static_assert(sizeof...(B) <= 1);
@@ -66,6 +95,13 @@ void reduce_lanes(int count, const Scalars<T> &results, const F &f, const A &a, 
         load_splat<T>(fixed, view(b..., 0, shape));
     const auto kernel = [&](const Group &group, const auto &r, const auto &...o)
         __attribute__((always_inline)) {
+        if constexpr (squares && H * W >= block_length &&
+                      (is_dense<std::decay_t<decltype(o)>> && ...)) {
+            Folded<S, H * W> row;
+            load_squares<T, H * W>(row, o..., group.first);
+            store<S>(r.object(group.first), f(row));
+            return 0u;
+        }
         S terms[H][W];
         if constexpr (pairs) {
             load_products<T>(terms, o..., group.first);

@@ -5,15 +5,53 @@
 
 namespace zelm {
 
-// Ascending, straight-line: the products of objects of a fixed shape, one in each lane.
-template <int H, int W, class S>
-ZELM_INLINE S sum_of(const S (&terms)[H][W]) {
-    S sum = terms[0][0];
-    unroll<1, H * W>(ZELM_EACH(e) { sum = sum + terms[e / W][e % W]; });
+inline constexpr int block_length = 8;
+
+// A row of N products, its blocks of eight added up in two accumulators of four lanes and these
+// lane by lane: the four sums, then the products behind the blocks.
+template <class S, int N>
+struct Folded {
+    static_assert(N >= block_length);
+    S terms[4 + N % block_length];
+};
+// Lane `l` of the four, or a register of lanes from there on. term(e) is the product of element e,
+// or a register of products.
+template <int N, class S, class Term>
+ZELM_INLINE S folded(int l, const Term &term) {
+    const auto accumulator = [&](int first) __attribute__((always_inline)) {
+        S sum = term(first);
+        unroll<1, N / block_length>(
+            ZELM_EACH(block) { sum = sum + term(block * block_length + first); });
+        return sum;
+    };
+    const S even = accumulator(l);
+    return even + accumulator(4 + l);
+}
+template <int N, class S>
+ZELM_INLINE S sum_of(const Folded<S, N> &row) {
+    const S(&t)[4 + N % block_length] = row.terms;
+    S sum = (t[0] + t[2]) + (t[1] + t[3]);
+    unroll<4, 4 + N % block_length>(ZELM_EACH(e) { sum = sum + t[e]; });
     return sum;
 }
 
-inline constexpr int block_length = 8;
+// Straight-line, as one row: the products of objects of a fixed shape, one in each lane.
+template <int H, int W, class S>
+ZELM_INLINE S sum_of(const S (&terms)[H][W]) {
+    constexpr int N = H * W;
+    const auto term = [&](int e) __attribute__((always_inline)) { return terms[e / W][e % W]; };
+    if constexpr (N < block_length) {
+        S sum = terms[0][0];
+        unroll<1, N>(ZELM_EACH(e) { sum = sum + term(e); });
+        return sum;
+    } else {
+        Folded<S, N> row;
+        unroll<4>(ZELM_EACH(l) { row.terms[l] = folded<N, S>(l, term); });
+        unroll<N % block_length>(
+            ZELM_EACH(e) { row.terms[4 + e] = term(N - N % block_length + e); });
+        return sum_of(row);
+    }
+}
 
 // Elements k ... k + 3 of a row.
 template <bool adjacent, class T, class View>
