@@ -37,17 +37,19 @@ template <class T, class A, class B>
 T dot_product(const A &a, const B &b, int n, int len, int singles) {
     const auto x = view(a, n, {1, len});
     const auto y = view(b, n, {1, len});
-    if (rows_adjacent(a) && rows_adjacent(b))
-        return add_products<true>(T(-0.0), x, y, 0, len, singles);
-    return add_products<false>(T(-0.0), x, y, 0, len, singles);
+    if constexpr (!A::is_tabled)
+        if (rows_adjacent(a) && rows_adjacent(b))
+            return add_products(T(-0.0), AdjacentRow<const T>{x.base}, AdjacentRow<const T>{y.base},
+                                0, len, singles);
+    return add_products(T(-0.0), x, y, 0, len, singles);
 }
 
 // Long vectors: some pairs at a time where no result is stored among the sources.
 template <class T, class A, class B>
-void dot_products(int count, int len, const Scalars<T> &results, const A &a, const B &b) {
+void dot_products(int count, int len, const Scalars<T> results, const A a, const B b) {
     int n = 0;
-    if constexpr (!A::is_tabled && sizeof(T) == 4) { // accumulators of two pairs of double spill
-        constexpr int together = 2;
+    if constexpr (!A::is_tabled) {
+        constexpr int together = sizeof(T) == 4 ? 2 : 1; // of doubles, more streams are slower
         const Shape shape = {1, len};
         const Footprint to(results, {1, 1});
         const Footprint left(a, shape);
@@ -55,10 +57,14 @@ void dot_products(int count, int len, const Scalars<T> &results, const A &a, con
         if (len >= block_length && rows_adjacent(a) && rows_adjacent(b) &&
             Overlap(count, {1, 1}, to, left, right).clear())
             for (; n + together <= count; n += together) {
-                T sum[together] = {T(-0.0), T(-0.0)};
-                const StridedView<const T> x[] = {view(a, n, shape), view(a, n + 1, shape)};
-                const StridedView<const T> y[] = {view(b, n, shape), view(b, n + 1, shape)};
-                add_products<true>(sum, x, y, 0, len);
+                T sum[together];
+                AdjacentRow<const T> x[together], y[together];
+                unroll<together>(ZELM_EACH(o) {
+                    sum[o] = T(-0.0);
+                    x[o] = {view(a, n + o, shape).base};
+                    y[o] = {view(b, n + o, shape).base};
+                });
+                add_products(sum, x, y, 0, len);
                 unroll<together>(ZELM_EACH(o) { store<T>(results.object(n + o), sum[o]); });
             }
     }

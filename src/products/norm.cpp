@@ -25,8 +25,13 @@ T norm_of(const A &a, int n, Shape shape) {
     const auto x = view(a, n, shape);
     T sum = T(-0.0);
     for (int i = 0; i < shape.height; ++i)
-        sum = rows_adjacent(a) ? add_products<true>(sum, x, x, i, shape.width)
-                               : add_products<false>(sum, x, x, i, shape.width);
+        if constexpr (A::is_tabled)
+            sum = add_products(sum, x, x, i, shape.width);
+        else if (rows_adjacent(a)) {
+            const AdjacentRow<const T> row = {x.at(i, 0)};
+            sum = add_products(sum, row, row, i, shape.width);
+        } else
+            sum = add_products(sum, x, x, i, shape.width);
     return square_root(sum);
 }
 

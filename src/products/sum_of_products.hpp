@@ -53,13 +53,25 @@ ZELM_INLINE S sum_of(const S (&terms)[H][W]) {
     }
 }
 
+// A row whose elements are adjacent: the step is a constant.
+template <class T>
+struct AdjacentRow {
+    ByteOf<T> *base;
+
+    ZELM_INLINE ByteOf<T> *at(int, int k) const { return base + k * Distance{sizeof(T)}; }
+};
+template <class View>
+inline constexpr bool is_adjacent = false;
+template <class T>
+inline constexpr bool is_adjacent<AdjacentRow<T>> = true;
+
 // Elements k ... k + 3 of a row.
-template <bool adjacent, class T, class View>
+template <class T, class View>
 ZELM_INLINE void load_four(Lanes<T> (&out)[4 / lanes_per_register<T>], const View &v, int i,
                            int k) {
     constexpr int L = lanes_per_register<T>;
     unroll<4 / L>(ZELM_EACH(r) {
-        if constexpr (adjacent)
+        if constexpr (is_adjacent<View>)
             out[r] = load<Lanes<T>>(v.at(i, k) + r * register_bytes);
         else {
             Lanes<T> lanes = {};
@@ -69,14 +81,24 @@ ZELM_INLINE void load_four(Lanes<T> (&out)[4 / lanes_per_register<T>], const Vie
     });
 }
 
+// Lanes 0 and 2, 1 and 3, then those two.
+ZELM_INLINE float sum_of_four(const Lanes<float> (&v)[1]) {
+    const Lanes<float> half = v[0] + __builtin_shufflevector(v[0], v[0], 2, 3, 2, 3);
+    return half[0] + half[1];
+}
+ZELM_INLINE double sum_of_four(const Lanes<double> (&v)[2]) {
+    const Lanes<double> half = v[0] + v[1];
+    return half[0] + half[1];
+}
+
 // Adds the products of two rows to `sum`: the first `singles` one by one, then blocks of eight in
 // two accumulators of four, which are added lane by lane, lanes 0 and 2, 1 and 3, and those two,
 // and become one addend; then the rest one by one. -0 is where a sum begins that nothing was added
 // to. Several objects take turns, so that none waits for its own additions.
-template <bool adjacent, int objects, class T, class A, class B>
+template <int objects, class T, class A, class B>
 ZELM_INLINE void add_products(T (&sum)[objects], const A (&a)[objects], const B (&b)[objects],
                               int i, int len, int singles = 0) {
-    constexpr int L = lanes_per_register<T>, registers = 4 / L;
+    constexpr int registers = 4 / lanes_per_register<T>;
     const auto add_one = [&](int k) __attribute__((always_inline)) {
         unroll<objects>(ZELM_EACH(o) { sum[o] = sum[o] + get(a[o], i, k) * get(b[o], i, k); });
     };
@@ -91,8 +113,8 @@ ZELM_INLINE void add_products(T (&sum)[objects], const A (&a)[objects], const B 
         const auto add_four = [&](auto &to, int from) __attribute__((always_inline)) {
             unroll<objects>(ZELM_EACH(o) {
                 Lanes<T> x[registers], y[registers];
-                load_four<adjacent, T>(x, a[o], i, from);
-                load_four<adjacent, T>(y, b[o], i, from);
+                load_four<T>(x, a[o], i, from);
+                load_four<T>(y, b[o], i, from);
                 unroll<registers>(ZELM_EACH(r) { to[o][r] = to[o][r] + x[r] * y[r]; });
             });
         };
@@ -102,22 +124,19 @@ ZELM_INLINE void add_products(T (&sum)[objects], const A (&a)[objects], const B 
         }
         unroll<objects>(ZELM_EACH(o) {
             unroll<registers>(ZELM_EACH(r) { even[o][r] = even[o][r] + odd[o][r]; });
-            const auto lane = [&](int l) __attribute__((always_inline)) {
-                return even[o][l / L][l % L];
-            };
-            sum[o] = sum[o] + ((lane(0) + lane(2)) + (lane(1) + lane(3)));
+            sum[o] = sum[o] + sum_of_four(even[o]);
         });
     }
     for (; k < len; ++k)
         add_one(k);
 }
 
-template <bool adjacent, class T, class A, class B>
+template <class T, class A, class B>
 ZELM_INLINE T add_products(T sum, const A &a, const B &b, int i, int len, int singles = 0) {
     T one[] = {sum};
     const A x[] = {a};
     const B y[] = {b};
-    add_products<adjacent>(one, x, y, i, len, singles);
+    add_products(one, x, y, i, len, singles);
     return one[0];
 }
 
