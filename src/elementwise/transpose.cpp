@@ -4,6 +4,7 @@
 
 #include "../frame/checks.hpp"
 #include "../frame/member.hpp"
+#include "../frame/overlap.hpp"
 #include "zelcore.h"
 
 namespace zelm {
@@ -20,9 +21,9 @@ ZELM_INLINE void transpose_square(StridedView<const T> from, StridedView<T> to) 
     unroll<N>(ZELM_EACH(i) {
         unroll<blocks>(ZELM_EACH(c) {
             constexpr int part = N - c * L < L ? N - c * L : L;
-            constexpr bool whole = part == L || (dense && part == L - 1 && i < N - 1);
-            v[i / L][c][i % L] = load_part < whole ? L : part,
-                            T > (from.at(i, 0) + c * register_bytes);
+            constexpr bool whole_register = part == L || (dense && part == L - 1 && i < N - 1);
+            v[i / L][c][i % L] = whole(
+                load_part<(whole_register ? L : part), T>(from.at(i, 0) + c * register_bytes));
         });
     });
     unroll<blocks>(ZELM_EACH(r) { unroll<blocks>(ZELM_EACH(c) { transpose(v[r][c]); }); });
@@ -35,21 +36,25 @@ ZELM_INLINE void transpose_square(StridedView<const T> from, StridedView<T> to) 
     });
 }
 
-// Registers of two of the destination are two loads each, which cost less than exchanges between
-// whole ones. Everything is loaded first here too.
-template <int N>
+// Odd orders, objects one behind the other, as registers of two that know no rows: each register of
+// the destination takes its elements from two of the source. Everything is loaded first here too.
+template <int N, int objects>
 ZELM_INLINE void transpose_dense(const char *from, char *to) {
-    constexpr int pairs = N * N / 2;
-    constexpr Distance size = sizeof(double);
-    const auto at = [&](int e) __attribute__((always_inline)) {
-        return load<double>(from + (e % N * N + e / N) * size);
+    constexpr int elements = N * N, pairs = objects * elements / 2;
+    constexpr bool odd = objects * elements % 2 == 1;
+    const auto source = [](int e) {
+        return e / elements * elements + e % elements % N * N + e % elements / N;
     };
     Lanes<double> v[pairs];
-    unroll<pairs>(ZELM_EACH(p) { v[p] = Lanes<double>{at(2 * p), at(2 * p + 1)}; });
-    const double last = at(N * N - 1);
-    unroll<pairs>(ZELM_EACH(p) { store<Lanes<double>>(to + p * register_bytes, v[p]); });
-    if constexpr (N % 2 == 1)
-        store<double>(to + (N * N - 1) * size, last);
+    unroll<pairs>(ZELM_EACH(p) { v[p] = whole(load<Lanes<double>>(from + p * register_bytes)); });
+    if constexpr (odd)
+        store<double>(to + pairs * register_bytes, load<double>(from + pairs * register_bytes));
+    unroll<pairs>(ZELM_EACH(p) {
+        constexpr int low = source(2 * p), high = source(2 * p + 1);
+        store<Lanes<double>>(
+            to + p * register_bytes,
+            __builtin_shufflevector(v[low / 2], v[high / 2], low % 2, 2 + high % 2));
+    });
 }
 
 template <int N, class S, class D>
@@ -59,17 +64,29 @@ void transpose_squares(int count, const S source, const D destination) {
     const auto x = source.view(0);
     const auto y = destination.view(0);
     const Distance in = x.stride1, out = y.stride1;
-    if (in == row && out == row)
-        for (int n = 0; n < count; ++n)
-            if constexpr (sizeof(T) == sizeof(double))
-                transpose_dense<N>(source.object(n), destination.object(n));
-            else
+    int n = 0;
+    if (in == row && out == row) {
+        if constexpr (N % 2 == 1 && sizeof(T) == sizeof(double)) {
+            if constexpr (N == 3 && D::is_array && !D::has_table) { // two make whole registers
+                constexpr Shape shape = {N, N};
+                const Footprint from(source, shape);
+                const Footprint to(destination, shape);
+                if (source.step() == N * row && destination.step() == N * row &&
+                    Overlap(count, shape, to, from).clear())
+                    for (; n + 2 <= count; n += 2)
+                        transpose_dense<N, 2>(source.object(n), destination.object(n));
+            }
+            for (; n < count; ++n)
+                transpose_dense<N, 1>(source.object(n), destination.object(n));
+        } else {
+            for (; n < count; ++n)
                 transpose_square<N, true, T>({source.object(n), row, sizeof(T)},
                                              {destination.object(n), row, sizeof(T)});
-    else
-        for (int n = 0; n < count; ++n)
-            transpose_square<N, false, T>({source.object(n), in, sizeof(T)},
-                                          {destination.object(n), out, sizeof(T)});
+        }
+    }
+    for (; n < count; ++n)
+        transpose_square<N, false, T>({source.object(n), in, sizeof(T)},
+                                      {destination.object(n), out, sizeof(T)});
 }
 
 // ---- large matrices, rows adjacent ----
@@ -215,26 +232,19 @@ void y8_ownzelmTranspose(int count, const S &source, const D &destination, int w
             is_regular(destination, {width, height}, to))
             return y8_ownzelmTranspose(count, from, to, width, height);
     } else if (source.packed() && destination.packed()) {
-        if (width == height && width >= 3 && width <= 6) {
-            switch (width) {
-            case 3:
-                return transpose_squares<3>(count, source, destination);
-            case 4:
-                return transpose_squares<4>(count, source, destination);
-            case 5:
-                return transpose_squares<5>(count, source, destination);
-            default:
-                return transpose_squares<6>(count, source, destination);
-            }
-        }
-        for (int n = 0; n < count; ++n) {
-            const Plane p = {source.object(n), source.view(0).stride1, destination.object(n),
-                             destination.view(0).stride1};
-            if constexpr (sizeof(T) == 4)
-                y8_ownm_Transpose_32s(p, width, height, 0);
-            else
-                transpose_stripe<false, T>(p, height, width);
-        }
+        with_order<3, 6>(
+            width == height ? width : 0,
+            [&](auto N) { transpose_squares<N>(count, source, destination); },
+            [&] {
+                for (int n = 0; n < count; ++n) {
+                    const Plane p = {source.object(n), source.view(0).stride1,
+                                     destination.object(n), destination.view(0).stride1};
+                    if constexpr (sizeof(T) == 4)
+                        y8_ownm_Transpose_32s(p, width, height, 0);
+                    else
+                        transpose_stripe<false, T>(p, height, width);
+                }
+            });
         return;
     }
     move_elements(count, {width, height}, destination, source.transposed());

@@ -227,6 +227,13 @@ ZELM_INLINE void store(void *p, std::type_identity_t<V> v) {
     __builtin_memcpy(p, &v, sizeof v);
 }
 
+// v, loaded as a whole: the compiler may not take its load apart into loads of elements.
+template <class V>
+ZELM_INLINE V whole(V v) {
+    __asm__("" : "+x"(v));
+    return v;
+}
+
 // An element anywhere, of memory that is used as scratch.
 template <class T>
 struct Anywhere {
