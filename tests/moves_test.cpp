@@ -2,6 +2,7 @@
 // signalling NaN or a zero of either sign.
 
 #include "support/problem.hpp"
+#include "zelm.h"
 
 #include <climits>
 #include <cstring>
@@ -117,6 +118,28 @@ TEST(Moves, InPlace) {
                         << problem.describe();
                 });
             }
+    }
+}
+
+// Into overlapping objects, to planes and from planes: the later object stays.
+TEST(Moves, OverlappingResultsAreCopiedInOrder) {
+    constexpr int count = 9, len = 4;
+    float source[count * len];
+    for (int k = 0; k < count * len; ++k)
+        source[k] = static_cast<float>(k + 1);
+    struct {
+        int object, element, to_object, to_element; // elements apart
+    } constexpr strides[] = {{len, 1, 1, 2}, {1, count, 2, 1}};
+    for (const auto &c : strides) {
+        std::vector<float> expected(count * len), result(count * len);
+        for (int n = 0; n < count; ++n)
+            for (int k = 0; k < len; ++k)
+                expected[static_cast<std::size_t>(n * c.to_object + k * c.to_element)] =
+                    source[n * c.object + k * c.element];
+        ASSERT_EQ(zelmCopy_va_32f_SS(source, 4 * c.object, 4 * c.element, result.data(),
+                                     4 * c.to_object, 4 * c.to_element, len, count),
+                  0);
+        EXPECT_EQ(result, expected);
     }
 }
 

@@ -120,10 +120,11 @@ struct Standard {
     ZELM_INLINE Standard transposed() const {
         return {base, stride0, stride1, stride2, !exchanged};
     }
-    // A vector as a matrix of one column.
+    // A vector as a matrix of one column, or one row.
     ZELM_INLINE Standard<T, 2, array> as_column() const {
         return {base, stride0, stride2, sizeof(T)};
     }
+    ZELM_INLINE Standard<T, 2, array> as_row() const { return {base, stride0, 0, stride2}; }
 };
 
 template <class T, int rank>
@@ -150,6 +151,7 @@ struct Layout {
     }
     ZELM_INLINE Layout transposed() const { return {table, shift, stride1, stride2, !exchanged}; }
     ZELM_INLINE Layout<T, 2> as_column() const { return {table, shift, stride2, sizeof(T)}; }
+    ZELM_INLINE Layout<T, 2> as_row() const { return {table, shift, 0, stride2}; }
 };
 
 template <class T, int rank, bool array>
@@ -177,6 +179,7 @@ struct Tabled {
     }
     ZELM_INLINE Tabled transposed() const { return {table, shift, stride0, moved, !exchanged}; }
     ZELM_INLINE Tabled<T, 2, array> as_column() const { return {table, shift, stride0, moved}; }
+    ZELM_INLINE Tabled<T, 2, array> as_row() const { return as_column(); }
 };
 
 // A constant by value: every element of every object.
@@ -219,6 +222,7 @@ struct Buffer {
     using Type = T;
     using Element = T;
     static constexpr bool is_array = true, is_tabled = false, has_table = false;
+    static constexpr int object_rank = 2;
 
     T *base;
     Shape shape;
