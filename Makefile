@@ -66,7 +66,7 @@ sanitize: ## run all tests with the address and undefined-behaviour sanitizers
 	$(call build,sanitize)
 	$(fixed_addresses) ctest --preset sanitize $(ctest_options) $(ARGS)
 
-thread: ## run the tests with the thread sanitizer, with Clang and its OpenMP runtime
+thread: ## run the tests of threads with the thread sanitizer, Clang and its OpenMP runtime
 	$(packages) build example test sanitize
 	$(call build,thread)
 	$(fixed_addresses) ctest --preset thread $(ctest_options) $(ARGS)
