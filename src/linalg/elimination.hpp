@@ -4,6 +4,7 @@
 
 #include "../frame/parallel.hpp"
 #include "blocks.hpp"
+#include "pivot.hpp"
 
 namespace zelm {
 
@@ -55,55 +56,23 @@ struct Elimination {
     ZELM_INLINE S determinant() const { return last * sign * product; }
 };
 
+inline constexpr int largest_lane_elimination = 32; // 16 KiB of registers
+
 // Eliminates a, n x n, row by row, in lanes. Of equal candidates the topmost becomes the pivot.
 // Work goes on behind a small pivot.
 template <class Use, class S>
 Elimination<S> eliminate_lanes(S *a, int n, ElementOf<S> threshold) {
     Elimination<S> found = {splat<S>(1), splat<S>(1), S{}, no_lane<S>()};
+    S f[largest_lane_elimination];
     for (int k = 0; k < n - 1; ++k) {
-        S *const top = a + k * n;
-        S best = magnitude(top[k]);
-        IndexOf<S> where = splat_index<S>(k);
-        for (int i = k + 1; i < n; ++i) {
-            const S candidate = magnitude(a[i * n + k]);
-            const auto larger = candidate > best;
-            best = select(larger, candidate, best);
-            where = select(larger, splat_index<S>(i), where);
-        }
-        found.small = found.small | Use::small(best, splat<S>(threshold));
-
-        // The exchange and the update of C columns, column k first.
-        const auto columns = [&](int j, auto C, const auto &update) __attribute__((always_inline)) {
-            S old[C], pivot[C];
-            unroll<C>(ZELM_EACH(c) { old[c] = pivot[c] = top[j + c]; });
-            for (int i = k + 1; i < n; ++i) {
-                const auto here = where == splat_index<S>(i);
-                unroll<C>(ZELM_EACH(c) { pivot[c] = select(here, a[i * n + j + c], pivot[c]); });
-            }
-            unroll<C>(ZELM_EACH(c) { top[j + c] = pivot[c]; });
-            for (int i = k + 1; i < n; ++i) {
-                const auto here = where == splat_index<S>(i);
-                unroll<C>(ZELM_EACH(c) {
-                    S &x = a[i * n + j + c];
-                    x = update(i, select(here, old[c], x), pivot[c]);
-                });
-            }
-        };
-        columns(
-            k, std::integral_constant<int, 1>{},
-            [](int, S x, S) __attribute__((always_inline)) { return x; });
-        const S pivot = top[k];
-        const typename Use::template Multipliers<S> multiplier{pivot};
-        for (int i = k + 1; i < n; ++i)
-            a[i * n + k] = multiplier(a[i * n + k]);
-        const auto subtract = [&](int i, S x, S y) __attribute__((always_inline)) {
-            return x - a[i * n + k] * y;
-        };
-        in_blocks(
-            k + 1,
-            n, [&](int j, auto C) __attribute__((always_inline)) { columns(j, C, subtract); });
+        const LaneStep<S> step(a, n, k);
+        found.small = found.small | Use::small(step.magnitude, splat<S>(threshold));
+        const S pivot = step.pivot();
+        step.scale(f, typename Use::template Multipliers<S>{pivot});
+        step.exchange(k + 1, n);
+        step.subtract(f);
         found.product = found.product * pivot;
-        const auto moved = where > splat_index<S>(k);
+        const auto moved = step.where > splat_index<S>(k);
         found.sign = select(moved, -found.sign, found.sign);
     }
     found.last = a[n * n - 1];

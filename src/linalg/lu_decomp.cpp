@@ -116,7 +116,7 @@ ZelStatus factor_array_general(const Source &source, const IndexRows<int> &index
             all([&](int i, int j, auto &part) __attribute__((always_inline)) {
                 load_row<T>(part, x, group.first, shape, i, j);
             });
-            const unsigned failing = lane_bits(factor_lanes<T>(a, p, n, general_threshold<T>));
+            const unsigned failing = lane_bits(factor_lanes<S>(a, p, n, general_threshold<T>));
             if (group.stores(failing)) {
                 const auto row = [&](int i, int lane) { return static_cast<int>(p[i][lane]); };
                 all([&](int i, int j, auto &part) __attribute__((always_inline)) {

@@ -3,7 +3,6 @@
 // registers. Both do the same operations on every element.
 #pragma once
 
-#include "../frame/lane_access.hpp"
 #include "lu.hpp"
 
 namespace zelm {
@@ -14,74 +13,28 @@ inline constexpr int largest_lane_order = 16; // 4 KiB of registers
 
 // Factors a (n x n, row by row) in place; rows stand in pivot order afterwards, p[i] is the
 // caller's row in row i. Returns the lanes that met a candidate at or below the threshold.
-//
-// Rows are exchanged lane by lane in memory. A register that is stored in parts and loaded whole
-// soon after waits for its stores: the pivot row is collected before row k is put in its place, and
-// the pivot's column, which is needed at once, is exchanged by select.
-template <class T>
-MaskOf<Lanes<T>> factor_lanes(Lanes<T> *a, IndexOf<Lanes<T>> *p, int n, T threshold) {
-    using S = Lanes<T>;
+template <class S>
+MaskOf<S> factor_lanes(S *a, IndexOf<S> *p, int n, ElementOf<S> threshold) {
     MaskOf<S> failing = no_lane<S>();
+    S f[largest_lane_order];
     for (int i = 0; i < n; ++i)
         p[i] = splat_index<S>(i);
 
     for (int k = 0; k < n; ++k) {
-        S *const top = a + k * n;
-        S best = magnitude(top[k]);
-        IndexOf<S> where = splat_index<S>(k);
-#pragma GCC unroll 1 // its few turns are not worth the code
-        for (int i = k + 1; i < n; ++i) {
-            const S candidate = magnitude(a[i * n + k]);
-            const auto here = candidate > best;
-            best = larger(candidate, best);
-            where = select(here, splat_index<S>(i), where);
-        }
-        failing = failing | (best <= splat<S>(threshold));
-
-        char *row[lanes_of<S>]; // the pivot's
+        const LaneStep<S> step(a, n, k);
+        failing = failing | (step.magnitude <= splat<S>(threshold));
         unroll<lanes_of<S>>(ZELM_EACH(l) {
-            const int i = static_cast<int>(where[int{l}]);
-            row[l] = reinterpret_cast<char *>(a + i * n) + l * sizeof(T);
-            const auto number = p[k][int{l}];
-            p[k][int{l}] = p[i][int{l}];
-            p[i][int{l}] = number;
+            constexpr int lane = l;
+            const auto number = p[k][lane];
+            p[k][lane] = p[step.row(l)][lane];
+            p[step.row(l)][lane] = number;
         });
-        const auto pivot_row = [&](int j) __attribute__((always_inline)) {
-            return detail::gather<T>(row, j * Distance{sizeof(S)});
-        };
-        const auto exchange = [&](int from, int to) __attribute__((always_inline)) {
-            for (int j = from; j < to; ++j) {
-                const S pivot = pivot_row(j);
-                detail::scatter<T>(row, j * Distance{sizeof(S)}, top[j]);
-                top[j] = pivot;
-            }
-        };
-
-        const S old = top[k];
-        top[k] = pivot_row(k);
-        const S r = splat<S>(1) / top[k];
-        S f[largest_lane_order];
-#pragma GCC unroll 1
-        for (int i = k + 1; i < n; ++i)
-            f[i] = a[i * n + k] = select(where == splat_index<S>(i), old, a[i * n + k]) * r;
-        exchange(0, k);
-        exchange(k + 1, n);
-
-        const auto update = [&](int j, auto C) __attribute__((always_inline)) {
-            S pivot[C];
-            unroll<C>(ZELM_EACH(c) { pivot[c] = top[j + c]; });
-#pragma GCC unroll 1
-            for (int i = k + 1; i < n; ++i)
-                unroll<C>(ZELM_EACH(c) {
-                    S &x = a[i * n + j + c];
-                    x = x - f[i] * pivot[c];
-                });
-        };
-        int j = k + 1;
-        for (; j + 4 <= n; j += 4)
-            update(j, std::integral_constant<int, 4>{});
-        for (; j < n; ++j)
-            update(j, std::integral_constant<int, 1>{});
+        const S r = splat<S>(1) / step.pivot();
+        step.scale(
+            f, [r](S x) __attribute__((always_inline)) { return x * r; });
+        step.exchange(0, k);
+        step.exchange(k + 1, n);
+        step.subtract(f);
     }
     return failing;
 }

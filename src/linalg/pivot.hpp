@@ -1,9 +1,11 @@
-// Partial pivoting of straight-line eliminations: rows in registers, exchanged by select.
+// Steps of eliminations with partial pivoting, an object in each lane.
 #pragma once
 
-#include "../frame/lanes.hpp"
+#include "../frame/lane_access.hpp"
 
 namespace zelm {
+
+// ---- straight-line: rows in registers, exchanged by select ----
 
 template <int N, class S>
 struct Pivot {
@@ -58,5 +60,87 @@ ZELM_INLINE void exchange_rows(S (&a)[N][N], IndexOf<S> (&p)[N], const Pivot<N, 
         update(i);
     });
 }
+
+// ---- orders known at run time: a is n x n, row by row, in registers' memory ----
+
+// Step k. Rows are exchanged lane by lane. A register that is stored in parts and loaded whole soon
+// after waits for its stores: the pivot row is collected before row k is put in its place, and the
+// pivot's column, which is needed at once, is exchanged by select.
+template <class S>
+class LaneStep {
+public:
+    using T = ElementOf<S>;
+
+    // Finds the largest element of column k from row k on. A tie goes to the earliest.
+    ZELM_INLINE LaneStep(S *a, int n, int k)
+        : magnitude(zelm::magnitude(a[k * n + k])), where(splat_index<S>(k)), a_(a), n_(n), k_(k) {
+#pragma GCC unroll 1 // its few turns are not worth the code
+        for (int i = k + 1; i < n; ++i) {
+            const S candidate = zelm::magnitude(a[i * n + k]);
+            const auto here = candidate > magnitude;
+            magnitude = larger(candidate, magnitude);
+            where = select(here, splat_index<S>(i), where);
+        }
+        unroll<lanes_of<S>>(
+            ZELM_EACH(l) { row_[l] = reinterpret_cast<char *>(a + row(l) * n) + l * sizeof(T); });
+        old_ = top()[k];
+        top()[k] = from_pivot_row(k);
+    }
+
+    S magnitude;
+    IndexOf<S> where; // the pivot's row
+
+    ZELM_INLINE int row(int lane) const { return static_cast<int>(where[lane]); }
+    ZELM_INLINE S pivot() const { return top()[k_]; }
+
+    // The elements below the pivot become their multipliers, which f[i] keeps for row i.
+    template <class Multiplier>
+    ZELM_INLINE void scale(S *f, const Multiplier &multiplier) const {
+#pragma GCC unroll 1
+        for (int i = k_ + 1; i < n_; ++i) {
+            S &x = a_[i * n_ + k_];
+            f[i] = x = multiplier(select(where == splat_index<S>(i), old_, x));
+        }
+    }
+    // The exchange of other columns than k.
+    ZELM_INLINE void exchange(int from, int to) const {
+        for (int j = from; j < to; ++j) {
+            const S x = from_pivot_row(j);
+            detail::scatter<T>(row_, j * Distance{sizeof(S)}, top()[j]);
+            top()[j] = x;
+        }
+    }
+    // Subtracts the multiples of row k from the rows below.
+    ZELM_INLINE void subtract(const S *f) const {
+        int j = k_ + 1;
+        for (; j + 4 <= n_; j += 4)
+            subtract_columns<4>(f, j);
+        for (; j < n_; ++j)
+            subtract_columns<1>(f, j);
+    }
+
+private:
+    ZELM_INLINE S *top() const { return a_ + k_ * n_; }
+    ZELM_INLINE S from_pivot_row(int j) const {
+        return detail::gather<T>(row_, j * Distance{sizeof(S)});
+    }
+    template <int C>
+    ZELM_INLINE void subtract_columns(const S *f, int j) const {
+        S x[C];
+        unroll<C>(ZELM_EACH(c) { x[c] = top()[j + c]; });
+#pragma GCC unroll 1
+        for (int i = k_ + 1; i < n_; ++i) {
+            unroll<C>(ZELM_EACH(c) {
+                S &to = a_[i * n_ + j + c];
+                to = to - f[i] * x[c];
+            });
+        }
+    }
+
+    S *a_;
+    int n_, k_;
+    char *row_[lanes_of<S>]; // lane by lane
+    S old_;                  // row k's element of column k
+};
 
 } // namespace zelm
