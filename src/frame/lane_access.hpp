@@ -20,7 +20,11 @@ struct ComputedRows {
     static constexpr bool natural = false;
     const IndexOf<Lanes<T>> (&p)[H];
 
-    ZELM_INLINE int operator()(int i, int lane) const { return static_cast<int>(p[i][lane]); }
+    // Not negative: what takes a register's lane out widens it for nothing.
+    ZELM_INLINE Distance operator()(int i, int lane) const {
+        using Unsigned = std::make_unsigned_t<std::remove_cvref_t<decltype(p[i][lane])>>;
+        return static_cast<Distance>(static_cast<Unsigned>(p[i][lane]));
+    }
     ZELM_INLINE IndexOf<Lanes<T>> all_lanes(int i) const { return p[i]; }
 };
 // Row numbers by a function of row and lane.
@@ -147,6 +151,14 @@ ZELM_INLINE void permute_rows(Lanes<T> (&out)[H][W], const Lanes<T> (&in)[H][W],
     });
 }
 
+// Planar memory's rows by number: whole registers and selects, or accesses lane by lane. A select
+// chooses among all rows, so the more rows there are for each lane the less it pays; a lane is
+// stored less easily than it is loaded.
+template <class T, int H, class Rows>
+inline constexpr bool loads_registers = Rows::natural || H < lanes_per_register<T>;
+template <class T, class Rows>
+inline constexpr bool stores_registers = Rows::natural || lanes_per_register<T> > 2;
+
 // The lanes' objects of a strided operand.
 template <class T, class Operand, class Byte>
 ZELM_INLINE void lane_objects(Byte *(&base)[lanes_per_register<T>], const Operand &op, int first) {
@@ -158,7 +170,7 @@ ZELM_INLINE void lane_objects(Byte *(&base)[lanes_per_register<T>], const Operan
     }
 }
 template <class Rows>
-ZELM_INLINE int row_of(const Rows &rows, int i, int lane) {
+ZELM_INLINE auto row_of(const Rows &rows, int i, int lane) {
     if constexpr (Rows::natural)
         return i;
     else
@@ -195,7 +207,7 @@ ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
     if constexpr (Operand::is_tabled) {
         Distance lane[L]; // from object 0 to the lanes' objects
         unroll<L>(ZELM_EACH(l) { lane[l] = (first + l) * op.stride0; });
-        if (op.planar())
+        if (detail::loads_registers<T, H, Rows> && op.planar())
             return planar([&](int i, int j) __attribute__((always_inline)) {
                 return op.at[i * W + j] + lane[0];
             });
@@ -209,7 +221,7 @@ ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
         });
     } else {
         const auto v = op.view(first);
-        if constexpr (!is_dense<Operand>)
+        if constexpr (!is_dense<Operand> && detail::loads_registers<T, H, Rows>)
             if (op.planar())
                 return planar([&](int i, int j)
                                   __attribute__((always_inline)) { return v.at(i, j); });
@@ -261,7 +273,7 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
     if constexpr (Operand::is_tabled) {
         Distance lane[L]; // from object 0 to the lanes' objects
         unroll<L>(ZELM_EACH(l) { lane[l] = (first + l) * op.stride0; });
-        if (op.planar())
+        if (detail::stores_registers<T, Rows> && op.planar())
             return planar([&](int i, int j) __attribute__((always_inline)) {
                 return op.at[i * W + j] + lane[0];
             });
@@ -275,7 +287,7 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
         });
     } else {
         const auto v = op.view(first);
-        if constexpr (!is_dense<Operand>)
+        if constexpr (!is_dense<Operand> && detail::stores_registers<T, Rows>)
             if (op.planar())
                 return planar([&](int i, int j)
                                   __attribute__((always_inline)) { return v.at(i, j); });
