@@ -13,6 +13,7 @@ namespace {
 template <int n>
 struct Affine {
     static constexpr int size = 4;
+    static constexpr bool by_pairs = true; // coordinates 0 and 1 meet in one addition, 2 and 3 too
     static constexpr bool divides = false;
     ZELM_INLINE static Row at(const Row (&p)[n], const Row (&r)[4]) {
         if constexpr (n == 2)
@@ -26,6 +27,7 @@ struct Affine {
 template <int n>
 struct Coordinate {
     static constexpr int size = n;
+    static constexpr bool by_pairs = n == 3;
     static constexpr bool divides = true; // by column 3
     ZELM_INLINE static Row at(const Row (&p)[n], const Row (&r)[4]) {
         if constexpr (n == 2)
@@ -37,6 +39,7 @@ struct Coordinate {
 template <int n>
 struct Direction {
     static constexpr int size = n;
+    static constexpr bool by_pairs = true;
     static constexpr bool divides = false;
     ZELM_INLINE static Row at(const Row (&p)[n], const Row (&r)[4]) {
         if constexpr (n == 2)
@@ -54,47 +57,53 @@ struct Homogeneous {
 
 // ---- points as rows ----
 
-// What becomes of a point is a function of its splatted coordinates, a row of results.
+// What becomes of a point is a function of its coordinates in registers, a row of results.
 
-// Four points without gaps in three loads. Where the results have no gaps either, each is stored
-// with one element more, which the next one overwrites.
-template <int size, bool packed, class Image>
-ZELM_INLINE void four_points(const Image &image, const char *src, char *dst, Distance stride) {
-    Row v[3];
-    unroll<3>(ZELM_EACH(i) { v[i] = load<Row>(src + i * register_bytes); });
-    unroll<4>(ZELM_EACH(l) {
-        Row p[3];
-        unroll<3>(ZELM_EACH(i) {
-            constexpr int element = 3 * l + i;
-            p[i] = splat_lane<element % 4>(v[element / 4]);
+// Two coordinates in turn, x y x y, and the other way round, y x y x: one shuffle instead of two.
+// The rows of the matrix are crossed to match, and only the operands of an addition change places.
+template <int n, bool by_pairs>
+ZELM_INLINE void load_point(Row (&p)[n], const char *at) {
+    if constexpr (by_pairs) {
+        unroll<n / 2>(ZELM_EACH(pair) {
+            const Row v = (Row)splat<Lanes<double>>(load<double>(at + pair * sizeof(double)));
+            p[2 * pair] = v;
+            p[2 * pair + 1] = __builtin_shufflevector(v, v, 1, 0, 3, 2);
         });
-        constexpr int stored = packed && l < 3 ? 4 : size;
-        store_part<stored, float>(dst + l * stride, image(p));
-    });
+        if constexpr (n % 2 == 1)
+            p[n - 1] = splat<Row>(load<float>(at + (n - 1) * sizeof(float)));
+    } else {
+        unroll<n>(ZELM_EACH(i) { p[i] = splat<Row>(load<float>(at + i * sizeof(float))); });
+    }
+}
+template <int n, bool by_pairs>
+ZELM_INLINE Matrix crossed(Matrix m) {
+    if constexpr (by_pairs)
+        unroll<n / 2>(ZELM_EACH(pair) {
+            const Row a = m.r[2 * pair], b = m.r[2 * pair + 1];
+            m.r[2 * pair] = __builtin_shufflevector(a, b, 0, 5, 2, 7);
+            m.r[2 * pair + 1] = __builtin_shufflevector(b, a, 0, 5, 2, 7);
+        });
+    return m;
 }
 
-// `size` results of each vector of n elements, in ascending order.
-template <int n, int size, class Image>
+// `size` results of each vector of n elements, in ascending order. Where three results have no gaps
+// between points, four at a time are stored with one element more, which the next one overwrites.
+template <int n, int size, bool by_pairs, class Image>
 ZELM_INLINE void all_points(const Source &src, const Destination &dst, int count,
                             const Image &image) {
     Distance k = 0;
-    if constexpr (n == 3)
-        if (src.stride == packed_point && apart<n, size>(src, dst, count)) {
-            if (size == 3 && dst.stride == packed_point)
-                for (; k + 4 <= count; k += 4)
-                    four_points<size, true>(image, src.at(k), dst.at(k), packed_point);
-            else
-                for (; k + 4 <= count; k += 4)
-                    four_points<size, false>(image, src.at(k), dst.at(k), dst.stride);
-        }
-    constexpr int at_once = n == 3 ? 2 : n;
+    if constexpr (size == 3)
+        if (dst.stride == packed_point && apart<n, size>(src, dst, count))
+            for (; k + 4 <= count; k += 4) {
+                Row p[4][n];
+                unroll<4>(ZELM_EACH(l) { load_point<n, by_pairs>(p[l], src.at(k + l)); });
+                unroll<3>(ZELM_EACH(l) { store<Row>(dst.at(k + l), image(p[l])); });
+                store_part<size, float>(dst.at(k + 3), image(p[3]));
+            }
 #pragma GCC unroll 4
     for (; k < count; ++k) {
         Row p[n];
-        const Row v = load_part<at_once, float>(src.at(k));
-        unroll<n>(ZELM_EACH(i) { p[i] = splat_lane<i>(v); });
-        if constexpr (n == 3)
-            p[2] = splat<Row>(load<float>(src.at(k) + 2 * sizeof(float)));
+        load_point<n, by_pairs>(p, src.at(k));
         store_part<size, float>(dst.at(k), image(p));
     }
 }
@@ -123,7 +132,9 @@ struct Through {
 template <class Transform, int n>
 ZELM_INLINE ZelStatus transform_all(const float *mat, const Source &src, const Destination &dst,
                                     int count) {
-    all_points<n, Transform::size>(src, dst, count, Through<Transform, n>{load_matrix(mat)});
+    constexpr bool by_pairs = Transform::by_pairs;
+    all_points<n, Transform::size, by_pairs>(
+        src, dst, count, Through<Transform, n>{crossed<n, by_pairs>(load_matrix(mat))});
     return zelStatusOk;
 }
 template <class Transform, int n>
