@@ -132,12 +132,15 @@ ZelStatus move_elements(int count, Shape shape, const D &destination, const S &s
         }
         if constexpr (D::is_array && S::is_array && D::has_table + S::has_table < 2 &&
                       D::is_tabled + S::is_tabled < 2) {
+            // From planes two doubles at a time are slower than lines of single elements.
+            constexpr bool both_ways = sizeof(typename D::Element) == 4;
             const bool to_planes = planes_and_objects(count, shape, destination, source);
-            if ((to_planes || planes_and_objects(count, shape, source, destination)) &&
+            if ((to_planes ||
+                 (both_ways && planes_and_objects(count, shape, source, destination))) &&
                 are_apart(count, shape, destination, source)) {
                 if (to_planes)
                     move_planes_of<true>(count, shape, destination, source);
-                else
+                else if constexpr (both_ways)
                     move_planes_of<false>(count, shape, source, destination);
                 return zelStatusOk;
             }
