@@ -319,6 +319,40 @@ inline constexpr bool is_dense = false;
 template <class T, int H, int W, bool gapless>
 inline constexpr bool is_dense<Dense<T, H, W, gapless>> = true;
 
+// A strided operand of a fixed shape without gaps, inside the objects nor between those of an
+// array: the distances are known to the compiler.
+template <class Operand, int H, int W>
+struct Gapless {
+    using Type = typename Operand::Type;
+    using Element = typename Operand::Element;
+    static constexpr bool is_array = Operand::is_array, is_tabled = false;
+    static constexpr bool has_table = Operand::has_table;
+    static constexpr Distance row = W * Distance{sizeof(Type)};
+
+    Operand operand;
+
+    ZELM_INLINE ByteOf<Type> *object(int n) const {
+        if constexpr (is_array && !has_table)
+            return operand.object(0) + n * (H * row);
+        else
+            return operand.object(n);
+    }
+    ZELM_INLINE StridedView<Type> view(int n) const { return {object(n), row, sizeof(Type)}; }
+};
+template <int H, int W, class Operand>
+ZELM_INLINE bool is_gapless(const Operand &op) {
+    constexpr Distance element = sizeof(typename Operand::Type);
+    const auto v = op.view(0);
+    if constexpr (Operand::is_array && !Operand::has_table)
+        if (op.step() != H * W * element)
+            return false;
+    return (W == 1 || v.stride2 == element) && v.stride1 == W * element;
+}
+template <int H, int W, class Operand>
+ZELM_INLINE Gapless<Operand, H, W> as_gapless(const Operand &op) {
+    return {op};
+}
+
 // The operand as lane kernels of a fixed shape take it.
 template <int H, int W, class Part = Whole, class Operand>
 ZELM_INLINE auto resolved(const Operand &op) {

@@ -24,67 +24,48 @@ struct Sizes {
 
 // ---- kernels ----
 
-// Where rows are adjacent, products of these shapes are faster with the rows of b in registers than
-// with an object in each lane.
+// Where rows are adjacent, products of these shapes are faster by rows than with an object in each
+// lane.
 template <class T, int N>
-inline constexpr bool rows_win = sizeof(T) == 8 || N == 4 || N == 6;
+inline constexpr bool rows_win = sizeof(T) == 8 || N > 3;
+
+// kernel(a, b, d), compiled for them, where these are arrays without gaps. Returns whether they
+// are.
+template <int n, int N, class A, class B, class D, class Kernel>
+ZELM_INLINE bool without_gaps(const A &a, const B &b, const D &d, const Kernel &kernel) {
+    if constexpr (D::is_array)
+        if (is_gapless<n, n>(a) && is_gapless<n, N>(b) && is_gapless<n, N>(d)) {
+            kernel(as_gapless<n, n>(a), as_gapless<n, N>(b), as_gapless<n, N>(d));
+            return true;
+        }
+    return false;
+}
 
 template <int n, int N, class A, class B, class D>
-ZELM_INLINE void along_rows(int count, const A &a, const B &b, const D &d) {
-    using T = typename D::Element;
-    RowOf<T, N> rows[n];
-    const auto load_rows = [&](int object) __attribute__((always_inline)) {
-        const auto v = b.view(object);
-        unroll<n>(ZELM_EACH(k) { rows[k].load(v.at(k, 0)); });
-    };
-    load_rows(0);
-    for (int object = 0; object < count; ++object) {
-        if (B::is_array)
-            load_rows(object);
-        multiply_rows<n, n, N, T>(a.view(object), rows, d.view(object));
-    }
-}
-
-template <int n, class A, class B, class D>
-void along_row_tiles(int count, const A &a, const B &b, const D &d) {
+ZELM_INLINE void along_rows(int count, const A a, const B b, const D d) {
     for (int object = 0; object < count; ++object)
-        multiply_row_tiles<n, n, n, 2, typename D::Element>(a.view(object), b.view(object),
-                                                            d.view(object));
+        multiply_rows<n, n, N>(a.view(object), b.view(object), d.view(object));
 }
 
-// Matrix times vector, adjacent elements everywhere: columns in registers where whole registers
-// make up a column; pairs of lanes are too few to pay for one object in each, so doubles of odd
-// order go one by one.
+// Matrix times vector, adjacent elements everywhere: registers along the columns where whole ones
+// make up a column. A matrix that serves all vectors is kept as columns. Pairs of lanes are too few
+// to pay for one object in each, so doubles go this way in odd orders too.
 template <class T, int n>
 inline constexpr bool columns_win = n % lanes_per_register<T> == 0;
 template <class T, int n>
-inline constexpr bool scalars_win = sizeof(T) == 8 && n % 2 == 1;
+inline constexpr bool products_win = columns_win<T, n> || sizeof(T) == 8;
 
 template <int n, class A, class B, class D>
-void along_columns(int count, const A &a, const B &b, const D &d) {
+ZELM_INLINE void along_columns(int count, const A a, const B b, const D d) {
     using T = typename D::Element;
-    ColumnsOf<T, n> columns;
-    columns.load(a.view(0));
-    for (int object = 0; object < count; ++object) {
-        if (A::is_array)
-            columns.load(a.view(object));
-        multiply_columns(columns, b.object(object), d.object(object));
-    }
-}
-template <int n, class A, class B, class D>
-void by_scalars(int count, const A &a, const B &b, const D &d) {
-    using T = typename D::Element;
-    for (int object = 0; object < count; ++object) {
-        const auto x = a.view(object);
-        const char *const y = b.object(object);
-        char *const z = d.object(object);
-        T left[n][n], right[n][1], product[n][1];
-        unroll<n>(ZELM_EACH(i) {
-            unroll<n>(ZELM_EACH(k) { left[i][k] = get(x, i, k); });
-            right[i][0] = load<T>(y + i * sizeof(T));
-        });
-        multiply(left, right, product);
-        unroll<n>(ZELM_EACH(i) { store<T>(z + i * sizeof(T), product[i][0]); });
+    if constexpr (A::is_array) {
+        for (int object = 0; object < count; ++object)
+            multiply_row_products<n>(a.view(object), b.object(object), d.object(object));
+    } else {
+        ColumnsOf<T, n> columns;
+        columns.load(a.view(0));
+        for (int object = 0; object < count; ++object)
+            multiply_columns(columns, b.object(object), d.object(object));
     }
 }
 
@@ -112,12 +93,19 @@ void in_lanes(int count, const A &a, const B &b, const D &d) {
         any_shape({n, n, N}, a, b, d, object);
         return zelStatusOk;
     };
+    // Vectors take too few instructions for a walk's bookkeeping.
+    const auto pass = [&](const auto &kernel, const auto &...arrays)
+        __attribute__((always_inline)) {
+        if constexpr (N == 1 && n == 3)
+            walk_lightly<T>(count, overlap, kernel, alone, arrays...);
+        else
+            walk<T>(count, overlap, kernel, alone, arrays...);
+    };
     // A single operand is loaded once, into every lane.
     S x[n][n], y[n][N];
     if constexpr (!A::is_array) {
         load_splat<T>(x, view(a, 0, {n, n}));
-        walk<T>(
-            count, overlap,
+        pass(
             [&](const Group &group, const auto &q, const auto &r) __attribute__((always_inline)) {
                 S right_lanes[n][N], product[n][N];
                 load_lanes<T>(right_lanes, q, group.first);
@@ -125,11 +113,10 @@ void in_lanes(int count, const A &a, const B &b, const D &d) {
                 store_lanes<T>(r, group.first, product);
                 return 0u;
             },
-            alone, walked<n, N>(b), walked<n, N>(d));
+            walked<n, N>(b), walked<n, N>(d));
     } else if constexpr (!B::is_array) {
         load_splat<T>(y, view(b, 0, {n, N}));
-        walk<T>(
-            count, overlap,
+        pass(
             [&](const Group &group, const auto &p, const auto &r) __attribute__((always_inline)) {
                 S left_lanes[n][n], product[n][N];
                 load_lanes<T>(left_lanes, p, group.first);
@@ -137,10 +124,9 @@ void in_lanes(int count, const A &a, const B &b, const D &d) {
                 store_lanes<T>(r, group.first, product);
                 return 0u;
             },
-            alone, walked<n, n>(a), walked<n, N>(d));
+            walked<n, n>(a), walked<n, N>(d));
     } else {
-        walk<T>(
-            count, overlap,
+        pass(
             [&](const Group &group, const auto &p, const auto &q, const auto &r)
                 __attribute__((always_inline)) {
                     S product[n][N];
@@ -150,24 +136,35 @@ void in_lanes(int count, const A &a, const B &b, const D &d) {
                     store_lanes<T>(r, group.first, product);
                     return 0u;
                 },
-            alone, walked<n, n>(a), walked<n, N>(b), walked<n, N>(d));
+            walked<n, n>(a), walked<n, N>(b), walked<n, N>(d));
     }
 }
 
 template <int n, int N, class A, class B, class D>
 void square(int count, const A &a, const B &b, const D &d) {
     using T = typename D::Element;
-    if constexpr (N > 1 && !D::is_tabled && (rows_win<T, n> || !D::is_array))
+    // Tables of objects cost lanes a look at every address, rows none.
+    if constexpr (N > 1 && !D::is_tabled && (rows_win<T, n> || D::has_table || !D::is_array)) {
+        const auto kernel = [count](const auto &x, const auto &y, const auto &z)
+            __attribute__((always_inline)) {
+            along_rows<n, N>(count, x, y, z);
+        };
+        if (without_gaps<n, N>(a, b, d, kernel))
+            return;
         if (rows_adjacent(a) && rows_adjacent(b) && rows_adjacent(d))
-            return along_rows<n, N>(count, a, b, d);
+            return kernel(a, b, d);
+    }
     if constexpr (N == 1 && D::is_array && !D::is_tabled &&
-                  (columns_win<T, n> || scalars_win<T, n>))
-        if (rows_adjacent(a) && column_adjacent(b) && column_adjacent(d)) {
-            if constexpr (columns_win<T, n>)
-                return along_columns<n>(count, a, b, d);
-            else
-                return by_scalars<n>(count, a, b, d);
-        }
+                  (columns_win<T, n> || (A::is_array && products_win<T, n>))) {
+        const auto kernel = [count](const auto &x, const auto &y, const auto &z)
+            __attribute__((always_inline)) {
+            along_columns<n>(count, x, y, z);
+        };
+        if (without_gaps<n, N>(a, b, d, kernel))
+            return;
+        if (rows_adjacent(a) && column_adjacent(b) && column_adjacent(d))
+            return kernel(a, b, d);
+    }
     // Layout objects with their elements apart are too rare to have lanes where rows win.
     if constexpr (D::is_array && !(D::has_table && N > 1 && rows_win<T, n>))
         in_lanes<n, N>(count, a, b, d);
@@ -201,11 +198,12 @@ ZelStatus y8_ownzelmMul(int count, Sizes s, const A &a, const B &b, const D &d) 
             square<6, vector ? 1 : 6>(count, a, b, d);
             return zelStatusOk;
         case 8:
-            if constexpr (!vector && !D::is_tabled)
-                if (rows_adjacent(a) && rows_adjacent(b) && rows_adjacent(d)) {
-                    along_row_tiles<8>(count, a, b, d);
+            if constexpr (!vector && D::is_array && !D::is_tabled)
+                if (without_gaps<8, 8>(a, b, d,
+                                       [count](const auto &x, const auto &y, const auto &z) {
+                                           along_rows<8, 8>(count, x, y, z);
+                                       }))
                     return zelStatusOk;
-                }
         }
     }
     for (int object = 0; object < count; ++object)

@@ -47,51 +47,38 @@ ZELM_INLINE Lanes<T> splat_element(const RowOf<T, K> &row, const char *p) {
         return splat_lane<k % RowOf<T, K>::L>(row.v[k / RowOf<T, K>::L]);
 }
 
-// d = a * b where the elements of all rows are adjacent: rows of b, each times one element of a.
-template <int M, int K, int N, class T>
-ZELM_INLINE void multiply_rows(const StridedView<const T> &a, const RowOf<T, N> (&b)[K],
-                               const StridedView<T> &d) {
-    unroll<M>(ZELM_EACH(i) {
-        RowOf<T, K> left;
-        RowOf<T, N> row;
-        left.load(a.at(i, 0));
-        unroll<K>(ZELM_EACH(k) {
-            const Lanes<T> x = splat_element<T, K, k>(left, a.at(i, 0));
+// Rows i ... i + R - 1 of d = a * b where the elements of all rows are adjacent: sums of rows of b,
+// each times one element of a.
+template <int R, int K, int N, class T>
+ZELM_INLINE void multiply_row_tile(const StridedView<const T> &a, const StridedView<const T> &b,
+                                   const StridedView<T> &d, int i) {
+    RowOf<T, K> left[R];
+    RowOf<T, N> row[R];
+    unroll<R>(ZELM_EACH(r) { left[r].load(a.at(i + r, 0)); });
+    unroll<K>(ZELM_EACH(k) {
+        RowOf<T, N> right;
+        right.load(b.at(k, 0));
+        unroll<R>(ZELM_EACH(r) {
+            const Lanes<T> x = splat_element<T, K, k>(left[r], a.at(i + r, 0));
             unroll<RowOf<T, N>::registers>(ZELM_EACH(c) {
                 if constexpr (k == 0)
-                    row.v[c] = x * b[k].v[c];
+                    row[r].v[c] = x * right.v[c];
                 else
-                    row.v[c] = row.v[c] + x * b[k].v[c];
+                    row[r].v[c] = row[r].v[c] + x * right.v[c];
             });
         });
-        row.store(d.at(i, 0));
     });
+    unroll<R>(ZELM_EACH(r) { row[r].store(d.at(i + r, 0)); });
 }
-
-// The same for rows of b that are too many for the registers: R rows of d at a time, b from memory.
-template <int M, int K, int N, int R, class T>
-ZELM_INLINE void multiply_row_tiles(const StridedView<const T> &a, const StridedView<const T> &b,
-                                    const StridedView<T> &d) {
-    static_assert(M % R == 0);
-    for (int i = 0; i < M; i += R) {
-        RowOf<T, K> left[R];
-        RowOf<T, N> row[R];
-        unroll<R>(ZELM_EACH(r) { left[r].load(a.at(i + r, 0)); });
-        unroll<K>(ZELM_EACH(k) {
-            RowOf<T, N> right;
-            right.load(b.at(k, 0));
-            unroll<R>(ZELM_EACH(r) {
-                const Lanes<T> x = splat_element<T, K, k>(left[r], a.at(i + r, 0));
-                unroll<RowOf<T, N>::registers>(ZELM_EACH(c) {
-                    if constexpr (k == 0)
-                        row[r].v[c] = x * right.v[c];
-                    else
-                        row[r].v[c] = row[r].v[c] + x * right.v[c];
-                });
-            });
-        });
-        unroll<R>(ZELM_EACH(r) { row[r].store(d.at(i + r, 0)); });
-    }
+// As many rows at a time as fit the registers with their sums, a row of b and an element of a.
+template <int M, int K, int N, class T>
+ZELM_INLINE void multiply_rows(const StridedView<const T> &a, const StridedView<const T> &b,
+                               const StridedView<T> &d) {
+    constexpr int R = M == 4 ? 4 : 3, whole = M - M % R;
+    for (int i = 0; i < whole; i += R)
+        multiply_row_tile<R, K, N>(a, b, d, i);
+    if constexpr (whole < M)
+        multiply_row_tile<M - whole, K, N>(a, b, d, whole);
 }
 
 // ---- columns in registers: a matrix times a vector ----
@@ -128,6 +115,45 @@ ZELM_INLINE void multiply_columns(const ColumnsOf<T, N> &a, const char *x, char 
                 sum.v[c] = sum.v[c] + a.v[k][c] * element;
         });
     });
+    sum.store(y);
+}
+
+// The same for a matrix that is used once: its rows times x, and the products transposed. N is a
+// multiple of the lanes, or one more.
+template <int N, class T>
+ZELM_INLINE void multiply_row_products(const StridedView<const T> &a, const char *x, char *y) {
+    constexpr int L = lanes_per_register<T>, blocks = N / L;
+    static_assert(N % L <= 1);
+    RowOf<T, N> vector, sum;
+    vector.load(x);
+    const auto products = [&](int i, auto k) __attribute__((always_inline)) {
+        return load<Lanes<T>>(a.at(i, k * L)) * vector.v[k];
+    };
+    unroll<blocks>(ZELM_EACH(i) {
+        Lanes<T> terms[blocks][L];
+        unroll<blocks>(
+            ZELM_EACH(k) { unroll<L>(ZELM_EACH(e) { terms[k][e] = products(i * L + e, k); }); });
+        unroll<blocks>(ZELM_EACH(k) {
+            transpose(terms[k]);
+            unroll<L>(ZELM_EACH(e) {
+                sum.v[i] = k == 0 && e == 0 ? terms[0][0] : sum.v[i] + terms[k][e];
+            });
+        });
+        if constexpr (N % L == 1) {
+            Lanes<T> column;
+            unroll<L>(ZELM_EACH(e) { column[int{e}] = load<T>(a.at(i * L + e, N - 1)); });
+            sum.v[i] = sum.v[i] + column * splat_lane<0>(vector.v[blocks]);
+        }
+    });
+    if constexpr (N % L == 1) {
+        T last = 0;
+        unroll<blocks>(ZELM_EACH(k) {
+            const Lanes<T> terms = products(N - 1, k);
+            unroll<L>(ZELM_EACH(e) { last = k == 0 && e == 0 ? terms[0] : last + terms[int{e}]; });
+        });
+        last = last + load<T>(a.at(N - 1, N - 1)) * vector.v[blocks][0];
+        sum.v[blocks] = Lanes<T>{last};
+    }
     sum.store(y);
 }
 
