@@ -191,20 +191,15 @@ template <class A, class X, class B, class D>
 ZelStatus y8_ownzelmGaxpy(int count, Shape shape, const A &a, const X &x, const B &b, const D &d) {
     if constexpr (!D::is_tabled) {
         const bool packed = a.packed() && x.packed() && b.packed() && d.packed();
-        switch (packed && shape.width == shape.height ? shape.width : 0) {
-        case 3:
-            gaxpy_fixed<3>(count, a, x, b, d);
+        const bool fixed = with_order<3, 6>(
+            packed && shape.width == shape.height ? shape.width : 0,
+            [&](auto N) {
+                gaxpy_fixed<N>(count, a, x, b, d);
+                return true;
+            },
+            [] { return false; });
+        if (fixed)
             return zelStatusOk;
-        case 4:
-            gaxpy_fixed<4>(count, a, x, b, d);
-            return zelStatusOk;
-        case 5:
-            gaxpy_fixed<5>(count, a, x, b, d);
-            return zelStatusOk;
-        case 6:
-            gaxpy_fixed<6>(count, a, x, b, d);
-            return zelStatusOk;
-        }
     }
     for (int n = 0; n < count; ++n)
         gaxpy_object(a, x, b, d, shape, n);

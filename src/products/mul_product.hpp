@@ -184,26 +184,21 @@ ZelStatus y8_ownzelmMul(int count, Sizes s, const A &a, const B &b, const D &d) 
             return y8_ownzelmMul<vector>(count, s, x, y, z);
     }
     if (s.M == s.K && (vector || s.N == s.K)) {
-        switch (s.K) {
-        case 3:
-            square<3, vector ? 1 : 3>(count, a, b, d);
+        const bool done = with_order<3, 6>(
+            s.K,
+            [&](auto n) {
+                square<n, vector ? 1 : int{n}>(count, a, b, d);
+                return true;
+            },
+            [] { return false; });
+        if (done)
             return zelStatusOk;
-        case 4:
-            square<4, vector ? 1 : 4>(count, a, b, d);
-            return zelStatusOk;
-        case 5:
-            square<5, vector ? 1 : 5>(count, a, b, d);
-            return zelStatusOk;
-        case 6:
-            square<6, vector ? 1 : 6>(count, a, b, d);
-            return zelStatusOk;
-        case 8:
-            if constexpr (!vector && D::is_array && !D::is_tabled)
-                if (without_gaps<8, 8>(a, b, d,
-                                       [count](const auto &x, const auto &y, const auto &z) {
-                                           along_rows<8, 8>(count, x, y, z);
-                                       }))
-                    return zelStatusOk;
+        if constexpr (!vector && D::is_array && !D::is_tabled) {
+            const auto kernel = [count](const auto &x, const auto &y, const auto &z) {
+                along_rows<8, 8>(count, x, y, z);
+            };
+            if (s.K == 8 && without_gaps<8, 8>(a, b, d, kernel))
+                return zelStatusOk;
         }
     }
     for (int object = 0; object < count; ++object)
