@@ -118,6 +118,16 @@ template <class T, int N>
 ZELM_INLINE void load_runs(Lanes<T> *out, const char *const (&at)[lanes_per_register<T>]) {
     load_from<T, N>(out, Runs<T>{at});
 }
+// Two elements of each lane, side by side.
+ZELM_INLINE void store_pairs(char *const (&at)[4], Distance offset, Lanes<float> a,
+                             Lanes<float> b) {
+    const auto low = (Lanes<double>)_mm_unpacklo_ps((__m128)a, (__m128)b);
+    const auto high = (Lanes<double>)_mm_unpackhi_ps((__m128)a, (__m128)b);
+    unroll<2>(ZELM_EACH(l) {
+        store<double>(at[l] + offset, low[int{l}]);
+        store<double>(at[2 + l] + offset, high[int{l}]);
+    });
+}
 template <class T, int N>
 ZELM_INLINE void store_runs(char *const (&at)[lanes_per_register<T>], const Lanes<T> *in) {
     constexpr int L = lanes_per_register<T>, rest = N % L;
@@ -127,14 +137,18 @@ ZELM_INLINE void store_runs(char *const (&at)[lanes_per_register<T>], const Lane
         transpose(v);
         unroll<L>(ZELM_EACH(l) { store<Lanes<T>>(at[l] + chunk * register_bytes, v[l]); });
     });
-    if constexpr (rest == 1)
-        scatter<T>(at, (N - 1) * Distance{sizeof(T)}, in[N - 1]);
-    else if constexpr (rest != 0) {
-        constexpr int length = N > L && rest == 3 ? L : rest, start = N - length;
-        Lanes<T> v[L] = {};
-        unroll<length>(ZELM_EACH(e) { v[e] = in[start + e]; });
+    constexpr bool overlapping = N > L && rest == 3; // the last run overlaps the one before
+    if constexpr (overlapping) {
+        constexpr int start = N - L;
+        Lanes<T> v[L];
+        unroll<L>(ZELM_EACH(e) { v[e] = in[start + e]; });
         transpose(v);
-        unroll<L>(ZELM_EACH(l) { store_part<length, T>(at[l] + start * sizeof(T), v[l]); });
+        unroll<L>(ZELM_EACH(l) { store<Lanes<T>>(at[l] + start * sizeof(T), v[l]); });
+    } else {
+        if constexpr (rest >= 2)
+            store_pairs(at, (N - rest) * Distance{sizeof(T)}, in[N - rest], in[N - rest + 1]);
+        if constexpr (rest % 2 == 1)
+            scatter<T>(at, (N - 1) * Distance{sizeof(T)}, in[N - 1]);
     }
 }
 
