@@ -128,8 +128,14 @@ ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kerne
             [&](const auto &...o) __attribute__((always_inline)) { return kernel(group, o...); },
             operands);
         if (!group.staged) [[likely]] {
-            n += failing == 0 ? L : 0;
-            failed_before = failing != 0;
+            if (failing == 0) [[likely]] {
+                n += L;
+                continue;
+            }
+            failed_before = true;
+            // Nothing, but a branch: a select would have the next group's addresses wait for this
+            // group's result.
+            __asm__ volatile("");
             continue;
         }
         const int first_failing = failing == 0 ? L : __builtin_ctz(failing);
