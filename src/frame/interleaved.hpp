@@ -85,6 +85,18 @@ ZELM_INLINE Interleaved<R, n> square_root(const Interleaved<R, n> &x) {
         return square_root(x.r[i]);
     });
 }
+template <class R, int n>
+ZELM_INLINE Interleaved<R, n> refined_reciprocal(const Interleaved<R, n> &x) {
+    return Interleaved<R, n>::each([&](int i) __attribute__((always_inline)) {
+        return refined_reciprocal(x.r[i]);
+    });
+}
+template <class R, int n>
+ZELM_INLINE Interleaved<R, n> refined_reciprocal_root(const Interleaved<R, n> &x) {
+    return Interleaved<R, n>::each([&](int i) __attribute__((always_inline)) {
+        return refined_reciprocal_root(x.r[i]);
+    });
+}
 template <class M, int n>
 ZELM_INLINE unsigned lane_bits(const Interleaved<M, n> &mask) {
     unsigned bits = 0;

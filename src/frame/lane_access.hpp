@@ -5,6 +5,7 @@
 // anything else (element by element). A group is always full: the walk stages what is not.
 #pragma once
 
+#include "interleaved.hpp"
 #include "operand.hpp"
 
 namespace zelm {
@@ -334,6 +335,33 @@ ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H
         }
     }
 }
+
+// Groups of several registers, register by register.
+template <class T, class Part = Whole, int n, int H, int W, class Operand>
+ZELM_INLINE void load_lanes(Interleaved<Lanes<T>, n> (&a)[H][W], const Operand &op, int first) {
+    unroll<n>(ZELM_EACH(r) {
+        Lanes<T> part[H][W];
+        load_lanes<T, Part>(part, op, first + r * lanes_per_register<T>);
+        unroll<H>(ZELM_EACH(i) {
+            unroll<Part::width(i, W)>(ZELM_EACH(j) { a[i][j].r[r] = part[i][j]; });
+        });
+    });
+}
+template <class T, class Part = Whole, int n, int H, int W, class Operand>
+ZELM_INLINE void store_lanes(const Operand &op, int first,
+                             const Interleaved<Lanes<T>, n> (&a)[H][W]) {
+    unroll<n>(ZELM_EACH(r) {
+        Lanes<T> part[H][W];
+        unroll<H>(ZELM_EACH(i) {
+            unroll<Part::width(i, W)>(ZELM_EACH(j) { part[i][j] = a[i][j].r[r]; });
+        });
+        store_lanes<T, Part>(op, first + r * lanes_per_register<T>, part);
+    });
+}
+
+// What the lanes of a group are: a register, or several as one.
+template <class T, class Group, int n = std::remove_cvref_t<Group>::registers>
+using LanesOf = std::conditional_t<n == 1, Lanes<T>, Interleaved<Lanes<T>, n>>;
 
 // N row numbers per lane to the objects' rows of `index`, N ints each, one after another.
 template <class T, int N, class Index>

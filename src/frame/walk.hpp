@@ -21,6 +21,11 @@ struct Group {
     // A kernel stores what it computed unless this says no; on the stage it always stores.
     ZELM_INLINE bool stores(unsigned failing) const { return failing == 0 || staged; }
 };
+// The same for a kernel that takes groups of one register and of several.
+template <int n>
+struct GroupOf : Group {
+    static constexpr int registers = n;
+};
 
 // An array operand of a walk, its objects' shape and the most elements that one can have. H and W
 // are 0 where the shape is known at run time only.
@@ -117,7 +122,7 @@ ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kerne
             n += live;
             continue;
         }
-        Group group = {n, live < L || failed_before};
+        GroupOf<registers> group = {{n, live < L || failed_before}};
         if (group.staged) [[unlikely]] {
             group.first = 0;
             each([&](auto &stage, const auto &array, auto &operand) {
@@ -158,15 +163,17 @@ ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kerne
 // kernel(group, operands...) returns the failing lanes as bits; single(n) does object n in the
 // arrays and returns its status; `allowed` tells which objects may be worked on at once. Where all
 // objects are dense the kernel is compiled for that, without a question asked in the loop. A group
-// is as many objects as `registers` registers have lanes.
-template <class T, int registers = 1, class Allowed, class Kernel, class Single, class... Arrays>
+// is as many objects as `registers` registers have lanes, or where objects are not dense, as many
+// as `elsewhere` have.
+template <class T, int registers = 1, int elsewhere = registers, class Allowed, class Kernel,
+          class Single, class... Arrays>
 ZELM_INLINE ZelStatus walk(int count, const Allowed &allowed, const Kernel &kernel,
                            const Single &single, const Arrays &...arrays) {
     if constexpr ((detail::may_be_dense<Arrays> && ...))
         if ((detail::dense_now(arrays) && ...))
             return walk_groups<T, registers>(count, allowed, kernel, single,
                                              detail::as_dense(arrays)...);
-    return walk_groups<T, registers>(count, allowed, kernel, single, arrays...);
+    return walk_groups<T, elsewhere>(count, allowed, kernel, single, arrays...);
 }
 
 // The same for a kernel that never fails and for one that takes a few instructions per group: dense

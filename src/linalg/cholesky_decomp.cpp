@@ -52,6 +52,11 @@ ZelStatus y8_ownzelmCholeskyDecomp_m(const Source &source, const Destination &de
         [&] { return factor_object<T>(n, from, to); });
 }
 
+// Registers of dense objects. Roots wait for one another; those of another register fill the time
+// where the processor does not get as far as the next group by itself.
+template <int N>
+constexpr int side_by_side = N == 4 ? 1 : 2;
+
 template <int N, class Source, class Destination>
 ZelStatus factor_array(const Source &source, const Destination &destination, int count) {
     using T = typename Source::Element;
@@ -59,10 +64,10 @@ ZelStatus factor_array(const Source &source, const Destination &destination, int
     const Footprint from(source, shape, LowerTriangle{});
     const Footprint to(destination, shape, LowerTriangle{});
     const Overlap overlap(count, shape, to, from);
-    return walk<T>(
+    return walk<T, side_by_side<N>, 1>(
         count, overlap,
-        [](const Group &group, const auto &x, const auto &y) __attribute__((always_inline)) {
-            Lanes<T> a[N][N];
+        [](const auto &group, const auto &x, const auto &y) __attribute__((always_inline)) {
+            LanesOf<T, decltype(group)> a[N][N];
             load_lanes<T, LowerTriangle>(a, x, group.first);
             const unsigned failing = lane_bits(factor_cholesky<N>(a, [](int, int) {}));
             if (group.stores(failing)) [[likely]]
