@@ -138,18 +138,30 @@ ZELM_INLINE Lanes<double> magnitude(Lanes<double> x) {
     return (Lanes<double>)((Lanes<std::int64_t>)x & 0x7fffffffffffffff);
 }
 
-// x where it is greater than y, else y: y too where one of them is NaN.
+// x where it is greater, or smaller, than y, else y: y too where one of them is NaN.
 template <class T>
 ZELM_INLINE T larger(T x, T y) {
     return x > y ? x : y;
+}
+template <class T>
+ZELM_INLINE T smaller(T x, T y) {
+    return x < y ? x : y;
 }
 template <>
 ZELM_INLINE Lanes<float> larger(Lanes<float> x, Lanes<float> y) {
     return (Lanes<float>)_mm_max_ps((__m128)x, (__m128)y);
 }
 template <>
+ZELM_INLINE Lanes<float> smaller(Lanes<float> x, Lanes<float> y) {
+    return (Lanes<float>)_mm_min_ps((__m128)x, (__m128)y);
+}
+template <>
 ZELM_INLINE Lanes<double> larger(Lanes<double> x, Lanes<double> y) {
     return (Lanes<double>)_mm_max_pd((__m128d)x, (__m128d)y);
+}
+template <>
+ZELM_INLINE Lanes<double> smaller(Lanes<double> x, Lanes<double> y) {
+    return (Lanes<double>)_mm_min_pd((__m128d)x, (__m128d)y);
 }
 
 // Correctly rounded.

@@ -191,20 +191,19 @@ template <int N, class S>
 ZELM_INLINE MaskOf<S> invert_far_from_thresholds(S (&c)[N][N], const S (&a)[N][N]) {
     using T = ElementOf<S>;
     const S one = splat<S>(1), d = cofactors(c, a);
-    S largest = one;
+    // A NaN counts for neither, but it makes the determinant one.
+    S largest = one, smallest = magnitude(c[0][0]);
     unroll<N>(ZELM_EACH(i) {
         unroll<N>(ZELM_EACH(j) {
-            const S x = magnitude(a[i][j]);
-            largest = select(x > largest, x, largest);
+            largest = larger(magnitude(a[i][j]), largest);
+            smallest = smaller(magnitude(c[i][j]), smallest);
         });
     });
     // An elimination of order N enlarges no element more than 2^(N - 1) times.
     S bound = splat<S>(T(1 << 14) * elimination_threshold<T>(N));
     unroll<N - 2>(ZELM_EACH() { bound = bound * largest; });
-    auto far = magnitude(d) > bound * largest;
-    far = far & (splat<S>(sizeof(T) == 4 ? T(0x1p24) : T(0x1p200)) > largest);
-    unroll<N>(
-        ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { far = far & (magnitude(c[i][j]) > bound); }); });
+    const auto far = (smallest > bound) & (magnitude(d) > bound * largest) &
+                     (splat<S>(sizeof(T) == 4 ? T(0x1p24) : T(0x1p200)) > largest);
     divide(c, one / d);
     return far;
 }
