@@ -98,6 +98,10 @@ ZelStatus y8_ownzelmQRDecomp_ma(int count, const Source &source, const Destinati
     const auto general = [&] {
         return factor_array(shape, source, destination, count, overlap, single);
     };
+    // Straight-line code for the one oblong shape of use in fits, where no call is without it.
+    if constexpr (description_of<Destination> == Description::standard)
+        if (shape.height == 8 && shape.width == 4)
+            return factor_array<8, 4>(source, destination, count, overlap, single);
     if (shape.width != shape.height)
         return general();
     return with_order<3, 6>(
