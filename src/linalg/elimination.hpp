@@ -69,8 +69,7 @@ Elimination<S> eliminate_lanes(S *a, int n, ElementOf<S> threshold) {
         found.small = found.small | Use::small(step.magnitude, splat<S>(threshold));
         const S pivot = step.pivot();
         step.scale(f, typename Use::template Multipliers<S>{pivot});
-        step.exchange(k + 1, n);
-        step.subtract(f);
+        step.eliminate(f);
         found.product = found.product * pivot;
         const auto moved = step.where > splat_index<S>(k);
         found.sign = select(moved, -found.sign, found.sign);

@@ -33,8 +33,7 @@ MaskOf<S> factor_lanes(S *a, IndexOf<S> *p, int n, ElementOf<S> threshold) {
         step.scale(
             f, [r](S x) __attribute__((always_inline)) { return x * r; });
         step.exchange(0, k);
-        step.exchange(k + 1, n);
-        step.subtract(f);
+        step.eliminate(f);
     }
     return failing;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "../frame/lane_access.hpp"
+#include "blocks.hpp"
 
 namespace zelm {
 
@@ -63,9 +64,9 @@ ZELM_INLINE void exchange_rows(S (&a)[N][N], IndexOf<S> (&p)[N], const Pivot<N, 
 
 // ---- orders known at run time: a is n x n, row by row, in registers' memory ----
 
-// Step k. Rows are exchanged lane by lane. A register that is stored in parts and loaded whole soon
-// after waits for its stores: the pivot row is collected before row k is put in its place, and the
-// pivot's column, which is needed at once, is exchanged by select.
+// Step k. The pivot row is collected lane by lane. The old row k takes its place by a select where
+// rows are updated anyway; scattered there, lane by lane, it would be loaded whole too soon and
+// wait for its stores.
 template <class S>
 class LaneStep {
 public:
@@ -102,7 +103,7 @@ public:
             f[i] = x = multiplier(select(where == splat_index<S>(i), old_, x));
         }
     }
-    // The exchange of other columns than k.
+    // The exchange of columns that no step reads any more.
     ZELM_INLINE void exchange(int from, int to) const {
         for (int j = from; j < to; ++j) {
             const S x = from_pivot_row(j);
@@ -110,13 +111,12 @@ public:
             top()[j] = x;
         }
     }
-    // Subtracts the multiples of row k from the rows below.
-    ZELM_INLINE void subtract(const S *f) const {
-        int j = k_ + 1;
-        for (; j + 4 <= n_; j += 4)
-            subtract_columns<4>(f, j);
-        for (; j < n_; ++j)
-            subtract_columns<1>(f, j);
+    // The exchange of the columns behind k, and their update: the multiples of row k are subtracted
+    // from the rows below.
+    ZELM_INLINE void eliminate(const S *f) const {
+        in_blocks(
+            k_ + 1,
+            n_, [&](int j, auto C) __attribute__((always_inline)) { eliminate_columns<C>(f, j); });
     }
 
 private:
@@ -125,14 +125,19 @@ private:
         return detail::gather<T>(row_, j * Distance{sizeof(S)});
     }
     template <int C>
-    ZELM_INLINE void subtract_columns(const S *f, int j) const {
-        S x[C];
-        unroll<C>(ZELM_EACH(c) { x[c] = top()[j + c]; });
+    ZELM_INLINE void eliminate_columns(const S *f, int j) const {
+        S old[C], x[C];
+        unroll<C>(ZELM_EACH(c) {
+            old[c] = top()[j + c];
+            x[c] = from_pivot_row(j + c);
+        });
+        unroll<C>(ZELM_EACH(c) { top()[j + c] = x[c]; });
 #pragma GCC unroll 1
         for (int i = k_ + 1; i < n_; ++i) {
+            const auto here = where == splat_index<S>(i);
             unroll<C>(ZELM_EACH(c) {
                 S &to = a_[i * n_ + j + c];
-                to = to - f[i] * x[c];
+                to = select(here, old[c], to) - f[i] * x[c];
             });
         }
     }
