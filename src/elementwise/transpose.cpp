@@ -174,13 +174,29 @@ void transpose_rest(const Plane &p, int height, int width) {
             element(i, j);
 }
 
+// Asks for the lines of a tile, in the second level: in the first, rows that are a multiple of its
+// page apart would push one another out.
+template <bool past_cache>
+ZELM_INLINE void fetch_tile(const Plane &p, int rows) {
+    for (int i = 0; i < rows; ++i) {
+        __builtin_prefetch(p.source + i * p.source_step, 0, 2);
+        if constexpr (!past_cache)
+            __builtin_prefetch(p.destination + i * p.destination_step, 1, 2);
+    }
+}
+
 template <bool past_cache, class T>
 void transpose_stripe(const Plane &p, int height, int width) {
     constexpr int B = line_bytes / int{sizeof(T)};
     const bool far = p.source_step % 4096 == 0;
+    // A stripe has more rows than the processor follows by itself. Smaller matrices are near
+    // anyway.
+    const bool large = p.destination_step * width > (4 << 20);
     for (int j = 0; j < width; j += B)
         for (int i = 0; i < height; i += B) {
             const Plane tile = p.at(i, j, sizeof(T));
+            if (large && height - i >= B && width - j >= 2 * B)
+                fetch_tile<past_cache>(p.at(i, j + B, sizeof(T)), B);
             if (height - i < B || width - j < B)
                 transpose_rest<T>(tile, height - i < B ? height - i : B,
                                   width - j < B ? width - j : B);
