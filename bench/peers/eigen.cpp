@@ -184,11 +184,8 @@ void offer_all(PeerList &list) {
 } // namespace
 
 BenchPeerList bench_peers() {
-    static const PeerList list = [] {
-        PeerList made;
+    return listed([](PeerList &made) {
         offer_all<float>(made);
         offer_all<double>(made);
-        return made;
-    }();
-    return list.list();
+    });
 }

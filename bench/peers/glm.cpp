@@ -172,8 +172,7 @@ void offer_order(PeerList &list, const char *name) {
 } // namespace
 
 BenchPeerList bench_peers() {
-    static const PeerList list = [] {
-        PeerList made;
+    return listed([](PeerList &made) {
         offer_order<float, 3, glm::packed_highp>(made, "GLM");
         offer_order<float, 4, glm::packed_highp>(made, "GLM");
         offer_order<float, 4, glm::aligned_highp>(made, "GLM aligned");
@@ -184,7 +183,5 @@ BenchPeerList bench_peers() {
         offer_geometry<glm::aligned_highp>(made, "GLM aligned");
         made.offer<float>("GLM", bench_normalize, sum(1, 3), bench_packed, normalize);
         made.offer<float>("GLM", bench_look_at, sum(3, 3), bench_packed, look_at);
-        return made;
-    }();
-    return list.list();
+    });
 }

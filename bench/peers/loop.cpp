@@ -466,14 +466,11 @@ void offer_all(PeerList &list) {
 } // namespace
 
 BenchPeerList bench_peers() {
-    static const PeerList list = [] {
-        PeerList made;
+    return listed([](PeerList &made) {
         offer_all<float>(made);
         offer_all<double>(made);
         offer_transforms<12>(made, bench_packed);
         offer_transforms<16>(made, bench_stride16);
         offer_transforms<32>(made, bench_stride32);
-        return made;
-    }();
-    return list.list();
+    });
 }

@@ -42,6 +42,17 @@ private:
     std::vector<BenchPeer> peers_;
 };
 
+// What bench_peers returns: the list that fill(list) makes, once.
+template <class Fill>
+BenchPeerList listed(const Fill &fill) {
+    static const PeerList list = [&fill] {
+        PeerList made;
+        fill(made);
+        return made;
+    }();
+    return list.list();
+}
+
 // Calls f with each order as a compile-time constant.
 template <int... Orders, class F>
 void for_orders(F f) {

@@ -56,15 +56,12 @@ void offer_all(PeerList &list) {
 } // namespace
 
 BenchPeerList bench_peers() {
-    static const PeerList list = [] {
+    return listed([](PeerList &made) {
         libxsmm_init();
 #ifdef BENCH_SSE
         libxsmm_set_target_archid(LIBXSMM_X86_SSE4);
 #endif
-        PeerList made;
         offer_all<float>(made);
         offer_all<double>(made);
-        return made;
-    }();
-    return list.list();
+    });
 }

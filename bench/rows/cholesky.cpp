@@ -5,12 +5,6 @@
 namespace zelm::bench {
 namespace {
 
-struct Order {
-    int order;
-    Floors floors;
-    const char *bound;
-};
-
 // Times the best SSE4.2-built peer.
 constexpr Order decompositions[] = {
     {3, {3.0, 1.9}, "stores, roots"}, {4, {4.0, 2.1}, "stores, roots"},

@@ -5,17 +5,17 @@
 namespace zelm::bench {
 namespace {
 
-struct Order {
+struct EigenOrder {
     int order;
     Floors vectors, values; // times the best SSE4.2-built peer
 };
-constexpr Order symmetric_orders[] = {
+constexpr EigenOrder symmetric_orders[] = {
     {3, {5.7, 3.2}, {5.7, 3.2}},
     {4, {6.9, 3.4}, {6.9, 3.4}},
     {6, {4.5, 2.3}, {4.5, 2.3}},
     {8, {2, 2}, {2, 2}},
 };
-constexpr Order general_orders[] = {
+constexpr EigenOrder general_orders[] = {
     {3, {2, 2}, {2, 2}},
     {4, {2, 2}, {2, 2}},
     {6, {2, 2}, {2, 2}},
@@ -34,12 +34,12 @@ void add_eigen(Rows &rows) {
                          .floor = times_best_sse(floors.of<T>()),
                          .bound = bound});
     };
-    for (const Order &o : symmetric_orders) {
+    for (const EigenOrder &o : symmetric_orders) {
         add("eigen sym", bench_symmetric, o.order, symmetric<T>, o.vectors, "roots and quotients");
         add("values sym", bench_symmetric_values, o.order, symmetric_values<T>, o.values,
             "roots and quotients");
     }
-    for (const Order &o : general_orders) {
+    for (const EigenOrder &o : general_orders) {
         add("eigen right", bench_right_vectors, o.order, right_vectors<T>, o.vectors, "latency");
         add("values", bench_general_values, o.order, general_values<T>, o.values, "latency");
     }

@@ -5,12 +5,6 @@
 namespace zelm::bench {
 namespace {
 
-struct Order {
-    int order;
-    Floors floors;
-    const char *bound;
-};
-
 // Times the best SSE4.2-built peer.
 constexpr Order inverses[] = {
     {3, {1.9, 1.5}, "shuffles"},

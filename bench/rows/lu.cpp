@@ -5,12 +5,6 @@
 namespace zelm::bench {
 namespace {
 
-struct Order {
-    int order;
-    Floors floors;
-    const char *bound;
-};
-
 // Times the best SSE4.2-built peer.
 constexpr Order decompositions[] = {
     {3, {6.4, 3.6}, "shuffles, divide"}, {4, {4.4, 3.0}, "shuffles, selects"},
@@ -60,38 +54,14 @@ void add_lu(Rows &rows) {
                          .bound = o.bound});
 }
 
-template <class T>
-void add_lu_descriptions(Rows &rows) {
-    struct {
-        LibraryCall call;
-        BenchMemory memory;
-        Description description;
-    } constexpr shapes[] = {
-        {lu<T>, bench_padded, Description::standard},
-        {lu_pointer<T>, bench_packed, Description::pointer},
-        {lu_pointer<T>, bench_planar, Description::pointer},
-        {lu_layout<T>, bench_packed, Description::layout},
-    };
-    for (const auto &shape : shapes)
-        for (int n : {3, 4, 6})
-            rows.add<T>({.work = "LU",
-                         .kind = bench_lu,
-                         .shape = order(n),
-                         .library = shape.call,
-                         .memory = shape.memory,
-                         .description = shape.description,
-                         .floor = at_most(2, "contiguous"),
-                         .bound = "loads",
-                         .contiguous = lu<T>});
-}
-
 } // namespace
 
 void add_lu_rows(Rows &rows) {
     add_lu<float>(rows);
     add_lu<double>(rows);
-    add_lu_descriptions<float>(rows);
-    add_lu_descriptions<double>(rows);
+    add_descriptions<float>(rows, "LU", bench_lu, lu<float>, lu_pointer<float>, lu_layout<float>);
+    add_descriptions<double>(rows, "LU", bench_lu, lu<double>, lu_pointer<double>,
+                             lu_layout<double>);
 }
 
 } // namespace zelm::bench

@@ -5,12 +5,6 @@
 namespace zelm::bench {
 namespace {
 
-struct Order {
-    int order;
-    Floors floors;
-    const char *bound;
-};
-
 // Times the best SSE4.2-built peer.
 constexpr Order products[] = {
     {3, {1.0, 1.0}, "shuffles"},    {4, {1.0, 0.95}, "multiplies, stores"},
@@ -60,38 +54,15 @@ void add_products(Rows &rows) {
                      .bound = "loads"});
 }
 
-template <class T>
-void add_product_descriptions(Rows &rows) {
-    struct {
-        LibraryCall call;
-        BenchMemory memory;
-        Description description;
-    } constexpr shapes[] = {
-        {mul<T>, bench_padded, Description::standard},
-        {mul_pointer<T>, bench_packed, Description::pointer},
-        {mul_pointer<T>, bench_planar, Description::pointer},
-        {mul_layout<T>, bench_packed, Description::layout},
-    };
-    for (const auto &shape : shapes)
-        for (int n : {3, 4, 6})
-            rows.add<T>({.work = "Mul mama",
-                         .kind = bench_mul,
-                         .shape = order(n),
-                         .library = shape.call,
-                         .memory = shape.memory,
-                         .description = shape.description,
-                         .floor = at_most(2, "contiguous"),
-                         .bound = "loads",
-                         .contiguous = mul<T>});
-}
-
 } // namespace
 
 void add_mul_rows(Rows &rows) {
     add_products<float>(rows);
     add_products<double>(rows);
-    add_product_descriptions<float>(rows);
-    add_product_descriptions<double>(rows);
+    add_descriptions<float>(rows, "Mul mama", bench_mul, mul<float>, mul_pointer<float>,
+                            mul_layout<float>);
+    add_descriptions<double>(rows, "Mul mama", bench_mul, mul<double>, mul_pointer<double>,
+                             mul_layout<double>);
 }
 
 } // namespace zelm::bench

@@ -59,6 +59,49 @@ private:
 
 constexpr Shape order(int n) { return {n, n, n}; }
 
+// Floors by type.
+struct Floors {
+    double f32, f64;
+    template <class T>
+    double of() const {
+        return type_of<T> == ElementType::f32 ? f32 : f64;
+    }
+};
+
+// A square shape, its floors times the best SSE4.2-built peer and what bounds it.
+struct Order {
+    int order;
+    Floors floors;
+    const char *bound;
+};
+
+// The same work on padded rows and in the other descriptions, against contiguous memory.
+template <class T>
+void add_descriptions(Rows &rows, const char *work, BenchWork kind, LibraryCall standard,
+                      LibraryCall pointer, LibraryCall layout) {
+    const struct {
+        LibraryCall call;
+        BenchMemory memory;
+        Description description;
+    } shapes[] = {
+        {standard, bench_padded, Description::standard},
+        {pointer, bench_packed, Description::pointer},
+        {pointer, bench_planar, Description::pointer},
+        {layout, bench_packed, Description::layout},
+    };
+    for (const auto &shape : shapes)
+        for (int n : {3, 4, 6})
+            rows.add<T>({.work = work,
+                         .kind = kind,
+                         .shape = order(n),
+                         .library = shape.call,
+                         .memory = shape.memory,
+                         .description = shape.description,
+                         .floor = at_most(2, "contiguous"),
+                         .bound = "loads",
+                         .contiguous = standard});
+}
+
 // Each file of rows. The order here is the order of the table.
 void add_lu_rows(Rows &rows);
 void add_cholesky_rows(Rows &rows);
@@ -73,15 +116,6 @@ void add_combination_rows(Rows &rows);
 void add_geometry_rows(Rows &rows);
 void add_call_rows(Rows &rows);
 void add_thread_rows(Rows &rows);
-
-// Floors by type.
-struct Floors {
-    double f32, f64;
-    template <class T>
-    double of() const {
-        return type_of<T> == ElementType::f32 ? f32 : f64;
-    }
-};
 
 } // namespace zelm::bench
 
