@@ -1,94 +1,14 @@
-#include "lu.hpp"
-#include "lu_general.hpp"
+#include "lu_kernels.hpp"
 
 #include "../frame/checks.hpp"
 #include "../frame/estimate.hpp"
 #include "../frame/member.hpp"
 #include "../frame/parallel.hpp"
-#include "../frame/walk.hpp"
 
 namespace zelm {
 namespace {
 
 constexpr Limits limits = {1001, 1001}; // of n*n*count
-
-// Order 3 to 6. Each row is written once it is final: after a failure the rows before the failing
-// one are, and the exchanges made so far.
-template <int N, class T, class Source, class Destination>
-ZelStatus factor_object(const Source &source, int *index, const Destination &destination) {
-    T a[N][N];
-    int p[N];
-    unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { a[i][j] = get(source, i, j); }); });
-    const bool failed = factor<N>(
-        a, p, straight_line_threshold<T>,
-        ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { put(destination, p[i], j, a[i][j]); }); });
-    unroll<N>(ZELM_EACH(i) { index[i] = p[i]; });
-    return failed ? zelStatusSingular : zelStatusOk;
-}
-
-// Any other order, in the destination; where its elements are apart, on the stack.
-template <class T, class Source, class Destination>
-ZelStatus factor_object(int n, const Source &source, int *index, const Destination &destination,
-                        bool packed) {
-    const auto copy = [n](const auto &from, const auto &to) {
-        for (int i = 0; i < n; ++i)
-            for (int j = 0; j < n; ++j)
-                put(to, i, j, T{get(from, i, j)});
-    };
-    constexpr int largest_tile = 64; // 32 KiB of double
-    if (!packed && n <= largest_tile) {
-        alignas(register_bytes) char tile[largest_tile * largest_tile * sizeof(T)];
-        const StridedView<T> t = {tile, n * Distance{sizeof(T)}, sizeof(T)};
-        copy(source, t);
-        const ZelStatus status = factor_in_place<T, true>(t, index, n);
-        copy(t, destination);
-        return status;
-    }
-    copy(source, destination);
-    return packed ? factor_in_place<T, true>(destination, index, n)
-                  : factor_in_place<T, false>(destination, index, n);
-}
-
-template <class Source, class Destination>
-ZelStatus y8_ownzelmLUDecomp_m(const Source &source, int *index, const Destination &destination,
-                               int n, int object) {
-    using T = typename Source::Element;
-    const auto from = view(source, object, {n, n});
-    const auto to = view(destination, object, {n, n});
-    return with_order<3, 6>(
-        n, [&](auto N) { return factor_object<N, T>(from, index, to); },
-        [&] { return factor_object<T>(n, from, index, to, rows_adjacent(destination)); });
-}
-
-template <int N, class Source, class Destination>
-ZelStatus factor_array(const Source &source, const IndexRows<int> &index,
-                       const Destination &destination, int count) {
-    using T = typename Source::Element;
-    using S = Lanes<T>;
-    const Shape shape = {N, N};
-    const Footprint from(source, shape);
-    const Footprint to(destination, shape);
-    const Overlap overlap(count, shape, to, from);
-    return walk<T>(
-        count, overlap,
-        [](const Group &group, const auto &x, const auto &numbers, const auto &y)
-            __attribute__((always_inline)) {
-                S a[N][N];
-                IndexOf<S> p[N];
-                load_lanes<T>(a, x, group.first);
-                const unsigned failing =
-                    lane_bits(factor<N>(a, p, straight_line_threshold<T>, ZELM_EACH(){}));
-                if (group.stores(failing)) [[likely]] {
-                    store_lanes<T>(y, group.first, a, ComputedRows<T, N>{p});
-                    store_numbers<T, N>(numbers, group.first, p);
-                }
-                return failing;
-            },
-        [&](int n) __attribute__((noinline)) {
-            return y8_ownzelmLUDecomp_m(source, index.row(n), destination, N, n);
-        },
-        walked<N, N>(source), walked<N>(index, {}), walked<N, N>(destination));
-}
 
 template <class Source, class Destination>
 ZelStatus factor_array_general(const Source &source, const IndexRows<int> &index,

@@ -1,0 +1,7 @@
+#include "lu_kernels.hpp"
+
+namespace zelm {
+
+ZELM_LU_SMALL()
+
+} // namespace zelm
