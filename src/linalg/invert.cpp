@@ -202,8 +202,9 @@ ZELM_INLINE MaskOf<S> invert_far_from_thresholds(S (&c)[N][N], const S (&a)[N][N
     // An elimination of order N enlarges no element more than 2^(N - 1) times.
     S bound = splat<S>(T(1 << 14) * elimination_threshold<T>(N));
     unroll<N - 2>(ZELM_EACH() { bound = bound * largest; });
-    const auto far = (smallest > bound) & (magnitude(d) > bound * largest) &
-                     (splat<S>(sizeof(T) == 4 ? T(0x1p24) : T(0x1p200)) > largest);
+    auto far = smallest > bound;
+    far = far & (magnitude(d) > bound * largest);
+    far = far & (splat<S>(sizeof(T) == 4 ? T(0x1p24) : T(0x1p200)) > largest);
     divide(c, one / d);
     return far;
 }

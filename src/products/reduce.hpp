@@ -95,13 +95,13 @@ void reduce_lanes(int count, const Scalars<T> &results, const F &f, const A &a, 
         load_splat<T>(fixed, view(b..., 0, shape));
     const auto kernel = [&](const Group &group, const auto &r, const auto &...o)
         __attribute__((always_inline)) {
-        if constexpr (squares && H * W >= block_length &&
-                      (is_dense<std::decay_t<decltype(o)>> && ...)) {
-            Folded<S, H * W> row;
-            load_squares<T, H * W>(row, o..., group.first);
-            store<S>(r.object(group.first), f(row));
-            return 0u;
-        }
+        if constexpr (squares && H * W >= block_length)
+            if constexpr ((is_dense<std::decay_t<decltype(o)>> && ...)) {
+                Folded<S, H * W> row;
+                load_squares<T, H * W>(row, o..., group.first);
+                store<S>(r.object(group.first), f(row));
+                return 0u;
+            }
         S terms[H][W];
         if constexpr (pairs) {
             load_products<T>(terms, o..., group.first);
