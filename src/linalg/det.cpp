@@ -54,6 +54,7 @@ void det_array(const Source &source, const Scalars<T> &results, int count, const
 }
 
 constexpr int largest_lane_order = 16; // 4 KiB of registers
+static_assert(largest_lane_order <= largest_lane_elimination);
 
 template <class Source, class T, class Single>
 void det_array(int n, const Source &source, const Scalars<T> &results, int count,

@@ -56,7 +56,7 @@ struct Elimination {
     ZELM_INLINE S determinant() const { return last * sign * product; }
 };
 
-inline constexpr int largest_lane_elimination = 32; // 16 KiB of registers
+inline constexpr int largest_lane_elimination = 32; // the order; 16 KiB in the caller's registers
 
 // Eliminates a, n x n, row by row, in lanes. Of equal candidates the topmost becomes the pivot.
 // Work goes on behind a small pivot.

@@ -114,7 +114,7 @@ ZelStatus invert_array(const Source &source, const Destination &destination, int
 
 // Up to this order several cofactors of an object are computed in lanes: 15 KiB of registers.
 // Beyond, one is computed after the other, in the buffer.
-constexpr int largest_lane_order = 32;
+constexpr int largest_lane_order = largest_lane_elimination;
 
 template <class T, class Source, class Destination>
 ZelStatus invert_by_cofactors(int n, const Source &from, const Destination &to, char *buffer) {
