@@ -129,11 +129,20 @@ ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kerne
                 operand = stage.enter(array.operand, array.shape, n, live);
             });
         }
-        const unsigned failing = std::apply(
-            [&](const auto &...o) __attribute__((always_inline)) { return kernel(group, o...); },
-            operands);
-        if (!group.staged) [[likely]] {
-            if (failing == 0) [[likely]] {
+        // Where all objects are clear, the full groups that follow ask nothing more.
+        int more = !group.staged && allowed.clear() ? (count - n) / L - 1 : 0;
+        unsigned failing;
+        for (;;) {
+            failing = std::apply(
+                [&](const auto &...o)
+                    __attribute__((always_inline)) { return kernel(group, o...); },
+                operands);
+            if (failing != 0 || more-- == 0) [[unlikely]]
+                break;
+            group.first = n += L;
+        }
+        if (!group.staged) {
+            if (failing == 0) {
                 n += L;
                 continue;
             }
