@@ -15,6 +15,8 @@ public:
     using T = typename Operand::Element;
     static constexpr int lanes = registers * lanes_per_register<T>;
 
+    Stage() {} // not "= default", by which a tuple would set the room to zero
+
     // Copies objects first ... first + live - 1; the lanes behind them repeat the last.
     [[gnu::noinline]] Operand enter(const Operand &op, Shape shape, int first, int live) {
         for (int lane = 0; lane < lanes; ++lane)
