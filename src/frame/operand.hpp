@@ -314,6 +314,27 @@ struct Dense {
     }
 };
 
+// An array of which the same element of consecutive objects is adjacent.
+template <class T>
+struct Planar {
+    using Type = T;
+    using Element = std::remove_const_t<T>;
+    static constexpr bool is_array = true, is_tabled = false, has_table = false;
+
+    ByteOf<T> *base;
+    Distance stride1, stride2;
+
+    ZELM_INLINE static constexpr Distance step() { return sizeof(T); }
+    ZELM_INLINE static constexpr bool planar() { return true; }
+    ZELM_INLINE ByteOf<T> *object(int n) const { return base + n * step(); }
+    ZELM_INLINE StridedView<T> view(int n) const { return {object(n), stride1, stride2}; }
+};
+
+template <class Operand>
+inline constexpr bool is_planar = false;
+template <class T>
+inline constexpr bool is_planar<Planar<T>> = true;
+
 template <class Operand>
 inline constexpr bool is_dense = false;
 template <class T, int H, int W, bool gapless>

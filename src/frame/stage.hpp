@@ -39,7 +39,9 @@ public:
 
 private:
     char *at(Shape shape, int lane, int i, int j) {
-        return reinterpret_cast<char *>(data_ + lane * elements + i * shape.width + j);
+        const int element = i * shape.width + j;
+        return reinterpret_cast<char *>(
+            data_ + (is_planar<Operand> ? element * lanes + lane : lane * elements + element));
     }
     static auto *element(const Operand &op, Shape shape, int n, int i, int j) {
         if constexpr (requires { op.at[0]; })
@@ -54,6 +56,9 @@ private:
             staged = {data_};
         } else if constexpr (is_dense<Operand>) {
             staged = {reinterpret_cast<decltype(op.base)>(data_), object};
+        } else if constexpr (is_planar<Operand>) {
+            const Distance plane = lanes * Distance{sizeof(T)};
+            staged = {reinterpret_cast<decltype(op.base)>(data_), shape.width * plane, plane};
         } else if constexpr (requires { op.at[0]; }) {
             for (int e = 0; e < elements; ++e)
                 staged.at[e] = reinterpret_cast<char *>(data_ + e);
@@ -82,6 +87,8 @@ private:
 template <class Int, int elements, int registers>
 class Stage<IndexRows<Int>, elements, Whole, registers> {
 public:
+    Stage() {}
+
     [[gnu::noinline]] IndexRows<Int> enter(const IndexRows<Int> &op, Shape, int first, int live) {
         if (op.length == 0)
             return op;

@@ -84,6 +84,15 @@ template <bool gapless = false, class T>
 ZELM_INLINE auto as_dense(const Walked<Scalars<T>, 1, 1, 1> &w) {
     return w;
 }
+template <class T, int rank, int elements, int H, int W, class Part>
+ZELM_INLINE bool planar_now(const Walked<Standard<T, rank, true>, elements, H, W, Part> &w) {
+    return w.operand.planar();
+}
+template <class T, int rank, int elements, int H, int W, class Part>
+ZELM_INLINE auto as_planar(const Walked<Standard<T, rank, true>, elements, H, W, Part> &w) {
+    const auto v = w.operand.view(0);
+    return Walked<Planar<T>, elements, H, W, Part>{{v.base, v.stride1, v.stride2}, w.shape};
+}
 template <class Operand, int elements, int H, int W, class Part>
 ZELM_INLINE bool gapless_now(const Walked<Operand, elements, H, W, Part> &w) {
     return w.operand.step() == H * W * Distance{sizeof(typename Operand::Type)};
@@ -173,15 +182,19 @@ ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kerne
 // arrays and returns its status; `allowed` tells which objects may be worked on at once. Where all
 // objects are dense the kernel is compiled for that, without a question asked in the loop. A group
 // is as many objects as `registers` registers have lanes, or where objects are not dense, as many
-// as `elsewhere` have.
-template <class T, int registers = 1, int elsewhere = registers, class Allowed, class Kernel,
-          class Single, class... Arrays>
+// as `elsewhere` have. With `planes` the kernel is compiled for planar objects too.
+template <class T, int registers = 1, int elsewhere = registers, bool planes = false, class Allowed,
+          class Kernel, class Single, class... Arrays>
 ZELM_INLINE ZelStatus walk(int count, const Allowed &allowed, const Kernel &kernel,
                            const Single &single, const Arrays &...arrays) {
     if constexpr ((detail::may_be_dense<Arrays> && ...))
         if ((detail::dense_now(arrays) && ...))
             return walk_groups<T, registers>(count, allowed, kernel, single,
                                              detail::as_dense(arrays)...);
+    if constexpr (planes && (detail::may_be_dense<Arrays> && ...))
+        if ((detail::planar_now(arrays) && ...))
+            return walk_groups<T, elsewhere>(count, allowed, kernel, single,
+                                             detail::as_planar(arrays)...);
     return walk_groups<T, elsewhere>(count, allowed, kernel, single, arrays...);
 }
 

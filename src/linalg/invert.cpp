@@ -23,11 +23,18 @@ inline constexpr T adjacent_threshold = (sizeof(T) == 8 && N <= 4 ? 4 : 2) *
 
 // ---- orders 3 to 6, adjacent rows ----
 
-// What a register, or a number, holds of the inverse: row i goes to row rows[i].
+// What a register, or a number, holds of the inverse: of orders 3 and 4 its cofactors until they
+// are multiplied by the reciprocal, of 5 and 6 its rows, row i being row rows[i].
 template <int N, class S>
 struct Inverse {
     S row[N][N];
-    IndexOf<S> rows[N]; // of orders 5 and 6
+    S reciprocal;
+    IndexOf<S> rows[N];
+
+    ZELM_INLINE void finish() {
+        if constexpr (N <= 4)
+            divide(row, reciprocal);
+    }
 };
 
 template <int N, class S>
@@ -36,7 +43,7 @@ ZELM_INLINE MaskOf<S> invert(Inverse<N, S> &inverse, const S (&a)[N][N]) {
     constexpr T threshold = adjacent_threshold<T, N>;
     if constexpr (N <= 4) {
         const S d = cofactors(inverse.row, a);
-        divide(inverse.row, refined_reciprocal(d));
+        inverse.reciprocal = refined_reciprocal(d);
         return splat<S>(threshold) > magnitude(d);
     } else {
         // Columns of the transpose are rows of the inverse.
@@ -60,6 +67,7 @@ ZelStatus invert_object(const Source &from, const Destination &to) {
     load_object(a, from);
     if (invert(inverse, a))
         return zelStatusSingular;
+    inverse.finish();
     unroll<N>(ZELM_EACH(i) {
         const int row = N <= 4 ? int{i} : inverse.rows[i];
         unroll<N>(ZELM_EACH(j) { put(to, row, j, inverse.row[i][j]); });
@@ -71,30 +79,55 @@ ZelStatus invert_object(const Source &from, const Destination &to) {
 template <class T, int N>
 inline constexpr bool by_pairs = sizeof(T) == 4 && N == 4;
 
+// Registers of dense objects. The second one's cofactors come between the first one's determinant
+// and the products that wait for its reciprocal.
+template <int N>
+constexpr int in_turn = N <= 4 ? 2 : 1;
+
+// Inverts a group by `method`, which leaves an Inverse to be finished and returns the lanes that it
+// does not invert; those of all registers pass through `widened`.
+template <int N, class T, class Group, class Source, class Destination, class Method, class Widened>
+ZELM_INLINE unsigned invert_group(const Group &group, const Source &from, const Destination &to,
+                                  const Method &method, const Widened &widened) {
+    using S = Lanes<T>;
+    Inverse<N, S> inverse[Group::registers];
+    unsigned failing = 0;
+    unroll<Group::registers>(ZELM_EACH(r) {
+        S a[N][N];
+        load_lanes<T>(a, from, group.first + r * lanes_of<S>);
+        failing |= lane_bits(method(inverse[r], a)) << (r * lanes_of<S>);
+    });
+    failing = widened(failing);
+    if (group.stores(failing)) [[likely]]
+        unroll<Group::registers>(ZELM_EACH(r) {
+            const int first = group.first + r * lanes_of<S>;
+            inverse[r].finish();
+            if constexpr (N <= 4)
+                store_lanes<T>(to, first, inverse[r].row);
+            else
+                store_lanes<T>(to, first, inverse[r].row, ComputedRows<T, N>{inverse[r].rows});
+        });
+    return failing;
+}
+
 template <int N, class Source, class Destination>
 ZelStatus invert_array(const Source &source, const Destination &destination, int count) {
     using T = typename Source::Element;
-    using S = Lanes<T>;
     const Shape shape = {N, N};
     const Footprint from(source, shape);
     const Footprint to(destination, shape);
     const Overlap overlap(count, shape, to, from);
-    return walk<T>(
+    return walk<T, in_turn<N>, 1>(
         count, overlap,
-        [](const Group &group, const auto &x, const auto &y) __attribute__((always_inline)) {
-            S a[N][N];
-            Inverse<N, S> inverse;
-            load_lanes<T>(a, x, group.first);
-            unsigned failing = lane_bits(invert(inverse, a));
-            if constexpr (by_pairs<T, N>)
-                failing |= (failing & 0x5) << 1 | (failing & 0xa) >> 1;
-            if (group.stores(failing)) [[likely]] {
-                if constexpr (N <= 4)
-                    store_lanes<T>(y, group.first, inverse.row);
-                else
-                    store_lanes<T>(y, group.first, inverse.row, ComputedRows<T, N>{inverse.rows});
-            }
-            return failing;
+        [](const auto &group, const auto &x, const auto &y) __attribute__((always_inline)) {
+            return invert_group<N, T>(
+                group, x, y, [](auto &inverse, const auto &a) __attribute__((always_inline)) {
+                    return invert(inverse, a);
+                },
+                [](unsigned failing) {
+                    return by_pairs<T, N> ? failing | (failing & 0x55) << 1 | (failing & 0xaa) >> 1
+                                          : failing;
+                });
         },
         [&](int n) __attribute__((noinline)) {
             if constexpr (by_pairs<T, N>)
@@ -123,7 +156,7 @@ ZelStatus invert_by_cofactors(int n, const Source &from, const Destination &to, 
     const T threshold = elimination_threshold<T>(n);
     const auto size = static_cast<std::size_t>(n) * static_cast<std::size_t>(n) * sizeof(T);
     const bool lanes = n <= largest_lane_order;
-    S w[largest_minor * largest_minor > 9 ? largest_minor * largest_minor : 9];
+    S w[largest_minor * largest_minor];
     char *const determinant = lanes ? reinterpret_cast<char *>(w) : buffer;
     pack(from, n, buffer);
     if (lanes)
@@ -184,29 +217,40 @@ ZelStatus invert_by_cofactors(int n, const Source &from, const Destination &to, 
     return zelStatusOk;
 }
 
+// f of x(from) ... x(to - 1), in halves: none waits for all before it.
+template <int from, int to, class X, class F>
+ZELM_INLINE auto in_halves(const X &x, const F &f) {
+    if constexpr (to - from == 1) {
+        return x(std::integral_constant<int, from>{});
+    } else {
+        constexpr int middle = (from + to) / 2;
+        const auto first = in_halves<from, middle>(x, f);
+        return f(first, in_halves<middle, to>(x, f));
+    }
+}
+
 // Orders 3 and 4 by cofactors in closed form, where that can decide nothing differently: all minors
 // and the determinant are so far above the threshold that no elimination of them meets a small
-// pivot, and nothing overflows.
+// pivot, and nothing overflows. Returns the others.
 template <int N, class S>
-ZELM_INLINE MaskOf<S> invert_far_from_thresholds(S (&c)[N][N], const S (&a)[N][N]) {
+ZELM_INLINE MaskOf<S> invert_far_from_thresholds(Inverse<N, S> &inverse, const S (&a)[N][N]) {
     using T = ElementOf<S>;
-    const S one = splat<S>(1), d = cofactors(c, a);
-    // A NaN counts for neither, but it makes the determinant one.
-    S largest = one, smallest = magnitude(c[0][0]);
-    unroll<N>(ZELM_EACH(i) {
-        unroll<N>(ZELM_EACH(j) {
-            largest = larger(magnitude(a[i][j]), largest);
-            smallest = smaller(magnitude(c[i][j]), smallest);
-        });
-    });
+    const S(&c)[N][N] = inverse.row;
+    const S one = splat<S>(1), d = cofactors(inverse.row, a);
+    inverse.reciprocal = one / d;
+    // A NaN may count for neither, but it makes the determinant one.
+    const S largest = larger(in_halves<0, N * N>(
+                                 ZELM_EACH(e) { return magnitude(a[e / N][e % N]); }, larger<S>),
+                             one);
+    const S smallest = in_halves<0, N * N>(
+        ZELM_EACH(e) { return magnitude(c[e / N][e % N]); }, smaller<S>);
     // An elimination of order N enlarges no element more than 2^(N - 1) times.
     S bound = splat<S>(T(1 << 14) * elimination_threshold<T>(N));
     unroll<N - 2>(ZELM_EACH() { bound = bound * largest; });
     auto far = smallest > bound;
     far = far & (magnitude(d) > bound * largest);
     far = far & (splat<S>(sizeof(T) == 4 ? T(0x1p24) : T(0x1p200)) > largest);
-    divide(c, one / d);
-    return far;
+    return complement(far);
 }
 
 template <class Source, class Destination>
@@ -221,11 +265,14 @@ ZelStatus invert_general(const Source &source, const Destination &destination, i
     return with_order<3, 4>(
         n,
         [&](auto N) {
-            T a[N][N], c[N][N];
+            T a[N][N];
+            Inverse<N, T> inverse;
             load_object(a, from);
-            if (!invert_far_from_thresholds(c, a))
+            if (invert_far_from_thresholds(inverse, a))
                 return by_cofactors();
-            unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { put(to, i, j, c[i][j]); }); });
+            inverse.finish();
+            unroll<N>(
+                ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { put(to, i, j, inverse.row[i][j]); }); });
             return zelStatusOk;
         },
         by_cofactors);
@@ -251,17 +298,16 @@ ZelStatus invert_array_general(const Source &source, const Destination &destinat
             const Footprint from(source, shape);
             const Footprint to(destination, shape);
             const Overlap overlap(count, shape, to, from);
-            return walk<T>(
+            return walk<T, 1, 1, true>(
                 count, overlap,
-                [N](const Group &group, const auto &x, const auto &y)
+                [N](const auto &group, const auto &x, const auto &y)
                     __attribute__((always_inline)) {
-                        Lanes<T> a[N][N], c[N][N];
-                        load_lanes<T>(a, x, group.first);
-                        const MaskOf<Lanes<T>> near = invert_far_from_thresholds(c, a) == 0;
-                        const unsigned failing = lane_bits(near);
-                        if (group.stores(failing)) [[likely]]
-                            store_lanes<T>(y, group.first, c);
-                        return failing;
+                        return invert_group<N, T>(
+                            group, x, y,
+                            [](auto &inverse, const auto &a) __attribute__((always_inline)) {
+                                return invert_far_from_thresholds(inverse, a);
+                            },
+                            [](unsigned failing) { return failing; });
                     },
                 single, walked<N, N>(source), walked<N, N>(destination));
         },
