@@ -2701,7 +2701,8 @@ ZELM_API ZelStatus zelmSaxpy_vava_64f_L(const double *const *ppSrc1, int src1Roi
  * The running sum is kept in the destination: it is 0 at first, is stored after every two columns
  * and once more when b(i) is added. Where the destination shares memory with x or b this shows.
  * Square matrices of order 3 to 6 with all Stride2 the element size, in standard and layout
- * description, work in registers; there the destination must not overlap a source.
+ * description, work in registers; there the destination must not overlap a source, and the sums of
+ * arrays start with their first product: -0 where all products and b(i) are -0.
  *
  * Status, as under "Checks" above; in this order:
  *   null pointer, bad count, bad size (width, height, src2Len, src3Len), size mismatch (width and

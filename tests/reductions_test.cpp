@@ -213,6 +213,29 @@ TEST(Reductions, GaxpyIntoItsSources) {
         }
 }
 
+// Where all terms are -0, sums from 0 on are 0 and those from the first product on are -0.
+TEST(Reductions, GaxpyOfNegativeZeros) {
+    for (const Member &m : members()) {
+        if (m.family != "Gaxpy")
+            continue;
+        for (int order = 2; order <= 7; ++order)
+            for (const auto shape : {packed, strided}) {
+                Problem problem(m, {order, order, 1, 9}, all_in(m, shape));
+                for (std::size_t q = 0; q < 3; ++q)
+                    problem.operands[q].for_each_element([&](int k, int i, int j) {
+                        problem.operands[q].put(k, i, j, q == 0 ? 1 : -0.0);
+                    });
+                ASSERT_EQ(problem.run(), 0);
+                const bool fixed = order >= 3 && order <= 6 && shape == packed;
+                const bool negative = m.is_array() && m.description != "P" && fixed;
+                problem.destination().for_each_element([&](int k, int i, int j) {
+                    const double is = problem.destination().get(k, i, j);
+                    EXPECT_TRUE(is == 0 && std::signbit(is) == negative) << problem.describe();
+                });
+            }
+    }
+}
+
 TEST(Reductions, InPlaceCrossProduct) {
     for (const char *name : {"zelmCrossProduct_vava_32f", "zelmCrossProduct_vav_64f_L",
                              "zelmCrossProduct_vva_32f_P", "zelmCrossProduct_vava_64f_P"})

@@ -17,12 +17,15 @@ constexpr Limits limits = d == Description::pointer
                           : d == Description::layout && !one_addend ? Limits{7001, 7001}
                                                                     : Limits{7001, 5001};
 
-// Everything in registers, in the order of the general loop: from 0 up the columns, then b.
-template <int N, class S>
+// Everything in registers, in the order of the general loop: up the columns, then b. The sums of
+// arrays start with their first product, others with 0, which tells where all terms are -0.
+template <bool from_zero, int N, class S>
 ZELM_INLINE void gaxpy(const S (&a)[N][N], const S (&x)[1][N], const S (&b)[1][N], S (&d)[1][N]) {
     unroll<N>(ZELM_EACH(i) {
-        S sum = splat<S>(0);
-        unroll<N>(ZELM_EACH(j) { sum = sum + a[i][j] * x[0][j]; });
+        S sum = a[i][0] * x[0][0];
+        if constexpr (from_zero)
+            sum = splat<S>(0) + sum;
+        unroll<1, N>(ZELM_EACH(j) { sum = sum + a[i][j] * x[0][j]; });
         d[0][i] = sum + b[0][i];
     });
 }
@@ -64,7 +67,7 @@ void gaxpy_square(const A &a, const X &x, const B &b, const D &d, int n) {
     unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { m[i][j] = get(matrix, i, j); }); });
     row(v, x);
     row(w, b);
-    gaxpy(m, v, w, r);
+    gaxpy<!D::is_array>(m, v, w, r);
     const auto to = view(d, n, {1, N});
     unroll<N>(ZELM_EACH(i) { put(to, 0, i, r[0][i]); });
 }
@@ -91,7 +94,7 @@ void gaxpy_squares(int count, const A &a, const X &x, const B &b, const D &d) {
         __attribute__((always_inline)) {
         S in[1][N], out[1][N];
         load_lanes<T>(in, v, group.first);
-        gaxpy(m, in, fixed, out);
+        gaxpy<false>(m, in, fixed, out);
         store_lanes<T>(z, group.first, out);
         return 0u;
     };
@@ -100,7 +103,7 @@ void gaxpy_squares(int count, const A &a, const X &x, const B &b, const D &d) {
         S in[1][N], add[1][N], out[1][N];
         load_lanes<T>(in, v, group.first);
         load_lanes<T>(add, w, group.first);
-        gaxpy(m, in, add, out);
+        gaxpy<false>(m, in, add, out);
         store_lanes<T>(z, group.first, out);
         return 0u;
     };
@@ -110,15 +113,13 @@ void gaxpy_squares(int count, const A &a, const X &x, const B &b, const D &d) {
         walk<T>(count, overlap, one_addend, single, walked<1, N>(d), walked<1, N>(x));
 }
 
-// Columns that fill registers: a result is a sum of columns, which needs no transposes. A sum from
-// 0 on is never -0; adding the 0 to b instead is the same, and off the chain of additions.
+// Columns that fill registers: a result is a sum of columns, which needs no transposes.
 template <int N, class A, class X, class B, class D>
 void gaxpy_columns(int count, const A a, const X x, const B b, const D d) {
     using T = typename D::Element;
     using S = Lanes<T>;
     constexpr int L = lanes_of<S>, registers = N / L;
     S column[N][registers], addend[registers];
-    const S zero = {};
     const auto matrix = view(a, 0, {N, N});
     unroll<N>(ZELM_EACH(j) {
         unroll<registers>(ZELM_EACH(r) {
@@ -126,8 +127,7 @@ void gaxpy_columns(int count, const A a, const X x, const B b, const D d) {
         });
     });
     const auto load_addend = [&](int n) __attribute__((always_inline)) {
-        unroll<registers>(
-            ZELM_EACH(r) { addend[r] = load<S>(b.object(n) + r * register_bytes) + zero; });
+        unroll<registers>(ZELM_EACH(r) { addend[r] = load<S>(b.object(n) + r * register_bytes); });
     };
     if constexpr (!B::is_array)
         load_addend(0);
@@ -151,11 +151,9 @@ void gaxpy_columns(int count, const A a, const X x, const B b, const D d) {
             ZELM_EACH(r) { store<S>(d.object(n) + r * register_bytes, sum[r] + addend[r]); });
     };
     int n = 0;
-    for (; n + 2 <= count; n += 2) {
-        one(n);
-        one(n + 1);
-    }
-    if (n < count)
+    for (; n + 4 <= count; n += 4)
+        unroll<4>(ZELM_EACH(k) { one(n + k); });
+    for (; n < count; ++n)
         one(n);
 }
 template <int N, class A, class X, class B, class D>
