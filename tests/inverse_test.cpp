@@ -20,6 +20,13 @@ double threshold(bool single, int n) {
     return static_cast<int>(2 * u * u * u) * smallest(single);
 }
 
+Grid element_grid(bool single, int n, auto element) {
+    Grid a{n, {}};
+    for (int e = 0; e < n * n; ++e)
+        a.values.push_back(rounded(single, element(e / n, e % n)));
+    return a;
+}
+
 template <class T>
 int inverted(auto member, int n, int gap, const Grid &a, Grid &to) {
     constexpr int e = sizeof(T);
@@ -165,29 +172,51 @@ TEST(Invert, StateAfterAFailureAtEveryObject) {
     }
 }
 
-// A 3 x 3 matrix with determinant 100 m, of which adjacent elements make a singular one, and the
-// degenerate minors of the other.
-TEST(Invert, DegenerateMinorsCountAsTheThreshold) {
+// A 3 x 3 matrix with determinant 100 m is singular where its elements are adjacent.
+TEST(Invert, ThresholdsDifferByStride) {
     constexpr double m = 0x1p-1022;
     const Grid a{3, {1, 0, 0, 0, 1, 0, 0, 0, 100 * m}};
     Grid x = a;
     EXPECT_EQ(inverted(false, true, a, x), singular);
-    ASSERT_EQ(inverted(false, false, a, x), ok);
-    const double minor = 54 * m * (1 / (100 * m));
-    for (int e = 0; e < 9; ++e)
-        EXPECT_NEAR(x(e / 3, e % 3),
-                    e == 8       ? 1 / (100 * m)
-                    : e % 4 == 0 ? 1
-                    : e % 2 == 1 ? -minor
-                                 : minor,
-                    1e-15 * std::fabs(x(e / 3, e % 3)));
+    EXPECT_EQ(inverted(false, false, a, x), ok);
 }
 
-Grid element_grid(bool single, int n, auto element) {
-    Grid a{n, {}};
-    for (int e = 0; e < n * n; ++e)
-        a.values.push_back(rounded(single, element(e / n, e % n)));
-    return a;
+// Of the identity with a last element of 2^k T(n), every minor off the diagonal is degenerate: an
+// element of the inverse is 2^-k where 0 would be. With the larger k the rest is far from T(n).
+TEST(Invert, DegenerateMinorsCountAsTheThreshold) {
+    for (const bool single : {true, false})
+        for (const int n : {2, 3, 4, 5, 6, 7, 8, 9, 16, 17})
+            for (const int k : {2, n * n / 4 + 2 * n + 4}) {
+                const double last = std::ldexp(threshold(single, n), k);
+                const Grid a = element_grid(single, n, [&](int i, int j) {
+                    return i != j ? 0 : i == n - 1 ? last : 1;
+                });
+                Grid x = a;
+                ASSERT_EQ(inverted(single, false, a, x), ok);
+                for (int i = 0; i < n; ++i)
+                    for (int j = 0; j < n; ++j) {
+                        const double minor = std::ldexp((i + j) % 2 == 0 ? 1 : -1, -k);
+                        const double should = i != j ? minor : i == n - 1 ? 1 / last : 1;
+                        EXPECT_NEAR(x(i, j) / should, 1, 1e-6) << n << ": " << i << ", " << j;
+                    }
+            }
+}
+
+// Transformations of space: a row of zeros and a one. Far from all thresholds but for the minors of
+// that row, some of the objects not even that.
+TEST(Invert, OfArraysWithSomeSmallMinors) {
+    for (const Member *m : family("Invert"))
+        for (const int n : {2, 3, 4, 5, 6, 8, 16})
+            for (const int shape : {planar, strided}) {
+                const int count = serial_count(*m, n);
+                Problem problem = inversion(*m, n, count, all_in(*m, shape), n, false);
+                set_source(problem, [&](int k, int i, int j) {
+                    const double x = problem.operands[0].get(k, i, j) + (i == j ? 4 : 0);
+                    const double small = k % 3 == 1 ? 4 * threshold(m->is_float, n) : 1;
+                    return k % 4 == 3 ? x : i != n - 1 ? x : i == j ? small : 0;
+                });
+                ASSERT_EQ(inverts(problem), ok);
+            }
 }
 
 struct LongElimination {

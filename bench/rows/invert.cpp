@@ -24,23 +24,21 @@ constexpr Order determinants[] = {
 template <class T>
 void add_inverses(Rows &rows) {
     const auto add = [&](const char *work, BenchWork kind, int n, LibraryCall call,
-                         BenchMemory memory, Floor floor, const char *bound, int count = 1000) {
+                         BenchMemory memory, Floor floor, const char *bound) {
         rows.add<T>({.work = work,
                      .kind = kind,
                      .shape = order(n),
                      .library = call,
                      .memory = memory,
-                     .count = count,
                      .floor = floor,
                      .bound = bound});
     };
     for (const Order &o : inverses)
         add("inverse", bench_invert, o.order, invert<T>, bench_packed,
             times_best_sse(o.floors.of<T>()), o.bound);
-    // A cofactor is an elimination: time of order n^5.
     for (int n : {8, 16})
         add("inverse", bench_invert, n, invert<T>, bench_packed, shown(best_sse_peer),
-            "n^2 eliminations", 20);
+            "loads and stores");
     for (const Order &o : planar_inverses)
         add("inverse", bench_invert, o.order, invert<T>, bench_planar,
             times_best_sse(o.floors.of<T>()), o.bound);

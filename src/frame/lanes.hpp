@@ -57,6 +57,8 @@ template <class S>
 using IndexOf = typename detail::Traits<S>::Index; // as wide as an element, lane by lane
 template <class S>
 inline constexpr int lanes_of = detail::Traits<S>::lanes;
+template <class S>
+inline constexpr unsigned all_lanes = (1u << lanes_of<S>)-1; // as lane_bits() gives them
 
 // Runs f(0) ... f(N - 1) with the number as a compile-time constant: loops over register arrays
 // written this way leave no index behind, so the arrays stay in registers.

@@ -1,11 +1,9 @@
-#include "invert.hpp"
-#include "elimination.hpp"
+#include "invert_general.hpp"
 
 #include "../frame/checks.hpp"
 #include "../frame/estimate.hpp"
 #include "../frame/member.hpp"
 #include "../frame/parallel.hpp"
-#include "../frame/walk.hpp"
 
 namespace zelm {
 namespace {
@@ -22,20 +20,6 @@ inline constexpr T adjacent_threshold = (sizeof(T) == 8 && N <= 4 ? 4 : 2) *
                                         T(N *N *N) * smallest_normal<T>;
 
 // ---- orders 3 to 6, adjacent rows ----
-
-// What a register, or a number, holds of the inverse: of orders 3 and 4 its cofactors until they
-// are multiplied by the reciprocal, of 5 and 6 its rows, row i being row rows[i].
-template <int N, class S>
-struct Inverse {
-    S row[N][N];
-    S reciprocal;
-    IndexOf<S> rows[N];
-
-    ZELM_INLINE void finish() {
-        if constexpr (N <= 4)
-            divide(row, reciprocal);
-    }
-};
 
 template <int N, class S>
 ZELM_INLINE MaskOf<S> invert(Inverse<N, S> &inverse, const S (&a)[N][N]) {
@@ -84,32 +68,6 @@ inline constexpr bool by_pairs = sizeof(T) == 4 && N == 4;
 template <int N>
 constexpr int in_turn = N <= 4 ? 2 : 1;
 
-// Inverts a group by `method`, which leaves an Inverse to be finished and returns the lanes that it
-// does not invert; those of all registers pass through `widened`.
-template <int N, class T, class Group, class Source, class Destination, class Method, class Widened>
-ZELM_INLINE unsigned invert_group(const Group &group, const Source &from, const Destination &to,
-                                  const Method &method, const Widened &widened) {
-    using S = Lanes<T>;
-    Inverse<N, S> inverse[Group::registers];
-    unsigned failing = 0;
-    unroll<Group::registers>(ZELM_EACH(r) {
-        S a[N][N];
-        load_lanes<T>(a, from, group.first + r * lanes_of<S>);
-        failing |= lane_bits(method(inverse[r], a)) << (r * lanes_of<S>);
-    });
-    failing = widened(failing);
-    if (group.stores(failing)) [[likely]]
-        unroll<Group::registers>(ZELM_EACH(r) {
-            const int first = group.first + r * lanes_of<S>;
-            inverse[r].finish();
-            if constexpr (N <= 4)
-                store_lanes<T>(to, first, inverse[r].row);
-            else
-                store_lanes<T>(to, first, inverse[r].row, ComputedRows<T, N>{inverse[r].rows});
-        });
-    return failing;
-}
-
 template <int N, class Source, class Destination>
 ZelStatus invert_array(const Source &source, const Destination &destination, int count) {
     using T = typename Source::Element;
@@ -122,7 +80,7 @@ ZelStatus invert_array(const Source &source, const Destination &destination, int
         [](const auto &group, const auto &x, const auto &y) __attribute__((always_inline)) {
             return invert_group<N, T>(
                 group, x, y, [](auto &inverse, const auto &a) __attribute__((always_inline)) {
-                    return invert(inverse, a);
+                    return lane_bits(invert(inverse, a));
                 },
                 [](unsigned failing) {
                     return by_pairs<T, N> ? failing | (failing & 0x55) << 1 | (failing & 0xaa) >> 1
@@ -141,177 +99,6 @@ ZelStatus invert_array(const Source &source, const Destination &destination, int
             return invert_object<N, T>(view(source, n, shape), view(destination, n, shape));
         },
         walked<N, N>(source), walked<N, N>(destination));
-}
-
-// ---- every other order, and rows that are not adjacent ----
-
-// Up to this order several cofactors of an object are computed in lanes: 15 KiB of registers.
-// Beyond, one is computed after the other, in the buffer.
-constexpr int largest_lane_order = largest_lane_elimination;
-
-template <class T, class Source, class Destination>
-ZelStatus invert_by_cofactors(int n, const Source &from, const Destination &to, char *buffer) {
-    using S = Lanes<T>;
-    constexpr int L = lanes_of<S>, largest_minor = largest_lane_order - 1;
-    const T threshold = elimination_threshold<T>(n);
-    const auto size = static_cast<std::size_t>(n) * static_cast<std::size_t>(n) * sizeof(T);
-    const bool lanes = n <= largest_lane_order;
-    S w[largest_minor * largest_minor];
-    char *const determinant = lanes ? reinterpret_cast<char *>(w) : buffer;
-    pack(from, n, buffer);
-    if (lanes)
-        __builtin_memcpy(determinant, buffer, size);
-    const Elimination<T> found = eliminate<OfInverse, T>(determinant, n, threshold);
-    const T d = found.determinant();
-    if (found.small || threshold >= magnitude(d))
-        return zelStatusSingular;
-    const T r = T{1} / d;
-    const auto write = [&](int i, int j, T minor) {
-        const T x = minor * r;
-        put(to, j, i, (i + j) % 2 == 0 ? x : -x);
-    };
-    const auto value = [&](const auto &minor) {
-        using V = std::remove_cvref_t<decltype(minor.last)>;
-        const V t = splat<V>(threshold);
-        return select(minor.small, t, select(magnitude(minor.last) > t, minor.determinant(), t));
-    };
-    if (!lanes) {
-        for (int i = 0; i < n; ++i)
-            for (int j = 0; j < n; ++j) {
-                char *at = buffer;
-                for (int row = 0; row < n; ++row)
-                    for (int column = 0; column < n; ++column)
-                        if (row != i && column != j) {
-                            store<T>(at, get(from, row, column));
-                            at += sizeof(T);
-                        }
-                write(i, j, value(eliminate<OfMinor, T>(buffer, n - 1, threshold)));
-            }
-        return zelStatusOk;
-    }
-    const auto element = [&](int i, int j) {
-        return load<T>(buffer + (i * n + j) * int{sizeof(T)});
-    };
-    for (int i = 0; i < n; ++i)
-        for (int j = 0; j < n; j += L) { // a lane beyond the last column repeats it
-            S *to_element = w;
-            for (int row = 0; row < n; ++row) {
-                if (row == i)
-                    continue;
-                for (int column = 0; column < n - 1; ++column, ++to_element) {
-                    const int first = column < j ? column : column + 1;
-                    if (column < j || column >= j + L - 1) {
-                        *to_element = splat<S>(element(row, first));
-                        continue;
-                    }
-                    S x = splat<S>(element(row, column));
-                    for (int l = 0; l < L; ++l)
-                        x[l] = element(row, column + (column >= (j + l < n ? j + l : n - 1)));
-                    *to_element = x;
-                }
-            }
-            const S minors = value(eliminate_lanes<OfMinor>(w, n - 1, threshold));
-            for (int l = 0; l < L && j + l < n; ++l)
-                write(i, j + l, minors[l]);
-        }
-    return zelStatusOk;
-}
-
-// f of x(from) ... x(to - 1), in halves: none waits for all before it.
-template <int from, int to, class X, class F>
-ZELM_INLINE auto in_halves(const X &x, const F &f) {
-    if constexpr (to - from == 1) {
-        return x(std::integral_constant<int, from>{});
-    } else {
-        constexpr int middle = (from + to) / 2;
-        const auto first = in_halves<from, middle>(x, f);
-        return f(first, in_halves<middle, to>(x, f));
-    }
-}
-
-// Orders 3 and 4 by cofactors in closed form, where that can decide nothing differently: all minors
-// and the determinant are so far above the threshold that no elimination of them meets a small
-// pivot, and nothing overflows. Returns the others.
-template <int N, class S>
-ZELM_INLINE MaskOf<S> invert_far_from_thresholds(Inverse<N, S> &inverse, const S (&a)[N][N]) {
-    using T = ElementOf<S>;
-    const S(&c)[N][N] = inverse.row;
-    const S one = splat<S>(1), d = cofactors(inverse.row, a);
-    inverse.reciprocal = one / d;
-    // A NaN may count for neither, but it makes the determinant one.
-    const S largest = larger(in_halves<0, N * N>(
-                                 ZELM_EACH(e) { return magnitude(a[e / N][e % N]); }, larger<S>),
-                             one);
-    const S smallest = in_halves<0, N * N>(
-        ZELM_EACH(e) { return magnitude(c[e / N][e % N]); }, smaller<S>);
-    // An elimination of order N enlarges no element more than 2^(N - 1) times.
-    S bound = splat<S>(T(1 << 14) * elimination_threshold<T>(N));
-    unroll<N - 2>(ZELM_EACH() { bound = bound * largest; });
-    auto far = smallest > bound;
-    far = far & (magnitude(d) > bound * largest);
-    far = far & (splat<S>(sizeof(T) == 4 ? T(0x1p24) : T(0x1p200)) > largest);
-    return complement(far);
-}
-
-template <class Source, class Destination>
-ZelStatus invert_general(const Source &source, const Destination &destination, int n, int object,
-                         void *buffer) {
-    using T = typename Source::Element;
-    const auto from = view(source, object, {n, n});
-    const auto to = view(destination, object, {n, n});
-    const auto by_cofactors = [&] {
-        return invert_by_cofactors<T>(n, from, to, static_cast<char *>(buffer));
-    };
-    return with_order<3, 4>(
-        n,
-        [&](auto N) {
-            T a[N][N];
-            Inverse<N, T> inverse;
-            load_object(a, from);
-            if (invert_far_from_thresholds(inverse, a))
-                return by_cofactors();
-            inverse.finish();
-            unroll<N>(
-                ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { put(to, i, j, inverse.row[i][j]); }); });
-            return zelStatusOk;
-        },
-        by_cofactors);
-}
-
-template <class Source, class Destination>
-ZelStatus invert_array_general(const Source &source, const Destination &destination, int n,
-                               int count, void *buffer) {
-    using T = typename Source::Element;
-    if constexpr (Destination::is_tabled) {
-        Standard<const T, 2, true> from;
-        Standard<T, 2, true> to;
-        if (is_regular(source, {n, n}, from) && is_regular(destination, {n, n}, to))
-            return invert_array_general(from, to, n, count, buffer);
-    }
-    const auto single = [&](int k) __attribute__((noinline)) {
-        return invert_general(source, destination, n, k, buffer);
-    };
-    return with_order<3, 4>(
-        n,
-        [&](auto N) {
-            const Shape shape = {N, N};
-            const Footprint from(source, shape);
-            const Footprint to(destination, shape);
-            const Overlap overlap(count, shape, to, from);
-            return walk<T, 1, 1, true>(
-                count, overlap,
-                [N](const auto &group, const auto &x, const auto &y)
-                    __attribute__((always_inline)) {
-                        return invert_group<N, T>(
-                            group, x, y,
-                            [](auto &inverse, const auto &a) __attribute__((always_inline)) {
-                                return invert_far_from_thresholds(inverse, a);
-                            },
-                            [](unsigned failing) { return failing; });
-                    },
-                single, walked<N, N>(source), walked<N, N>(destination));
-        },
-        [&] { return walk_singly(count, single); });
 }
 
 // ---- kernels and entries ----

@@ -1,4 +1,4 @@
-// Inversion of orders 3 to 6, as algorithms over a scalar-like S.
+// Inversion as algorithms over a scalar-like S, and of a group of objects of one order.
 #pragma once
 
 #include "det.hpp"
@@ -80,6 +80,64 @@ ZELM_INLINE MaskOf<S> gauss_jordan(S (&a)[N][N], IndexOf<S> (&p)[N], ElementOf<S
             }
         });
     });
+    return failing;
+}
+
+// The same of an order known at run time, in lanes. f has room for a column. Returns the
+// determinant.
+template <class S>
+S gauss_jordan(S *a, IndexOf<S> *p, S *f, int n) {
+    S determinant = splat<S>(1);
+    for (int i = 0; i < n; ++i)
+        p[i] = splat_index<S>(i);
+    for (int k = 0; k < n; ++k) {
+        const LaneStep<S> step(a, n, k);
+        exchange_numbers(p, k, step);
+        const S pivot = step.pivot();
+        const auto moved = step.where > splat_index<S>(k);
+        determinant = determinant * select(moved, -pivot, pivot);
+        step.reduce(f, splat<S>(1) / pivot);
+    }
+    return determinant;
+}
+
+// What a register, or a number, holds of the inverse: of orders 3 and 4 its cofactors until they
+// are multiplied by the reciprocal, of 5 and 6 its rows, row i being row rows[i].
+template <int N, class S>
+struct Inverse {
+    S row[N][N];
+    S reciprocal;
+    IndexOf<S> rows[N];
+
+    ZELM_INLINE void finish() {
+        if constexpr (N <= 4)
+            divide(row, reciprocal);
+    }
+};
+
+// Inverts a group by `method`, which leaves an Inverse to be finished and returns the lanes that it
+// does not invert, as bits; those of all registers pass through `widened`.
+template <int N, class T, class Group, class Source, class Destination, class Method, class Widened>
+ZELM_INLINE unsigned invert_group(const Group &group, const Source &from, const Destination &to,
+                                  const Method &method, const Widened &widened) {
+    using S = Lanes<T>;
+    Inverse<N, S> inverse[Group::registers];
+    unsigned failing = 0;
+    unroll<Group::registers>(ZELM_EACH(r) {
+        S a[N][N];
+        load_lanes<T>(a, from, group.first + r * lanes_of<S>);
+        failing |= method(inverse[r], a) << (r * lanes_of<S>);
+    });
+    failing = widened(failing);
+    if (group.stores(failing)) [[likely]]
+        unroll<Group::registers>(ZELM_EACH(r) {
+            const int first = group.first + r * lanes_of<S>;
+            inverse[r].finish();
+            if constexpr (N <= 4)
+                store_lanes<T>(to, first, inverse[r].row);
+            else
+                store_lanes<T>(to, first, inverse[r].row, ComputedRows<T, N>{inverse[r].rows});
+        });
     return failing;
 }
 

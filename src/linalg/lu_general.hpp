@@ -23,12 +23,7 @@ MaskOf<S> factor_lanes(S *a, IndexOf<S> *p, int n, ElementOf<S> threshold) {
     for (int k = 0; k < n; ++k) {
         const LaneStep<S> step(a, n, k);
         failing = failing | (step.magnitude <= splat<S>(threshold));
-        unroll<lanes_of<S>>(ZELM_EACH(l) {
-            constexpr int lane = l;
-            const auto number = p[k][lane];
-            p[k][lane] = p[step.row(l)][lane];
-            p[step.row(l)][lane] = number;
-        });
+        exchange_numbers(p, k, step);
         const S r = splat<S>(1) / step.pivot();
         step.scale(
             f, [r](S x) __attribute__((always_inline)) { return x * r; });

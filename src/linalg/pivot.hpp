@@ -115,8 +115,28 @@ public:
     // from the rows below.
     ZELM_INLINE void eliminate(const S *f) const {
         in_blocks(
-            k_ + 1,
-            n_, [&](int j, auto C) __attribute__((always_inline)) { eliminate_columns<C>(f, j); });
+            k_ + 1, n_, [&](int j, auto C) __attribute__((always_inline)) {
+                update_columns<C, false>(
+                    j, f, [](S x) __attribute__((always_inline)) { return x; });
+            });
+    }
+    // The exchange of all columns, and their update for an inverse in place: row k becomes its
+    // multiple by r, the pivot's reciprocal; the multiples of that are subtracted from all other
+    // rows, by factors that f[i] keeps for row i.
+    ZELM_INLINE void reduce(S *f, S r) const {
+#pragma GCC unroll 1
+        for (int i = 0; i < n_; ++i) {
+            S &x = a_[i * n_ + k_];
+            f[i] = select(where == splat_index<S>(i), old_, x);
+            x = -f[i] * r;
+        }
+        top()[k_] = r;
+        const auto update = [&](int j, auto C) __attribute__((always_inline)) {
+            update_columns<C, true>(
+                j, f, [r](S x) __attribute__((always_inline)) { return x * r; });
+        };
+        in_blocks(0, k_, update);
+        in_blocks(k_ + 1, n_, update);
     }
 
 private:
@@ -124,22 +144,23 @@ private:
     ZELM_INLINE S from_pivot_row(int j) const {
         return detail::gather<T>(row_, j * Distance{sizeof(S)});
     }
-    template <int C>
-    ZELM_INLINE void eliminate_columns(const S *f, int j) const {
+    // Of the rows below k, and with `above` of those above it.
+    template <int C, bool above, class Scale>
+    ZELM_INLINE void update_columns(int j, const S *f, const Scale &scale) const {
         S old[C], x[C];
         unroll<C>(ZELM_EACH(c) {
             old[c] = top()[j + c];
-            x[c] = from_pivot_row(j + c);
+            x[c] = scale(from_pivot_row(j + c));
         });
-        unroll<C>(ZELM_EACH(c) { top()[j + c] = x[c]; });
 #pragma GCC unroll 1
-        for (int i = k_ + 1; i < n_; ++i) {
+        for (int i = above ? 0 : k_ + 1; i < n_; ++i) { // row k takes part, but is set below
             const auto here = where == splat_index<S>(i);
             unroll<C>(ZELM_EACH(c) {
-                S &to = a_[i * n_ + j + c];
-                to = select(here, old[c], to) - f[i] * x[c];
+                S &y = a_[i * n_ + j + c];
+                y = select(here, old[c], y) - f[i] * x[c];
             });
         }
+        unroll<C>(ZELM_EACH(c) { top()[j + c] = x[c]; });
     }
 
     S *a_;
@@ -147,5 +168,16 @@ private:
     char *row_[lanes_of<S>]; // lane by lane
     S old_;                  // row k's element of column k
 };
+
+// The exchange of step k, of row numbers.
+template <class S>
+ZELM_INLINE void exchange_numbers(IndexOf<S> *p, int k, const LaneStep<S> &step) {
+    unroll<lanes_of<S>>(ZELM_EACH(l) {
+        constexpr int lane = l;
+        const auto number = p[k][lane];
+        p[k][lane] = p[step.row(l)][lane];
+        p[step.row(l)][lane] = number;
+    });
+}
 
 } // namespace zelm

@@ -1,0 +1,370 @@
+// Inversion of every order, and of rows that are not adjacent. By definition an inverse is made of
+// cofactors, each the result of an elimination of its own, whose small pivots have a meaning: n^5
+// operations. Where no pivot can be small the elimination of the matrix alone, n^3 operations, or
+// of orders 3 and 4 a closed form, gives the same up to rounding.
+#pragma once
+
+#include "elimination.hpp"
+#include "invert.hpp"
+
+#include "../frame/walk.hpp"
+
+namespace zelm {
+
+// A minor's elimination that meets something small gives the threshold.
+template <class S>
+ZELM_INLINE S value_of(const Elimination<S> &minor, ElementOf<S> threshold) {
+    const S t = splat<S>(threshold);
+    return select(minor.small, t, select(magnitude(minor.last) > t, minor.determinant(), t));
+}
+
+// ---- by cofactors ----
+
+// Up to this order several cofactors of an object are computed in lanes: 15 KiB of registers.
+// Beyond, one is computed after the other, in the buffer.
+inline constexpr int largest_cofactors_in_lanes = largest_lane_elimination;
+
+template <class T, class Source, class Destination>
+ZelStatus invert_by_cofactors(int n, const Source &from, const Destination &to, char *buffer) {
+    using S = Lanes<T>;
+    constexpr int L = lanes_of<S>, largest_minor = largest_cofactors_in_lanes - 1;
+    const T threshold = elimination_threshold<T>(n);
+    const auto size = static_cast<std::size_t>(n) * static_cast<std::size_t>(n) * sizeof(T);
+    const bool lanes = n <= largest_cofactors_in_lanes;
+    S w[largest_minor * largest_minor];
+    char *const determinant = lanes ? reinterpret_cast<char *>(w) : buffer;
+    pack(from, n, buffer);
+    if (lanes)
+        __builtin_memcpy(determinant, buffer, size);
+    const Elimination<T> found = eliminate<OfInverse, T>(determinant, n, threshold);
+    const T d = found.determinant();
+    if (found.small || threshold >= magnitude(d))
+        return zelStatusSingular;
+    const T r = T{1} / d;
+    const auto write = [&](int i, int j, T minor) {
+        const T x = minor * r;
+        put(to, j, i, (i + j) % 2 == 0 ? x : -x);
+    };
+    if (!lanes) {
+        for (int i = 0; i < n; ++i)
+            for (int j = 0; j < n; ++j) {
+                char *at = buffer;
+                for (int row = 0; row < n; ++row)
+                    for (int column = 0; column < n; ++column)
+                        if (row != i && column != j) {
+                            store<T>(at, get(from, row, column));
+                            at += sizeof(T);
+                        }
+                write(i, j, value_of(eliminate<OfMinor, T>(buffer, n - 1, threshold), threshold));
+            }
+        return zelStatusOk;
+    }
+    const auto element = [&](int i, int j) {
+        return load<T>(buffer + (i * n + j) * int{sizeof(T)});
+    };
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < n; j += L) { // a lane beyond the last column repeats it
+            S *to_element = w;
+            for (int row = 0; row < n; ++row) {
+                if (row == i)
+                    continue;
+                for (int column = 0; column < n - 1; ++column, ++to_element) {
+                    const int first = column < j ? column : column + 1;
+                    if (column < j || column >= j + L - 1) {
+                        *to_element = splat<S>(element(row, first));
+                        continue;
+                    }
+                    S x = splat<S>(element(row, column));
+                    for (int l = 0; l < L; ++l)
+                        x[l] = element(row, column + (column >= (j + l < n ? j + l : n - 1)));
+                    *to_element = x;
+                }
+            }
+            const S minors = value_of(eliminate_lanes<OfMinor>(w, n - 1, threshold), threshold);
+            for (int l = 0; l < L && j + l < n; ++l)
+                write(i, j + l, minors[l]);
+        }
+    return zelStatusOk;
+}
+
+// ---- far from all thresholds ----
+
+inline constexpr int largest_elimination_in_lanes = 16; // the order; 4 KiB of registers
+
+// f of x(from) ... x(to - 1), in halves: none waits for all before it.
+template <int from, int to, class X, class F>
+ZELM_INLINE auto in_halves(const X &x, const F &f) {
+    if constexpr (to - from == 1) {
+        return x(std::integral_constant<int, from>{});
+    } else {
+        constexpr int middle = (from + to) / 2;
+        const auto first = in_halves<from, middle>(x, f);
+        return f(first, in_halves<middle, to>(x, f));
+    }
+}
+
+// How far is far, of a matrix of order n whose largest element has the magnitude `largest`, at
+// least 1. A pivot is the determinant over all other pivots. Those before it make a minor, those
+// behind it one whose elements have grown up to 2^k times in k steps; Hadamard's inequality bounds
+// both.
+template <class S>
+struct Far {
+    S minor;           // no elimination of a minor above this meets a small pivot
+    S determinant;     // nor one of the matrix
+    MaskOf<S> bounded; // nothing overflows
+
+    ZELM_INLINE Far(int n, S largest) {
+        using T = ElementOf<S>;
+        constexpr int exponents = sizeof(T) == 4 ? 126 : 1022;
+        const auto power_of_two = [](int e) { return static_cast<T>(__builtin_ldexp(1, e)); };
+        minor = splat<S>(power_of_two(n * n / 4 + 2 * n + 2) * elimination_threshold<T>(n));
+        for (int k = 0; k < n - 2; ++k)
+            minor = minor * largest;
+        determinant = minor * largest;
+        bounded = splat<S>(power_of_two(exponents / n - 2)) > largest;
+    }
+};
+
+// Does those of the lanes' minors over, by elimination, that are not far above the threshold: exact
+// zeros are common. a is n x n, row by row; magnitude(i, j) is that of the minor without row i and
+// column j, replace(i, j, lanes, minor) changes it.
+template <class S, class Magnitude, class Replace>
+ZELM_INLINE void redo_small_minors(const S *a, int n, S far, MaskOf<S> lanes,
+                                   const Magnitude &magnitude, const Replace &replace) {
+    constexpr int largest = largest_elimination_in_lanes - 1;
+    const ElementOf<S> threshold = elimination_threshold<ElementOf<S>>(n);
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < n; ++j) {
+            const auto small = and_not(lanes, magnitude(i, j) > far);
+            if (lane_bits(small) == 0)
+                continue;
+            S w[largest * largest], *to = w;
+            for (int row = 0; row < n; ++row)
+                for (int column = 0; column < n; ++column)
+                    if (row != i && column != j)
+                        *to++ = a[row * n + column];
+            replace(i, j, small,
+                    value_of(eliminate_lanes<OfMinor>(w, n - 1, threshold), threshold));
+        }
+}
+
+template <int N, class S>
+struct Minors { // in memory: registers must have no address
+    S matrix[N][N], minor[N][N];
+
+    [[gnu::noinline]] void redo_small(S far, MaskOf<S> lanes) {
+        redo_small_minors(
+            matrix[0], N, far, lanes, [&](int i, int j) { return magnitude(minor[j][i]); },
+            [&](int i, int j, MaskOf<S> small, S x) {
+                minor[j][i] = select(small, x, minor[j][i]);
+            });
+    }
+};
+
+// Orders 3 and 4 in closed form. Returns the lanes that are not far from thresholds, as bits.
+template <int N, class S>
+ZELM_INLINE unsigned invert_far_from_thresholds(Inverse<N, S> &inverse, const S (&a)[N][N]) {
+    S(&c)[N][N] = inverse.row;
+    const S one = splat<S>(1), d = cofactors(c, a);
+    inverse.reciprocal = one / d;
+    const S largest = larger(in_halves<0, N * N>(
+                                 ZELM_EACH(e) { return magnitude(a[e / N][e % N]); }, larger<S>),
+                             one);
+    const S smallest = in_halves<0, N * N>(
+        ZELM_EACH(e) { return magnitude(c[e / N][e % N]); }, smaller<S>);
+    const Far<S> far(N, largest);
+    const MaskOf<S> matrix_far = (magnitude(d) > far.determinant) & far.bounded;
+    if (lane_bits(matrix_far & (smallest > far.minor)) == all_lanes<S>) [[likely]]
+        return 0;
+    Minors<N, S> copy;
+    unroll<N>(ZELM_EACH(i) {
+        unroll<N>(ZELM_EACH(j) {
+            copy.matrix[i][j] = a[i][j];
+            copy.minor[i][j] = c[i][j];
+        });
+    });
+    copy.redo_small(far.minor, matrix_far);
+    unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { c[i][j] = copy.minor[i][j]; }); });
+    return lane_bits(complement(matrix_far));
+}
+
+// Other orders by elimination in place, in lanes. A minor is an element of the inverse times the
+// determinant.
+template <class T>
+class LaneInverse {
+public:
+    using S = Lanes<T>;
+    static constexpr int largest = largest_elimination_in_lanes, elements = largest * largest;
+
+    explicit LaneInverse(int n) : n_(n) {}
+
+    // The matrix's element.
+    ZELM_INLINE S &source(int i, int j) { return source_[i * n_ + j]; }
+    // The inverse's element, whose row is number(i, lane).
+    ZELM_INLINE S result(int i, int j) const { return transpose_[j * n_ + i]; }
+    ZELM_INLINE int number(int i, int lane) const { return static_cast<int>(number_[i][lane]); }
+
+    // Returns the lanes that are not far from thresholds.
+    unsigned invert() {
+        S highest = splat<S>(1), f[largest];
+        for (int i = 0; i < n_; ++i)
+            for (int j = 0; j < n_; ++j) {
+                highest = larger(magnitude(source(i, j)), highest);
+                transpose_[j * n_ + i] = source(i, j);
+            }
+        const S d = gauss_jordan(transpose_, number_, f, n_);
+        S smallest = magnitude(transpose_[0]);
+        for (int e = 1; e < n_ * n_; ++e)
+            smallest = smaller(magnitude(transpose_[e]), smallest);
+        const Far<S> far(n_, highest);
+        const MaskOf<S> matrix_far = (magnitude(d) > far.determinant) & far.bounded;
+        if (lane_bits(and_not(matrix_far, smallest * magnitude(d) > far.minor)) != 0)
+            redo_small(far.minor, matrix_far, d);
+        return lane_bits(complement(matrix_far));
+    }
+
+private:
+    void redo_small(S far, MaskOf<S> lanes, S d) {
+        S natural[elements]; // the rows of the inverse in their order
+        for (int i = 0; i < n_; ++i)
+            for (int j = 0; j < n_; ++j)
+                for (int l = 0; l < lanes_of<S>; ++l)
+                    natural[number(i, l) * n_ + j][l] = result(i, j)[l];
+        const S r = splat<S>(1) / d;
+        redo_small_minors(
+            source_, n_, far, lanes,
+            [&](int i, int j) { return magnitude(natural[j * n_ + i] * d); },
+            [&](int i, int j, MaskOf<S> small, S minor) {
+                S &x = natural[j * n_ + i];
+                x = select(small, (i + j) % 2 == 0 ? minor * r : -(minor * r), x);
+            });
+        for (int i = 0; i < n_; ++i) {
+            number_[i] = splat_index<S>(i);
+            for (int j = 0; j < n_; ++j)
+                transpose_[j * n_ + i] = natural[i * n_ + j];
+        }
+    }
+
+    S source_[elements], transpose_[elements];
+    IndexOf<S> number_[largest];
+    int n_;
+};
+
+template <class Source, class Destination>
+ZelStatus invert_general(const Source &source, const Destination &destination, int n, int object,
+                         void *buffer) {
+    using T = typename Source::Element;
+    const auto from = view(source, object, {n, n});
+    const auto to = view(destination, object, {n, n});
+    const auto by_cofactors = [&] {
+        return invert_by_cofactors<T>(n, from, to, static_cast<char *>(buffer));
+    };
+    // The object in every lane.
+    return with_order<3, 4>(
+        n,
+        [&](auto N) {
+            Lanes<T> a[N][N];
+            Inverse<N, Lanes<T>> inverse;
+            load_splat<T>(a, from);
+            if (invert_far_from_thresholds(inverse, a) != 0)
+                return by_cofactors();
+            inverse.finish();
+            unroll<N>(
+                ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { put(to, i, j, inverse.row[i][j][0]); }); });
+            return zelStatusOk;
+        },
+        [&] {
+            if (n > largest_elimination_in_lanes)
+                return by_cofactors();
+            LaneInverse<T> m(n);
+            for (int i = 0; i < n; ++i)
+                for (int j = 0; j < n; ++j)
+                    m.source(i, j) = splat<Lanes<T>>(get(from, i, j));
+            if (m.invert() != 0)
+                return by_cofactors();
+            for (int i = 0; i < n; ++i)
+                for (int j = 0; j < n; ++j)
+                    put(to, m.number(i, 0), j, m.result(i, j)[0]);
+            return zelStatusOk;
+        });
+}
+
+template <int N, class Source, class Destination, class Single>
+ZelStatus invert_array_general(const Source &source, const Destination &destination, int count,
+                               const Single &single) {
+    using T = typename Source::Element;
+    const Shape shape = {N, N};
+    const Footprint from(source, shape);
+    const Footprint to(destination, shape);
+    const Overlap overlap(count, shape, to, from);
+    return walk<T, 1, 1, true>(
+        count, overlap,
+        [](const auto &group, const auto &x, const auto &y) __attribute__((always_inline)) {
+            return invert_group<N, T>(
+                group, x, y, [](auto &inverse, const auto &a) __attribute__((always_inline)) {
+                    return invert_far_from_thresholds(inverse, a);
+                },
+                [](unsigned failing) { return failing; });
+        },
+        single, walked<N, N>(source), walked<N, N>(destination));
+}
+
+template <class Source, class Destination, class Single>
+ZelStatus invert_array_general(int n, const Source &source, const Destination &destination,
+                               int count, const Single &single) {
+    using T = typename Source::Element;
+    constexpr int elements = LaneInverse<T>::elements;
+    const Shape shape = {n, n};
+    const Footprint from(source, shape);
+    const Footprint to(destination, shape);
+    const Overlap overlap(count, shape, to, from);
+    return walk<T>(
+        count, overlap,
+        [&](const Group &group, const auto &x, const auto &y) {
+            LaneInverse<T> m(n);
+            const auto in_runs = [&](const auto &f) __attribute__((always_inline)) {
+                for (int i = 0; i < n; ++i)
+                    in_steps<T>(
+                        0, n, [&](int j, auto K) __attribute__((always_inline)) { f(i, j, K); });
+            };
+            in_runs([&](int i, int j, auto K) __attribute__((always_inline)) {
+                Lanes<T> run[K];
+                load_row<T>(run, x, group.first, shape, i, j);
+                unroll<K>(ZELM_EACH(e) { m.source(i, j + e) = run[e]; });
+            });
+            const unsigned near = m.invert();
+            const auto number = [&](int i, int lane) { return m.number(i, lane); };
+            if (group.stores(near))
+                in_runs([&](int i, int j, auto K) __attribute__((always_inline)) {
+                    Lanes<T> run[K];
+                    unroll<K>(ZELM_EACH(e) { run[e] = m.result(i, j + e); });
+                    store_row<T>(y, group.first, shape, i, j, run,
+                                 RowNumbers<decltype(number)>{number});
+                });
+            return near;
+        },
+        single, walked<elements>(source, shape), walked<elements>(destination, shape));
+}
+
+template <class Source, class Destination>
+ZelStatus invert_array_general(const Source &source, const Destination &destination, int n,
+                               int count, void *buffer) {
+    if constexpr (Destination::is_tabled) {
+        Standard<typename Source::Type, 2, true> from;
+        Standard<typename Destination::Type, 2, true> to;
+        if (is_regular(source, {n, n}, from) && is_regular(destination, {n, n}, to))
+            return invert_array_general(from, to, n, count, buffer);
+    }
+    const auto single = [&](int k) __attribute__((noinline)) {
+        return invert_general(source, destination, n, k, buffer);
+    };
+    return with_order<3, 4>(
+        n, [&](auto N) { return invert_array_general<N>(source, destination, count, single); },
+        [&] {
+            if (n > largest_elimination_in_lanes)
+                return walk_singly(count, single);
+            return invert_array_general(n, source, destination, count, single);
+        });
+}
+
+} // namespace zelm
