@@ -2,6 +2,7 @@
 #include "values.hpp"
 
 #include "../frame/checks.hpp"
+#include "../frame/element_at.hpp"
 #include "../frame/estimate.hpp"
 #include "../frame/member.hpp"
 #include "../frame/parallel.hpp"
@@ -189,27 +190,19 @@ template <int N, class T, bool vectors, class Source, class Results, class Desti
 ZELM_INLINE unsigned solve_dense_group(const Group &group, const Source &x, const Results &values,
                                        const Destination &y) {
     using S = Group2<T>;
-    constexpr int L = lanes_of<Lanes<T>>;
-    S a[N * N], d[N], z[vectors ? N * N : 1];
-    unroll<side_by_side>(ZELM_EACH(r) {
-        Lanes<T> part[N][N];
-        load_lanes<T>(part, x, group.first + r * L);
-        unroll<N * N>(ZELM_EACH(e) { a[e].r[r] = part[e / N][e % N]; });
-    });
-    const unsigned failing = solve_lanes<S, vectors>(a, d, z, N);
-    if (group.stores(failing)) [[likely]]
-        unroll<side_by_side>(ZELM_EACH(r) {
-            Lanes<T> row[1][N];
-            unroll<N>(ZELM_EACH(i) { row[0][i] = d[i].r[r]; });
-            store_lanes<T>(values, group.first + r * L, row);
-            if constexpr (vectors) {
-                Lanes<T> part[N][N];
-                unroll<N * N>(ZELM_EACH(e) {
-                    part[e / N][e % N] = without_signed_zero(z[e % N * N + e / N].r[r]);
-                });
-                store_lanes<T>(y, group.first + r * L, part);
-            }
-        });
+    S a[N][N], d[1][N], z[vectors ? N : 1][N];
+    load_lanes<T>(a, x, group.first);
+    const unsigned failing = solve_lanes<S, vectors>(a[0], d[0], z[0], N);
+    if (group.stores(failing)) [[likely]] {
+        store_lanes<T>(values, group.first, d);
+        if constexpr (vectors) {
+            S y_lanes[N][N];
+            unroll<N>(ZELM_EACH(i) {
+                unroll<N>(ZELM_EACH(j) { y_lanes[i][j] = without_signed_zero(z[j][i]); });
+            });
+            store_lanes<T>(y, group.first, y_lanes);
+        }
+    }
     return failing;
 }
 

@@ -7,7 +7,7 @@
 // columns, and later each eigenvector, is a run of memory.
 #pragma once
 
-#include "../frame/lanes.hpp"
+#include "../frame/element_at.hpp"
 
 #include <cstddef>
 #include <limits>

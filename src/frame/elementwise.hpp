@@ -308,22 +308,13 @@ ZELM_INLINE void add_operand(Nest<operands> &nest, const Operand &op) {
     nest.inner.stride[k] = v.stride2;
 }
 
-// Whether all elements of all objects are adjacent.
-template <class Operand>
-ZELM_INLINE bool gapless(const Operand &op, Shape shape) {
-    const Distance row = shape.width * Distance{sizeof(typename Operand::Element)};
-    const auto v = op.view(0);
-    return ((v.stride2 ^ Distance{sizeof(typename Operand::Element)}) |
-            (shape.height == 1 ? 0 : v.stride1 ^ row) | (op.step() ^ (shape.height * row))) == 0;
-}
-
 template <class T, class Op, class... Operands, std::size_t... k>
 void nested(int count, Shape shape, const Op &op, std::index_sequence<k...>,
             const Operands &...operand) {
     constexpr int operands = sizeof...(Operands);
     constexpr bool tables = (Operands::has_table || ...);
     if constexpr (!tables && (Operands::is_array && ...)) // the nest would become this line
-        if ((gapless(operand, shape) && ...)) {
+        if ((is_gapless(operand, shape) && ...)) {
             const auto flat = [&](const auto &d, const auto &...s) {
                 const char *const from[] = {s.object(0)...};
                 const Distance stride[] = {sizeof(T), (void(sizeof(s)), Distance{sizeof(T)})...};

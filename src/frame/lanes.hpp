@@ -248,40 +248,6 @@ ZELM_INLINE V whole(V v) {
     return v;
 }
 
-// An element anywhere, of memory that is used as scratch.
-template <class T>
-struct Anywhere {
-    typedef T type __attribute__((aligned(1), may_alias));
-};
-template <class T>
-using Unaligned = typename Anywhere<T>::type;
-
-// A run of such elements, as a type that templates take without losing its alignment.
-template <class T>
-struct UnalignedRun {
-    struct Element {
-        char *at;
-        ZELM_INLINE operator T() const {
-            T x;
-            __builtin_memcpy(&x, at, sizeof x);
-            return x;
-        }
-        ZELM_INLINE Element &operator=(T x) {
-            __builtin_memcpy(at, &x, sizeof x);
-            return *this;
-        }
-        ZELM_INLINE Element &operator=(const Element &other) { return *this = T(other); }
-    };
-    char *base;
-
-    ZELM_INLINE Element operator[](std::ptrdiff_t i) const {
-        return {base + i * std::ptrdiff_t{sizeof(T)}};
-    }
-    ZELM_INLINE UnalignedRun operator+(std::ptrdiff_t i) const {
-        return {base + i * std::ptrdiff_t{sizeof(T)}};
-    }
-};
-
 // The first K elements at p, in the low lanes; the other lanes are 0.
 template <int K, class T>
 ZELM_INLINE Lanes<T> load_part(const char *p) {

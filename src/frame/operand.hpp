@@ -291,6 +291,24 @@ ZELM_INLINE int gaps(const Standard<T, rank, array> &op, int width) {
     return static_cast<int>((inner ^ unsigned{sizeof(T)}) | (outer ^ row));
 }
 
+// Whether a strided operand's objects, as they enter the operation, have no gaps inside; whether
+// there are none between those of an array either. One comparison each.
+template <class Operand>
+ZELM_INLINE bool has_dense_objects(const Operand &op, Shape s) {
+    constexpr Distance element = sizeof(typename Operand::Type);
+    const auto v = op.view(0);
+    return ((s.width == 1 ? 0 : v.stride2 ^ element) |
+            (s.height == 1 ? 0 : v.stride1 ^ (s.width * element))) == 0;
+}
+template <class Operand>
+ZELM_INLINE bool is_gapless(const Operand &op, Shape s) {
+    constexpr Distance element = sizeof(typename Operand::Type);
+    if constexpr (Operand::is_array && !Operand::has_table)
+        if (op.step() != s.height * s.width * element)
+            return false;
+    return has_dense_objects(op, s);
+}
+
 // The description that a destination array is in.
 template <class Operand>
 inline constexpr Description description_of = Operand::is_tabled   ? Description::pointer
@@ -360,15 +378,6 @@ struct Gapless {
     }
     ZELM_INLINE StridedView<Type> view(int n) const { return {object(n), row, sizeof(Type)}; }
 };
-template <int H, int W, class Operand>
-ZELM_INLINE bool is_gapless(const Operand &op) {
-    constexpr Distance element = sizeof(typename Operand::Type);
-    const auto v = op.view(0);
-    if constexpr (Operand::is_array && !Operand::has_table)
-        if (op.step() != H * W * element)
-            return false;
-    return (W == 1 || v.stride2 == element) && v.stride1 == W * element;
-}
 template <int H, int W, class Operand>
 ZELM_INLINE Gapless<Operand, H, W> as_gapless(const Operand &op) {
     return {op};

@@ -57,18 +57,12 @@ inline constexpr bool may_be_dense<Walked<IndexRows<Int>, elements>> = true;
 template <class T>
 inline constexpr bool may_be_dense<Walked<Scalars<T>, 1, 1, 1>> = true;
 
-template <class T, int rank, int elements, int H, int W, class Part>
-ZELM_INLINE bool dense_now(const Walked<Standard<T, rank, true>, elements, H, W, Part> &w) {
-    const auto v = w.operand.view(0);
-    return (W == 1 || v.stride2 == Distance{sizeof(T)}) &&
-           (H == 1 || v.stride1 == W * Distance{sizeof(T)});
+template <class Operand, int elements, int H, int W, class Part>
+ZELM_INLINE bool dense_now(const Walked<Operand, elements, H, W, Part> &w) {
+    return has_dense_objects(w.operand, {H, W});
 }
 template <class Int, int elements>
 ZELM_INLINE bool dense_now(const Walked<IndexRows<Int>, elements> &) {
-    return true;
-}
-template <class T>
-ZELM_INLINE bool dense_now(const Walked<Scalars<T>, 1, 1, 1> &) {
     return true;
 }
 template <bool gapless = false, class T, int rank, int elements, int H, int W, class Part>
@@ -92,10 +86,6 @@ template <class T, int rank, int elements, int H, int W, class Part>
 ZELM_INLINE auto as_planar(const Walked<Standard<T, rank, true>, elements, H, W, Part> &w) {
     const auto v = w.operand.view(0);
     return Walked<Planar<T>, elements, H, W, Part>{{v.base, v.stride1, v.stride2}, w.shape};
-}
-template <class Operand, int elements, int H, int W, class Part>
-ZELM_INLINE bool gapless_now(const Walked<Operand, elements, H, W, Part> &w) {
-    return w.operand.step() == H * W * Distance{sizeof(typename Operand::Type)};
 }
 } // namespace detail
 
@@ -211,7 +201,7 @@ ZELM_INLINE ZelStatus walk_lightly(int count, const Allowed &allowed, const Kern
                 for (int n = 0; n < full; n += L)
                     kernel(Group{n, false}, dense.operand...);
             };
-            if ((detail::gapless_now(arrays) && ...))
+            if ((is_gapless(arrays.operand, arrays.shape) && ...))
                 pass(detail::as_dense<true>(arrays)...);
             else
                 pass(detail::as_dense(arrays)...);

@@ -135,7 +135,7 @@ ZELM_INLINE void redo_small_minors(const S *a, int n, S far, MaskOf<S> lanes,
     const ElementOf<S> threshold = elimination_threshold<ElementOf<S>>(n);
     for (int i = 0; i < n; ++i)
         for (int j = 0; j < n; ++j) {
-            const auto small = and_not(lanes, magnitude(i, j) > far);
+            const MaskOf<S> is_far = magnitude(i, j) > far, small = and_not(lanes, is_far);
             if (lane_bits(small) == 0)
                 continue;
             S w[largest * largest], *to = w;
@@ -218,7 +218,8 @@ public:
             smallest = smaller(magnitude(transpose_[e]), smallest);
         const Far<S> far(n_, highest);
         const MaskOf<S> matrix_far = (magnitude(d) > far.determinant) & far.bounded;
-        if (lane_bits(and_not(matrix_far, smallest * magnitude(d) > far.minor)) != 0)
+        const MaskOf<S> minors_far = smallest * magnitude(d) > far.minor;
+        if (lane_bits(and_not(matrix_far, minors_far)) != 0)
             redo_small(far.minor, matrix_far, d);
         return lane_bits(complement(matrix_far));
     }

@@ -159,17 +159,14 @@ void gaxpy_columns(int count, const A a, const X x, const B b, const D d) {
 template <int N, class A, class X, class B, class D>
 ZELM_INLINE void gaxpy_gapless(int count, const A &a, const X &x, const B &b, const D &d) {
     if constexpr (!D::has_table) {
-        const auto gapless = [](const auto &op) {
-            return op.step() == N * Distance{sizeof(typename D::Element)};
-        };
-        const auto dense = [](const auto &op) {
-            return detail::as_dense<true>(walked<1, N>(op)).operand;
-        };
-        if (gapless(x) && gapless(d)) {
+        constexpr Shape shape = {1, N};
+        if (is_gapless(x, shape) && is_gapless(d, shape)) {
+            const auto v = as_gapless<1, N>(x);
+            const auto z = as_gapless<1, N>(d);
             if constexpr (!B::is_array)
-                return gaxpy_columns<N>(count, a, dense(x), b, dense(d));
-            else if (gapless(b))
-                return gaxpy_columns<N>(count, a, dense(x), dense(b), dense(d));
+                return gaxpy_columns<N>(count, a, v, b, z);
+            else if (is_gapless(b, shape))
+                return gaxpy_columns<N>(count, a, v, as_gapless<1, N>(b), z);
         }
     }
     gaxpy_columns<N>(count, a, x, b, d);

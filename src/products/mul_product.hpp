@@ -34,7 +34,7 @@ inline constexpr bool rows_win = sizeof(T) == 8 || N > 3;
 template <int n, int N, class A, class B, class D, class Kernel>
 ZELM_INLINE bool without_gaps(const A &a, const B &b, const D &d, const Kernel &kernel) {
     if constexpr (D::is_array)
-        if (is_gapless<n, n>(a) && is_gapless<n, N>(b) && is_gapless<n, N>(d)) {
+        if (is_gapless(a, {n, n}) && is_gapless(b, {n, N}) && is_gapless(d, {n, N})) {
             kernel(as_gapless<n, n>(a), as_gapless<n, N>(b), as_gapless<n, N>(d));
             return true;
         }
