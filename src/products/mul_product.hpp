@@ -69,6 +69,16 @@ ZELM_INLINE void along_columns(int count, const A a, const B b, const D d) {
     }
 }
 
+// Adjacent columns instead of rows, which are those of the transpose: d^T = b^T * a^T.
+template <int n, class A, class B, class D>
+ZELM_INLINE void along_transposed_rows(int count, const A transposed, const B b, const D d) {
+    using T = typename D::Element;
+    constexpr Distance none = 0, element = sizeof(T);
+    for (int object = 0; object < count; ++object)
+        multiply_row_tile<1, n, n, T>({b.object(object), none, element}, transposed.view(object),
+                                      {d.object(object), none, element}, 0);
+}
+
 template <class A, class B, class D>
 void any_shape(Sizes s, const A &a, const B &b, const D &d, int object) {
     using T = typename D::Element;
@@ -164,6 +174,17 @@ void square(int count, const A &a, const B &b, const D &d) {
             return;
         if (rows_adjacent(a) && column_adjacent(b) && column_adjacent(d))
             return kernel(a, b, d);
+    }
+    if constexpr (N == 1 && n > 3 && D::is_array && !D::is_tabled && A::is_array) {
+        const auto kernel = [count](const auto &x, const auto &y, const auto &z)
+            __attribute__((always_inline)) {
+            along_transposed_rows<n>(count, x, y, z);
+        };
+        const auto transposed = a.transposed();
+        if (without_gaps<n, N>(transposed, b, d, kernel))
+            return;
+        if (rows_adjacent(transposed) && column_adjacent(b) && column_adjacent(d))
+            return kernel(transposed, b, d);
     }
     // Layout objects with their elements apart are too rare to have lanes where rows win.
     if constexpr (D::is_array && !(D::has_table && N > 1 && rows_win<T, n>))
