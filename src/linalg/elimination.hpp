@@ -85,22 +85,16 @@ Elimination<T> eliminate(char *a, int n, T threshold) {
     const StridedView<T> v = {a, n * Distance{sizeof(T)}, sizeof(T)};
     Elimination<T> found = {1, 1, 0, false};
     for (int k = 0; k < n - 1; ++k) {
-        T best = magnitude(get(v, k, k));
-        int where = k;
-        for (int i = k + 1; i < n; ++i) {
-            const T candidate = magnitude(get(v, i, k));
-            where = candidate > best ? i : where;
-            best = candidate > best ? candidate : best;
-        }
-        if (Use::small(best, threshold)) {
+        const auto best = largest_candidate(k, n, [&](int i) { return get(v, i, k); });
+        if (Use::small(best.magnitude, threshold)) {
             found.small = true;
             return found;
         }
-        if (where != k) {
+        if (best.where != k) {
             for (int j = k; j < n; ++j) {
                 const T x = get(v, k, j);
-                put(v, k, j, T{get(v, where, j)});
-                put(v, where, j, x);
+                put(v, k, j, T{get(v, best.where, j)});
+                put(v, best.where, j, x);
             }
             found.sign = -found.sign;
         }

@@ -56,17 +56,11 @@ ZelStatus factor_in_place(const View<T> &d, int *p, int n) {
     for (int i = 0; i < n; ++i)
         p[i] = i;
     for (int k = 0; k < n; ++k) {
-        T best = magnitude(get(d, p[k], k));
-        int where = k;
-        for (int i = k + 1; i < n; ++i) {
-            const T candidate = magnitude(get(d, p[i], k));
-            where = candidate > best ? i : where;
-            best = candidate > best ? candidate : best;
-        }
-        if (best <= general_threshold<T>)
+        const auto best = largest_candidate(k, n, [&](int i) { return get(d, p[i], k); });
+        if (best.magnitude <= general_threshold<T>)
             return zelStatusSingular;
-        const int pivot = p[where];
-        p[where] = p[k];
+        const int pivot = p[best.where];
+        p[best.where] = p[k];
         p[k] = pivot;
 
         const T r = T{1} / get(d, pivot, k);

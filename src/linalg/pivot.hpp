@@ -1,10 +1,30 @@
-// Steps of eliminations with partial pivoting, an object in each lane.
+// Steps of eliminations with partial pivoting.
 #pragma once
 
 #include "../frame/lane_access.hpp"
 #include "blocks.hpp"
 
 namespace zelm {
+
+// ---- one object ----
+
+template <class T>
+struct Candidate {
+    T magnitude;
+    int where;
+};
+
+// The largest of x(k) ... x(n - 1). A tie goes to the earliest.
+template <class X>
+ZELM_INLINE auto largest_candidate(int k, int n, const X &x) {
+    Candidate<decltype(magnitude(x(k)))> best = {magnitude(x(k)), k};
+    for (int i = k + 1; i < n; ++i) {
+        const auto candidate = magnitude(x(i));
+        best.where = candidate > best.magnitude ? i : best.where;
+        best.magnitude = larger(candidate, best.magnitude);
+    }
+    return best;
+}
 
 // ---- straight-line: rows in registers, exchanged by select ----
 
