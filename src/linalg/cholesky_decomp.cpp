@@ -54,8 +54,7 @@ ZelStatus y8_ownzelmCholeskyDecomp_m(const Source &source, const Destination &de
 
 // Registers of dense objects. Roots wait for one another; those of another register fill the time
 // where the processor does not get as far as the next group by itself.
-template <int N>
-constexpr int side_by_side = N == 4 ? 1 : 2;
+constexpr int side_by_side = 2;
 
 template <int N, class Source, class Destination>
 ZelStatus factor_array(const Source &source, const Destination &destination, int count) {
@@ -64,7 +63,7 @@ ZelStatus factor_array(const Source &source, const Destination &destination, int
     const Footprint from(source, shape, LowerTriangle{});
     const Footprint to(destination, shape, LowerTriangle{});
     const Overlap overlap(count, shape, to, from);
-    return walk<T, side_by_side<N>, 1>(
+    return walk<T, side_by_side, 1>(
         count, overlap,
         [](const auto &group, const auto &x, const auto &y) __attribute__((always_inline)) {
             LanesOf<T, decltype(group)> a[N][N];
