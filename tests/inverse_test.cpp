@@ -202,6 +202,66 @@ TEST(Invert, DegenerateMinorsCountAsTheThreshold) {
             }
 }
 
+// The elimination that says whether a matrix, or a minor, is singular; `strict` as for minors.
+template <class T>
+T eliminated_determinant(std::vector<T> a, int n, T limit, bool strict, bool &is_small) {
+    const auto at = [&](int i, int j) -> T & { return a[std::size_t(i * n + j)]; };
+    T sign = 1, product = 1;
+    is_small = false;
+    for (int k = 0; k < n - 1; ++k) {
+        int best = k;
+        for (int i = k + 1; i < n; ++i)
+            best = std::fabs(at(i, k)) > std::fabs(at(best, k)) ? i : best;
+        const T largest = std::fabs(at(best, k));
+        is_small = is_small || (strict ? !(largest > limit) : limit > largest);
+        for (int j = 0; j < n; ++j)
+            std::swap(at(k, j), at(best, j));
+        sign = best == k ? sign : -sign;
+        product = product * at(k, k);
+        const T r = 1 / at(k, k);
+        for (int i = k + 1; i < n; ++i) {
+            const T f = at(i, k) * r;
+            for (int j = k + 1; j < n; ++j)
+                at(i, j) = at(i, j) - f * at(k, j);
+        }
+    }
+    const T last = at(n - 1, n - 1), d = last * sign * product;
+    is_small = is_small || !(std::fabs(strict ? last : d) > limit);
+    return d;
+}
+template <class T>
+void singular_where_elimination_says_so(int n, unsigned seed) {
+    const bool single = sizeof(T) == 4;
+    const Grid a = element_grid(single, n, [&](int i, int j) {
+        const int row = seed % 2 == 0 && i == n - 1 ? 0 : i; // two equal rows
+        return seed % 3 == 0 ? std::floor(noise(int(seed), row, j) * 3) : noise(int(seed), row, j);
+    });
+    const std::vector<T> elements = a.as<T>();
+    const T limit = T(threshold(single, n));
+    bool is_singular, is_degenerate;
+    const T d = eliminated_determinant(elements, n, limit, false, is_singular);
+    Grid x = a;
+    ASSERT_EQ(inverted(single, false, a, x), is_singular ? singular : ok) << n << " " << seed;
+    for (int e = 0; e < n * n && !is_singular; ++e) {
+        std::vector<T> minor;
+        for (int f = 0; f < n * n; ++f)
+            if (f / n != e / n && f % n != e % n)
+                minor.push_back(elements[std::size_t(f)]);
+        eliminated_determinant(minor, n - 1, limit, true, is_degenerate);
+        const double should = double(limit * (1 / d)) * ((e / n + e % n) % 2 == 0 ? 1 : -1);
+        if (is_degenerate) {
+            ASSERT_NEAR(x(e % n, e / n) / should, 1, 1e-6) << n << " " << seed;
+        }
+    }
+}
+TEST(Invert, IsSingularWhereEliminationSaysSo) {
+    for (const int n : {2, 3, 4, 5, 6, 7, 8, 13})
+        for (unsigned seed = 0; seed < 300; ++seed) {
+            singular_where_elimination_says_so<float>(n, seed);
+            singular_where_elimination_says_so<double>(n, seed);
+        }
+}
+
 // Transformations of space: a row of zeros and a one. Far from all thresholds but for the minors of
 // that row, some of the objects not even that.
 TEST(Invert, OfArraysWithSomeSmallMinors) {

@@ -83,24 +83,6 @@ ZELM_INLINE MaskOf<S> gauss_jordan(S (&a)[N][N], IndexOf<S> (&p)[N], ElementOf<S
     return failing;
 }
 
-// The same of an order known at run time, in lanes. f has room for a column. Returns the
-// determinant.
-template <class S>
-S gauss_jordan(S *a, IndexOf<S> *p, S *f, int n) {
-    S determinant = splat<S>(1);
-    for (int i = 0; i < n; ++i)
-        p[i] = splat_index<S>(i);
-    for (int k = 0; k < n; ++k) {
-        const LaneStep<S> step(a, n, k);
-        exchange_numbers(p, k, step);
-        const S pivot = step.pivot();
-        const auto moved = step.where > splat_index<S>(k);
-        determinant = determinant * select(moved, -pivot, pivot);
-        step.reduce(f, splat<S>(1) / pivot);
-    }
-    return determinant;
-}
-
 // What a register, or a number, holds of the inverse: of orders 3 and 4 its cofactors until they
 // are multiplied by the reciprocal, of 5 and 6 its rows, row i being row rows[i].
 template <int N, class S>

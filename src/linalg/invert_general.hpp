@@ -103,39 +103,26 @@ ZELM_INLINE auto in_halves(const X &x, const F &f) {
     }
 }
 
-// How far is far, of a matrix of order n whose largest element has the magnitude `largest`, at
-// least 1. A pivot is the determinant over all other pivots. Those before it make a minor, those
-// behind it one whose elements have grown up to 2^k times in k steps; Hadamard's inequality bounds
-// both.
-template <class S>
-struct Far {
-    S minor;           // no elimination of a minor above this meets a small pivot
-    S determinant;     // nor one of the matrix
-    MaskOf<S> bounded; // nothing overflows
+template <class T>
+ZELM_INLINE T power_of_two(int exponent) {
+    return static_cast<T>(__builtin_ldexp(1, exponent));
+}
+template <class T>
+inline constexpr T epsilon = sizeof(T) == 4 ? T(0x1p-23) : T(0x1p-52);
+template <class T>
+inline constexpr int largest_exponent = sizeof(T) == 4 ? 126 : 1022;
 
-    ZELM_INLINE Far(int n, S largest) {
-        using T = ElementOf<S>;
-        constexpr int exponents = sizeof(T) == 4 ? 126 : 1022;
-        const auto power_of_two = [](int e) { return static_cast<T>(__builtin_ldexp(1, e)); };
-        minor = splat<S>(power_of_two(n * n / 4 + 2 * n + 2) * elimination_threshold<T>(n));
-        for (int k = 0; k < n - 2; ++k)
-            minor = minor * largest;
-        determinant = minor * largest;
-        bounded = splat<S>(power_of_two(exponents / n - 2)) > largest;
-    }
-};
-
-// Does those of the lanes' minors over, by elimination, that are not far above the threshold: exact
-// zeros are common. a is n x n, row by row; magnitude(i, j) is that of the minor without row i and
-// column j, replace(i, j, lanes, minor) changes it.
-template <class S, class Magnitude, class Replace>
-ZELM_INLINE void redo_small_minors(const S *a, int n, S far, MaskOf<S> lanes,
-                                   const Magnitude &magnitude, const Replace &replace) {
+// Does those of the lanes' minors over, by elimination, that are not far: exact zeros are common. a
+// is n x n, row by row; far(i, j) tells of the minor without row i and column j, replace(i, j,
+// lanes, minor) changes it.
+template <class S, class IsFar, class Replace>
+ZELM_INLINE void redo_small_minors(const S *a, int n, MaskOf<S> lanes, const IsFar &far,
+                                   const Replace &replace) {
     constexpr int largest = largest_elimination_in_lanes - 1;
     const ElementOf<S> threshold = elimination_threshold<ElementOf<S>>(n);
     for (int i = 0; i < n; ++i)
         for (int j = 0; j < n; ++j) {
-            const MaskOf<S> is_far = magnitude(i, j) > far, small = and_not(lanes, is_far);
+            const MaskOf<S> is_far = far(i, j), small = and_not(lanes, is_far);
             if (lane_bits(small) == 0)
                 continue;
             S w[largest * largest], *to = w;
@@ -154,27 +141,34 @@ struct Minors { // in memory: registers must have no address
 
     [[gnu::noinline]] void redo_small(S far, MaskOf<S> lanes) {
         redo_small_minors(
-            matrix[0], N, far, lanes, [&](int i, int j) { return magnitude(minor[j][i]); },
+            matrix[0], N, lanes, [&](int i, int j) { return magnitude(minor[j][i]) > far; },
             [&](int i, int j, MaskOf<S> small, S x) {
                 minor[j][i] = select(small, x, minor[j][i]);
             });
     }
 };
 
-// Orders 3 and 4 in closed form. Returns the lanes that are not far from thresholds, as bits.
+// Orders 3 and 4 in closed form. Returns the lanes whose determinant an elimination may find small,
+// as bits. Far are minors and determinants above the rounding errors of both methods, at most 2^9
+// epsilon times as large as products of the largest element. Within limits of that element all this
+// is above the threshold and does not overflow.
 template <int N, class S>
 ZELM_INLINE unsigned invert_far_from_thresholds(Inverse<N, S> &inverse, const S (&a)[N][N]) {
+    using T = ElementOf<S>;
     S(&c)[N][N] = inverse.row;
     const S one = splat<S>(1), d = cofactors(c, a);
     inverse.reciprocal = one / d;
-    const S largest = larger(in_halves<0, N * N>(
-                                 ZELM_EACH(e) { return magnitude(a[e / N][e % N]); }, larger<S>),
-                             one);
+    const S largest = in_halves<0, N * N>(
+        ZELM_EACH(e) { return magnitude(a[e / N][e % N]); }, larger<S>);
     const S smallest = in_halves<0, N * N>(
         ZELM_EACH(e) { return magnitude(c[e / N][e % N]); }, smaller<S>);
-    const Far<S> far(N, largest);
-    const MaskOf<S> matrix_far = (magnitude(d) > far.determinant) & far.bounded;
-    if (lane_bits(matrix_far & (smallest > far.minor)) == all_lanes<S>) [[likely]]
+    S minor_far = splat<S>(T(1 << 9) * epsilon<T>);
+    unroll<N - 1>(ZELM_EACH() { minor_far = minor_far * largest; });
+    constexpr int exponent = largest_exponent<T>;
+    auto matrix_far = magnitude(d) > minor_far * largest;
+    matrix_far = matrix_far & (largest > splat<S>(power_of_two<T>(-exponent / (2 * N))));
+    matrix_far = matrix_far & (splat<S>(power_of_two<T>(exponent / N - 2)) > largest);
+    if (lane_bits(matrix_far & (smallest > minor_far)) == all_lanes<S>) [[likely]]
         return 0;
     Minors<N, S> copy;
     unroll<N>(ZELM_EACH(i) {
@@ -183,13 +177,13 @@ ZELM_INLINE unsigned invert_far_from_thresholds(Inverse<N, S> &inverse, const S 
             copy.minor[i][j] = c[i][j];
         });
     });
-    copy.redo_small(far.minor, matrix_far);
+    copy.redo_small(minor_far, matrix_far);
     unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { c[i][j] = copy.minor[i][j]; }); });
     return lane_bits(complement(matrix_far));
 }
 
-// Other orders by elimination in place, in lanes. A minor is an element of the inverse times the
-// determinant.
+// Other orders by Gauss-Jordan elimination in place, in lanes. Its pivots are those of the
+// elimination that decides whether the matrix is singular, to the bit.
 template <class T>
 class LaneInverse {
 public:
@@ -198,56 +192,78 @@ public:
 
     explicit LaneInverse(int n) : n_(n) {}
 
-    // The matrix's element.
+    // Element (i, j) of the matrix, and of its inverse.
     ZELM_INLINE S &source(int i, int j) { return source_[i * n_ + j]; }
-    // The inverse's element, whose row is number(i, lane).
-    ZELM_INLINE S result(int i, int j) const { return transpose_[j * n_ + i]; }
-    ZELM_INLINE int number(int i, int lane) const { return static_cast<int>(number_[i][lane]); }
+    ZELM_INLINE S result(int i, int j) const { return result_[i * n_ + j]; }
 
-    // Returns the lanes that are not far from thresholds.
+    // Returns the lanes that are not far from thresholds, as bits.
     unsigned invert() {
-        S highest = splat<S>(1), f[largest];
-        for (int i = 0; i < n_; ++i)
-            for (int j = 0; j < n_; ++j) {
-                highest = larger(magnitude(source(i, j)), highest);
-                transpose_[j * n_ + i] = source(i, j);
-            }
-        const S d = gauss_jordan(transpose_, number_, f, n_);
-        S smallest = magnitude(transpose_[0]);
-        for (int e = 1; e < n_ * n_; ++e)
-            smallest = smaller(magnitude(transpose_[e]), smallest);
-        const Far<S> far(n_, highest);
-        const MaskOf<S> matrix_far = (magnitude(d) > far.determinant) & far.bounded;
-        const MaskOf<S> minors_far = smallest * magnitude(d) > far.minor;
-        if (lane_bits(and_not(matrix_far, minors_far)) != 0)
-            redo_small(far.minor, matrix_far, d);
-        return lane_bits(complement(matrix_far));
+        for (int e = 0; e < n_ * n_; ++e)
+            work_[e] = source_[e];
+        const Elimination<S> found = reduce();
+        const S d = magnitude(found.determinant()), a = highest(source_), x = highest(result_);
+        // A minor is an element of the inverse times the determinant. A pivot of its elimination is
+        // the minor over all other pivots: those before it make a minor, those behind it one whose
+        // elements have grown up to 2^k times in k steps, and Hadamard's inequality bounds both.
+        const T threshold = elimination_threshold<T>(n_);
+        S minor = splat<S>(power_of_two<T>(n_ * n_ / 4 + 2 * n_ + 2) * threshold);
+        const S at_least_1 = larger(a, splat<S>(1));
+        for (int k = 0; k < n_ - 2; ++k)
+            minor = minor * at_least_1;
+        MaskOf<S> lanes = complement(found.small) & (d > minor * at_least_1);
+        lanes = lanes & (splat<S>(power_of_two<T>(largest_exponent<T> / n_ - 2)) > a);
+        // Rounding errors of the inverse grow with its condition, a * x.
+        redo_small(lanes, larger(splat<S>(T(16) * epsilon<T>) * a * x * x, minor / d),
+                   splat<S>(1) / found.determinant());
+        return lane_bits(complement(lanes));
     }
 
 private:
-    void redo_small(S far, MaskOf<S> lanes, S d) {
-        S natural[elements]; // the rows of the inverse in their order
+    S highest(const S *v) const {
+        S most = magnitude(v[0]);
+        for (int e = 1; e < n_ * n_; ++e)
+            most = larger(magnitude(v[e]), most);
+        return most;
+    }
+    // Column k of what is reduced is column number[k] of the inverse, lane by lane.
+    Elimination<S> reduce() {
+        Elimination<S> found = {splat<S>(1), splat<S>(1), S{}, no_lane<S>()};
+        IndexOf<S> number[largest];
+        S f[largest];
         for (int i = 0; i < n_; ++i)
-            for (int j = 0; j < n_; ++j)
-                for (int l = 0; l < lanes_of<S>; ++l)
-                    natural[number(i, l) * n_ + j][l] = result(i, j)[l];
-        const S r = splat<S>(1) / d;
-        redo_small_minors(
-            source_, n_, far, lanes,
-            [&](int i, int j) { return magnitude(natural[j * n_ + i] * d); },
-            [&](int i, int j, MaskOf<S> small, S minor) {
-                S &x = natural[j * n_ + i];
-                x = select(small, (i + j) % 2 == 0 ? minor * r : -(minor * r), x);
-            });
-        for (int i = 0; i < n_; ++i) {
-            number_[i] = splat_index<S>(i);
-            for (int j = 0; j < n_; ++j)
-                transpose_[j * n_ + i] = natural[i * n_ + j];
+            number[i] = splat_index<S>(i);
+        for (int k = 0; k < n_; ++k) {
+            const LaneStep<S> step(work_, n_, k);
+            exchange_numbers(number, k, step);
+            const S pivot = step.pivot();
+            if (k < n_ - 1) {
+                const S threshold = splat<S>(elimination_threshold<T>(n_));
+                found.small = found.small | OfInverse::small(step.magnitude, threshold);
+                found.product = found.product * pivot;
+                const auto moved = step.where > splat_index<S>(k);
+                found.sign = select(moved, -found.sign, found.sign);
+            }
+            found.last = pivot;
+            step.reduce(f, splat<S>(1) / pivot);
         }
+        for (int k = 0; k < n_; ++k)
+            for (int l = 0; l < lanes_of<S>; ++l) {
+                const int j = static_cast<int>(number[k][l]);
+                for (int i = 0; i < n_; ++i)
+                    result_[i * n_ + j][l] = work_[i * n_ + k][l];
+            }
+        return found;
+    }
+    void redo_small(MaskOf<S> lanes, S far, S reciprocal) {
+        redo_small_minors(
+            source_, n_, lanes, [&](int i, int j) { return magnitude(result_[j * n_ + i]) > far; },
+            [&](int i, int j, MaskOf<S> small, S minor) {
+                S &x = result_[j * n_ + i];
+                x = select(small, (i + j) % 2 == 0 ? minor * reciprocal : -(minor * reciprocal), x);
+            });
     }
 
-    S source_[elements], transpose_[elements];
-    IndexOf<S> number_[largest];
+    S source_[elements], work_[elements], result_[elements];
     int n_;
 };
 
@@ -285,7 +301,7 @@ ZelStatus invert_general(const Source &source, const Destination &destination, i
                 return by_cofactors();
             for (int i = 0; i < n; ++i)
                 for (int j = 0; j < n; ++j)
-                    put(to, m.number(i, 0), j, m.result(i, j)[0]);
+                    put(to, i, j, m.result(i, j)[0]);
             return zelStatusOk;
         });
 }
@@ -334,13 +350,11 @@ ZelStatus invert_array_general(int n, const Source &source, const Destination &d
                 unroll<K>(ZELM_EACH(e) { m.source(i, j + e) = run[e]; });
             });
             const unsigned near = m.invert();
-            const auto number = [&](int i, int lane) { return m.number(i, lane); };
             if (group.stores(near))
                 in_runs([&](int i, int j, auto K) __attribute__((always_inline)) {
                     Lanes<T> run[K];
                     unroll<K>(ZELM_EACH(e) { run[e] = m.result(i, j + e); });
-                    store_row<T>(y, group.first, shape, i, j, run,
-                                 RowNumbers<decltype(number)>{number});
+                    store_row<T>(y, group.first, shape, i, j, run);
                 });
             return near;
         },

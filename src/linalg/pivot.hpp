@@ -140,15 +140,15 @@ public:
                     j, f, [](S x) __attribute__((always_inline)) { return x; });
             });
     }
-    // The exchange of all columns, and their update for an inverse in place: row k becomes its
-    // multiple by r, the pivot's reciprocal; the multiples of that are subtracted from all other
-    // rows, by factors that f[i] keeps for row i.
+    // The exchange of all columns, and their update for an inverse in place: the multiples of row k
+    // are subtracted from all other rows, by factors that f[i] keeps for row i; below it as
+    // eliminate() does that. Then row k is multiplied by r, the pivot's reciprocal.
     ZELM_INLINE void reduce(S *f, S r) const {
 #pragma GCC unroll 1
         for (int i = 0; i < n_; ++i) {
             S &x = a_[i * n_ + k_];
-            f[i] = select(where == splat_index<S>(i), old_, x);
-            x = -f[i] * r;
+            f[i] = select(where == splat_index<S>(i), old_, x) * r;
+            x = -f[i];
         }
         top()[k_] = r;
         const auto update = [&](int j, auto C) __attribute__((always_inline)) {
@@ -164,13 +164,13 @@ private:
     ZELM_INLINE S from_pivot_row(int j) const {
         return detail::gather<T>(row_, j * Distance{sizeof(S)});
     }
-    // Of the rows below k, and with `above` of those above it.
+    // Of the rows below k, and with `above` of those above it. Row k becomes scale() of itself.
     template <int C, bool above, class Scale>
     ZELM_INLINE void update_columns(int j, const S *f, const Scale &scale) const {
         S old[C], x[C];
         unroll<C>(ZELM_EACH(c) {
             old[c] = top()[j + c];
-            x[c] = scale(from_pivot_row(j + c));
+            x[c] = from_pivot_row(j + c);
         });
 #pragma GCC unroll 1
         for (int i = above ? 0 : k_ + 1; i < n_; ++i) { // row k takes part, but is set below
@@ -180,7 +180,7 @@ private:
                 y = select(here, old[c], y) - f[i] * x[c];
             });
         }
-        unroll<C>(ZELM_EACH(c) { top()[j + c] = x[c]; });
+        unroll<C>(ZELM_EACH(c) { top()[j + c] = scale(x[c]); });
     }
 
     S *a_;
