@@ -165,10 +165,11 @@ ZELM_INLINE unsigned invert_far_from_thresholds(Inverse<N, S> &inverse, const S 
     S minor_far = splat<S>(T(1 << 9) * epsilon<T>);
     unroll<N - 1>(ZELM_EACH() { minor_far = minor_far * largest; });
     constexpr int exponent = largest_exponent<T>;
-    auto matrix_far = magnitude(d) > minor_far * largest;
+    const MaskOf<S> minors_far = smallest > minor_far;
+    MaskOf<S> matrix_far = magnitude(d) > minor_far * largest;
     matrix_far = matrix_far & (largest > splat<S>(power_of_two<T>(-exponent / (2 * N))));
     matrix_far = matrix_far & (splat<S>(power_of_two<T>(exponent / N - 2)) > largest);
-    if (lane_bits(matrix_far & (smallest > minor_far)) == all_lanes<S>) [[likely]]
+    if (lane_bits(matrix_far & minors_far) == all_lanes<S>) [[likely]]
         return 0;
     Minors<N, S> copy;
     unroll<N>(ZELM_EACH(i) {
