@@ -17,8 +17,8 @@ namespace zelm {
 template <class T>
 struct EigenLimits {
     static constexpr bool single = sizeof(T) == 4;
-    static constexpr T epsilon = single ? T(0x1p-23) : T(0x1p-52);
-    static constexpr T tiny = single ? T(0x1p-125) : T(0x1p-1021);
+    static constexpr T epsilon = zelm::epsilon<T>;
+    static constexpr T tiny = 2 * smallest_normal<T>;
     // Matrices with a largest element in this range are worked on as they are: no square overflows,
     // and none underflows of what counts beside that element.
     static constexpr T least = single ? T(0x1p-20) : T(0x1p-200);

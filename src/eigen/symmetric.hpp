@@ -12,9 +12,6 @@
 
 namespace zelm {
 
-template <class T>
-inline constexpr T eigen_epsilon = sizeof(T) == 4 ? T(0x1p-23) : T(0x1p-52);
-
 inline constexpr int largest_sweeps = 30; // for one eigenvalue
 
 // ---- loops over orders known when compiled (integral constants: unrolled) or at run time --------
@@ -232,7 +229,7 @@ struct MemoryVectors {
 // small.
 template <class S, bool vectors>
 ZELM_INLINE MaskOf<S> solve_order_2(const S (&a)[3], S (&d)[2], S (&column)[2]) {
-    const S eps = splat<S>(eigen_epsilon<ElementOf<S>>), zero = splat<S>(0), one = splat<S>(1);
+    const S eps = splat<S>(epsilon<ElementOf<S>>), zero = splat<S>(0), one = splat<S>(1);
     const S minus = zero - eps, half = splat<S>(ElementOf<S>(0.5));
     const S det = a[0] * a[2] - a[1] * a[1];
     const S sum = a[0] + a[2], difference = a[0] - a[2], twice = a[1] + a[1];
@@ -264,7 +261,7 @@ ZELM_INLINE MaskOf<S> solve_order_2(const S (&a)[3], S (&d)[2], S (&column)[2]) 
 // until the end. `e` may be the first row of `a`.
 template <class S, class Order, class A, class D, class E, class Vectors>
 ZELM_INLINE void reduce(Order n, A a, D d, E e, const Vectors &vectors) {
-    const S eps = splat<S>(eigen_epsilon<ElementOf<S>>), zero = splat<S>(0), two = splat<S>(2);
+    const S eps = splat<S>(epsilon<ElementOf<S>>), zero = splat<S>(0), two = splat<S>(2);
     ascending(
         Fixed<0>{}, behind<-2>(n), ZELM_EACH(k) {
             const auto first = behind<1>(k);
@@ -338,7 +335,7 @@ struct Block {
 // All elements before `from` are negligible.
 template <class S, class Order, class E>
 ZELM_INLINE Block<S> first_block(Order n, const E &e, [[maybe_unused]] IndexOf<S> from) {
-    const S eps = splat<S>(eigen_epsilon<ElementOf<S>>), half = splat<S>(ElementOf<S>(0.5));
+    const S eps = splat<S>(epsilon<ElementOf<S>>), half = splat<S>(ElementOf<S>(0.5));
     const auto end = behind<-1>(n);
     const auto negligible = [&](auto i) __attribute__((always_inline)) {
         return magnitude(half * e[i]) <= eps;
@@ -369,7 +366,7 @@ ZELM_INLINE Block<S> first_block(Order n, const E &e, [[maybe_unused]] IndexOf<S
 // QL iteration: d becomes the eigenvalues. Returns the lanes that use up the sweeps of a value.
 template <class S, class Order, class D, class E, class Vectors>
 ZELM_INLINE MaskOf<S> iterate(Order n, D d, E e, const Vectors &vectors) {
-    const S eps = splat<S>(eigen_epsilon<ElementOf<S>>);
+    const S eps = splat<S>(epsilon<ElementOf<S>>);
     const S zero = splat<S>(0), one = splat<S>(1), two = splat<S>(2);
     const auto end = behind<-1>(n);
     IndexOf<S> current = splat_index<S>(0), sweeps = splat_index<S>(0);
@@ -499,7 +496,7 @@ ZELM_INLINE Outcome<S> solve_symmetric(Order n, A a, D d, E e, const Vectors &ve
     S product = d[0];
     ascending(
         Fixed<1>{}, n, ZELM_EACH(i) { product = product * d[i]; });
-    const MaskOf<S> singular = magnitude(product) <= splat<S>(eigen_epsilon<ElementOf<S>>);
+    const MaskOf<S> singular = magnitude(product) <= splat<S>(epsilon<ElementOf<S>>);
     // Values alone of a singular matrix stay as the iteration leaves them.
     constexpr bool alone = std::is_same_v<Vectors, NoVectors>;
     if (lanes_of < S >> 1 || !(any(not_converged) || (alone && any(singular))))

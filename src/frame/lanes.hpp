@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstring>
 #include <immintrin.h>
+#include <limits>
 #include <type_traits>
 #include <utility>
 
@@ -59,6 +60,11 @@ template <class S>
 inline constexpr int lanes_of = detail::Traits<S>::lanes;
 template <class S>
 inline constexpr unsigned all_lanes = (1u << lanes_of<S>)-1; // as lane_bits() gives them
+
+template <class T>
+inline constexpr T epsilon = std::numeric_limits<T>::epsilon(); // 2^-23, 2^-52
+template <class T>
+inline constexpr T smallest_normal = std::numeric_limits<T>::min(); // 2^-126, 2^-1022
 
 // Runs f(0) ... f(N - 1) with the number as a compile-time constant: loops over register arrays
 // written this way leave no index behind, so the arrays stay in registers.

@@ -120,7 +120,7 @@ template <class T>
 inline T elimination_threshold(int n) {
     const auto u = static_cast<std::uint32_t>(n);
     const auto product = static_cast<std::int32_t>(2 * u * (u * u));
-    return static_cast<T>(product) * (sizeof(T) == 4 ? T(0x1p-126) : T(0x1p-1022));
+    return static_cast<T>(product) * smallest_normal<T>;
 }
 
 // The buffer of elimination, n*(n + 1) elements.

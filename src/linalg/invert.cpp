@@ -10,9 +10,6 @@ namespace {
 
 constexpr Limits limits = {2501, 2501}; // of 2*n*count
 
-template <class T>
-inline constexpr T smallest_normal = sizeof(T) == 4 ? T(0x1p-126) : T(0x1p-1022);
-
 // Determinants (orders 3 and 4) and pivots (5 and 6) below this are singular, where rows are
 // adjacent. The doubled values in double precision are part of the interface.
 template <class T, int N>

@@ -108,8 +108,6 @@ ZELM_INLINE T power_of_two(int exponent) {
     return static_cast<T>(__builtin_ldexp(1, exponent));
 }
 template <class T>
-inline constexpr T epsilon = sizeof(T) == 4 ? T(0x1p-23) : T(0x1p-52);
-template <class T>
 inline constexpr int largest_exponent = sizeof(T) == 4 ? 126 : 1022;
 
 // Does those of the lanes' minors over, by elimination, that are not far: exact zeros are common. a

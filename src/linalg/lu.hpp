@@ -8,10 +8,10 @@ namespace zelm {
 
 // Pivots below this are singular: orders 3 to 6.
 template <class T>
-inline constexpr T straight_line_threshold = sizeof(T) == 4 ? T(0x1p-125) : T(0x1p-1021);
+inline constexpr T straight_line_threshold = 2 * smallest_normal<T>;
 // Pivots at or below this are singular: every other order.
 template <class T>
-inline constexpr T general_threshold = sizeof(T) == 4 ? T(0x1p-23) : T(0x1p-52);
+inline constexpr T general_threshold = epsilon<T>;
 
 // Factors `a` in place. Rows stand in pivot order afterwards: p[i] is the caller's row in row i,
 // row i holds the multipliers of L before the diagonal and U from it on. Returns the lanes that met

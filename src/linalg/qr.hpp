@@ -13,7 +13,7 @@ constexpr int reflections(int width, int height) { return width < height ? width
 
 // Columns with a sum of squares below this have no reflection.
 template <class T>
-inline constexpr T column_threshold = sizeof(T) == 4 ? T(0x1p-23) : T(0x1p-52);
+inline constexpr T column_threshold = epsilon<T>;
 
 // The root of the sum of squares, with the sign of the diagonal element; zero counts as negative.
 template <class S>
