@@ -54,6 +54,15 @@ struct Elimination {
     S last;
     MaskOf<S> small; // lanes with a small pivot
     ZELM_INLINE S determinant() const { return last * sign * product; }
+
+    static Elimination none() { return {splat<S>(1), splat<S>(1), S{}, no_lane<S>()}; }
+    // Notes step k, which is not the last.
+    template <class Use>
+    ZELM_INLINE void note(const LaneStep<S> &step, int k, S pivot, ElementOf<S> threshold) {
+        small = small | Use::small(step.magnitude, splat<S>(threshold));
+        product = product * pivot;
+        sign = select(step.where > splat_index<S>(k), -sign, sign);
+    }
 };
 
 inline constexpr int largest_lane_elimination = 32; // the order; 16 KiB in the caller's registers
@@ -62,17 +71,14 @@ inline constexpr int largest_lane_elimination = 32; // the order; 16 KiB in the 
 // Work goes on behind a small pivot.
 template <class Use, class S>
 Elimination<S> eliminate_lanes(S *a, int n, ElementOf<S> threshold) {
-    Elimination<S> found = {splat<S>(1), splat<S>(1), S{}, no_lane<S>()};
+    auto found = Elimination<S>::none();
     S f[largest_lane_elimination];
     for (int k = 0; k < n - 1; ++k) {
         const LaneStep<S> step(a, n, k);
-        found.small = found.small | Use::small(step.magnitude, splat<S>(threshold));
         const S pivot = step.pivot();
         step.scale(f, typename Use::template Multipliers<S>{pivot});
         step.eliminate(f);
-        found.product = found.product * pivot;
-        const auto moved = step.where > splat_index<S>(k);
-        found.sign = select(moved, -found.sign, found.sign);
+        found.template note<Use>(step, k, pivot, threshold);
     }
     found.last = a[n * n - 1];
     return found;

@@ -226,7 +226,7 @@ private:
     }
     // Column k of what is reduced is column number[k] of the inverse, lane by lane.
     Elimination<S> reduce() {
-        Elimination<S> found = {splat<S>(1), splat<S>(1), S{}, no_lane<S>()};
+        auto found = Elimination<S>::none();
         IndexOf<S> number[largest];
         S f[largest];
         for (int i = 0; i < n_; ++i)
@@ -235,14 +235,10 @@ private:
             const LaneStep<S> step(work_, n_, k);
             exchange_numbers(number, k, step);
             const S pivot = step.pivot();
-            if (k < n_ - 1) {
-                const S threshold = splat<S>(elimination_threshold<T>(n_));
-                found.small = found.small | OfInverse::small(step.magnitude, threshold);
-                found.product = found.product * pivot;
-                const auto moved = step.where > splat_index<S>(k);
-                found.sign = select(moved, -found.sign, found.sign);
-            }
-            found.last = pivot;
+            if (k < n_ - 1)
+                found.template note<OfInverse>(step, k, pivot, elimination_threshold<T>(n_));
+            else
+                found.last = pivot;
             step.reduce(f, splat<S>(1) / pivot);
         }
         for (int k = 0; k < n_; ++k)
