@@ -2965,7 +2965,7 @@ ZELM_API ZelStatus zelmLUBackSubst_mava_64f_L(const double *const *ppSrc, int sr
  * pivot of magnitude at most T(n) counts as T(n): an inverse has elements of T(n) / determinant
  * where exact zeros might stand. Cofactors take time of order n^5. Up to order 16 only those are
  * computed that can be degenerate; the others, far from T(n) as they are, come of the adjugate
- * (orders 3 and 4) or of one Gauss-Jordan elimination. Results differ in rounding between the
+ * (orders 2 to 4) or of one Gauss-Jordan elimination. Results differ in rounding between the
  * methods.
  * 32f reciprocals of orders 3 to 6 with adjacent elements are approximations after one Newton step,
  * within about 2 units in the last place; of 2^126 and more they are 0.

@@ -9,6 +9,11 @@ namespace zelm {
 // The cofactors of `a` in the places of the inverse's elements: c[j][i] is that of a[i][j], without
 // its sign. Returns the determinant, expanded along the first row.
 template <class S>
+ZELM_INLINE S cofactors(S (&c)[2][2], const S (&a)[2][2]) {
+    unroll<2>(ZELM_EACH(i) { unroll<2>(ZELM_EACH(j) { c[j][i] = a[1 - i][1 - j]; }); });
+    return a[0][0] * c[0][0] - a[0][1] * c[1][0];
+}
+template <class S>
 ZELM_INLINE S cofactors(S (&c)[3][3], const S (&a)[3][3]) {
     S m[3];
     const auto row = [&](auto i, const S(&x)[3], const S(&y)[3]) __attribute__((always_inline)) {

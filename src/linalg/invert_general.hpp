@@ -1,7 +1,7 @@
 // Inversion of every order, and of rows that are not adjacent. By definition an inverse is made of
 // cofactors, each the result of an elimination of its own, whose small pivots have a meaning: n^5
 // operations. Where no pivot can be small the elimination of the matrix alone, n^3 operations, or
-// of orders 3 and 4 a closed form, gives the same up to rounding.
+// of orders 2 to 4 a closed form, gives the same up to rounding.
 #pragma once
 
 #include "elimination.hpp"
@@ -133,23 +133,35 @@ ZELM_INLINE void redo_small_minors(const S *a, int n, MaskOf<S> lanes, const IsF
         }
 }
 
+// What the closed form cannot decide, in memory: registers must have no address.
 template <int N, class S>
-struct Minors { // in memory: registers must have no address
+struct Undecided {
     S matrix[N][N], minor[N][N];
+    S determinant;
+    MaskOf<S> regular; // lanes whose determinant is far; then those that are not singular
 
-    [[gnu::noinline]] void redo_small(S far, MaskOf<S> lanes) {
+    [[gnu::noinline]] void decide(MaskOf<S> lanes, S minor_far) {
+        using T = ElementOf<S>;
+        const T threshold = elimination_threshold<T>(N);
+        S w[N * N];
+        __builtin_memcpy(w, matrix, sizeof w);
+        const Elimination<S> found = eliminate_lanes<OfInverse>(w, N, threshold);
+        const S d = found.determinant();
+        const MaskOf<S> large = magnitude(d) > splat<S>(threshold);
+        determinant = select(regular, determinant, d);
+        regular = lanes & (regular | and_not(large, found.small));
         redo_small_minors(
-            matrix[0], N, lanes, [&](int i, int j) { return magnitude(minor[j][i]) > far; },
+            matrix[0], N, regular, [&](int i, int j) { return magnitude(minor[j][i]) > minor_far; },
             [&](int i, int j, MaskOf<S> small, S x) {
                 minor[j][i] = select(small, x, minor[j][i]);
             });
     }
 };
 
-// Orders 3 and 4 in closed form. Returns the lanes whose determinant an elimination may find small,
-// as bits. Far are minors and determinants above the rounding errors of both methods, at most 2^9
-// epsilon times as large as products of the largest element. Within limits of that element all this
-// is above the threshold and does not overflow.
+// Orders 2 to 4 in closed form. Returns the lanes that this does not invert, as bits. A minor in
+// closed form that should be 0 is less than 2^4 epsilon times a product of the largest element; a
+// determinant above 2^12 times that is one that no elimination takes for small. Within limits of
+// that element all this is above the threshold and does not overflow.
 template <int N, class S>
 ZELM_INLINE unsigned invert_far_from_thresholds(Inverse<N, S> &inverse, const S (&a)[N][N]) {
     using T = ElementOf<S>;
@@ -160,25 +172,29 @@ ZELM_INLINE unsigned invert_far_from_thresholds(Inverse<N, S> &inverse, const S 
         ZELM_EACH(e) { return magnitude(a[e / N][e % N]); }, larger<S>);
     const S smallest = in_halves<0, N * N>(
         ZELM_EACH(e) { return magnitude(c[e / N][e % N]); }, smaller<S>);
-    S minor_far = splat<S>(T(1 << 9) * epsilon<T>);
-    unroll<N - 1>(ZELM_EACH() { minor_far = minor_far * largest; });
+    S product = largest;
+    unroll<N - 2>(ZELM_EACH() { product = product * largest; });
+    const S minor_far = splat<S>(16 * epsilon<T>) * product;
     constexpr int exponent = largest_exponent<T>;
-    const MaskOf<S> minors_far = smallest > minor_far;
-    MaskOf<S> matrix_far = magnitude(d) > minor_far * largest;
-    matrix_far = matrix_far & (largest > splat<S>(power_of_two<T>(-exponent / (2 * N))));
-    matrix_far = matrix_far & (splat<S>(power_of_two<T>(exponent / N - 2)) > largest);
-    if (lane_bits(matrix_far & minors_far) == all_lanes<S>) [[likely]]
+    const MaskOf<S> above = largest > splat<S>(power_of_two<T>(-exponent / (2 * N)));
+    const MaskOf<S> below = splat<S>(power_of_two<T>(exponent / N - 2)) > largest;
+    const MaskOf<S> regular = magnitude(d) > splat<S>(4096 * epsilon<T>) * product * largest;
+    const MaskOf<S> minors_far = smallest > minor_far, lanes = above & below;
+    if (lane_bits(lanes & regular & minors_far) == all_lanes<S>) [[likely]]
         return 0;
-    Minors<N, S> copy;
+    Undecided<N, S> rest;
     unroll<N>(ZELM_EACH(i) {
         unroll<N>(ZELM_EACH(j) {
-            copy.matrix[i][j] = a[i][j];
-            copy.minor[i][j] = c[i][j];
+            rest.matrix[i][j] = a[i][j];
+            rest.minor[i][j] = c[i][j];
         });
     });
-    copy.redo_small(minor_far, matrix_far);
-    unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { c[i][j] = copy.minor[i][j]; }); });
-    return lane_bits(complement(matrix_far));
+    rest.determinant = d;
+    rest.regular = regular;
+    rest.decide(lanes, minor_far);
+    inverse.reciprocal = one / rest.determinant;
+    unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { c[i][j] = rest.minor[i][j]; }); });
+    return lane_bits(complement(rest.regular));
 }
 
 // Other orders by Gauss-Jordan elimination in place, in lanes. Its pivots are those of the
@@ -272,7 +288,7 @@ ZelStatus invert_general(const Source &source, const Destination &destination, i
         return invert_by_cofactors<T>(n, from, to, static_cast<char *>(buffer));
     };
     // The object in every lane.
-    return with_order<3, 4>(
+    return with_order<2, 4>(
         n,
         [&](auto N) {
             Lanes<T> a[N][N];
@@ -368,7 +384,7 @@ ZelStatus invert_array_general(const Source &source, const Destination &destinat
     const auto single = [&](int k) __attribute__((noinline)) {
         return invert_general(source, destination, n, k, buffer);
     };
-    return with_order<3, 4>(
+    return with_order<2, 4>(
         n, [&](auto N) { return invert_array_general<N>(source, destination, count, single); },
         [&] {
             if (n > largest_elimination_in_lanes)
