@@ -12,6 +12,11 @@ install(FILES ${PROJECT_SOURCE_DIR}/include/zelm.h ${PROJECT_SOURCE_DIR}/include
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 set_target_properties(zelm PROPERTIES INSTALL_RPATH "$ORIGIN")
 
+# -lzelm names both libraries. Linkers look for the two beside libzelm.so.
+file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/libzelm.so
+     "/* GNU ld script */\nINPUT(libzelmy8.so AS_NEEDED(libzelcore.so))\n")
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/libzelm.so DESTINATION ${CMAKE_INSTALL_LIBDIR})
+
 set(package ${CMAKE_INSTALL_LIBDIR}/cmake/zelm)
 install(EXPORT zelm NAMESPACE zelm:: FILE zelmTargets.cmake DESTINATION ${package})
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/zelmConfig.cmake.in zelmConfig.cmake

@@ -21,7 +21,9 @@ consumer() {
     "$cmake" -S "$here" -B "$directory" -DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx" "$@"
     "$cmake" --build "$directory" --parallel "$(nproc)"
     for program in c90 c99 cxx17; do run "$directory/$program"; done
-    "$directory/companion" || fail "the companion library does not answer"
+    for program in threads companion; do
+        "$directory/$program" || fail "$program: the companion library does not answer"
+    done
 }
 # The same with nothing but a compiler: each_language DIRECTORY FLAG...
 each_language() {
@@ -35,6 +37,10 @@ each_language() {
             -o "$directory/$language" "$@"
         run "$directory/$language"
     done
+    $cc "$here/threads.c" -o "$directory/threads" "$@"
+    "$directory/threads" || fail "$directory/threads: the companion library does not answer"
+    readelf -d "$directory/c99" | grep 'NEEDED.*libzelcore' && fail "a library that is not needed"
+    true
 }
 
 rm -rf "$work"
@@ -77,4 +83,16 @@ flags=$(pkg-config --cflags --libs zelm)
 each_language "$work/pkg-config" $flags "-Wl,-rpath,$(pkg-config --variable=libdir zelm)"
 pkg-config --exact-version=7.1.1 zelm || fail "version of zelm.pc"
 
-each_language "$work/bare" "-I$prefix/include" "-L$libraries" -lzelmy8 "-Wl,-rpath,$libraries"
+tried=
+for linker in bfd gold lld mold; do
+    echo 'int main(void) { return 0; }' >"$work/empty.c"
+    $cc -fuse-ld=$linker "$work/empty.c" -o "$work/empty" 2>/dev/null || continue
+    for name in "-L$libraries -lzelm" "$libraries/libzelm.so"; do
+        tried="$tried $linker"
+        # shellcheck disable=SC2086 # two flags
+        each_language "$work/bare$(echo "$tried" | wc -w)" "-I$prefix/include" -fuse-ld=$linker \
+            $name "-Wl,-rpath,$libraries"
+    done
+done
+[ -n "$tried" ] || fail "no linker"
+echo "linked by$tried"
