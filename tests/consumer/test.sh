@@ -49,7 +49,13 @@ if [ "$way" = subdirectory ]; then
     # How it is put together is tested, not once more how it compiles, which takes minutes.
     build=$(cd "$build" && pwd)
     consumer "$work/subdirectory" -DZELM_SOURCE_DIR="$here/../.." \
-        -DCMAKE_CXX_COMPILER_LAUNCHER="$here/reuse.sh;$build"
+        -DCMAKE_CXX_COMPILER_LAUNCHER="$here/reuse.sh;$build" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON
+    # Without a build type the libraries are optimised, and nothing else is.
+    grep '"command"' "$work/subdirectory/compile_commands.json" >"$work/commands"
+    grep -E 'CMakeFiles/(zelm|zelcore)\.dir/' "$work/commands" >"$work/own" || fail "no commands"
+    grep -v -e ' -O[23] ' "$work/own" && fail "compiled without optimisation"
+    grep -vE 'CMakeFiles/(zelm|zelcore)\.dir/' "$work/commands" >"$work/others"
+    grep -e ' -O' "$work/others" && fail "optimised without being asked"
     exit 0
 fi
 
