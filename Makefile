@@ -9,6 +9,7 @@ ARGS ?=
 NEW ?= build/bench/results.json
 
 packages := cmake/packages.sh
+as_owner := cmake/as_owner.sh
 ctest_options := --parallel $(JOBS) --no-tests=error
 # The sanitizers' runtimes do not know the most random of address layouts.
 fixed_addresses := $(shell setarch -R true 2>/dev/null && echo setarch -R)
@@ -16,9 +17,11 @@ sources := api bench core examples include src tests
 clang_format = find $(sources) \( -name '*.[ch]' -o -name '*.[ch]pp' \) -print0 | \
 	xargs -0 $$(command -v clang-format-14 || echo clang-format)
 
-# $(call build,preset,options,target...)
-build = cmake --preset $(1) $(2) $(CMAKE_ARGS) && \
-	cmake --build --preset $(1) --parallel $(JOBS) $(addprefix --target ,$(3))
+# $(call build,preset,options,target...): for users, who may have another compiler. Where it is tested
+# warnings are errors, of all that is compiled there.
+build = $(as_owner) cmake --preset $(1) -DZELM_WERROR=OFF $(2) $(CMAKE_ARGS) && \
+	$(as_owner) cmake --build --preset $(1) --parallel $(JOBS) $(addprefix --target ,$(3))
+strict := -DZELM_WERROR=ON
 
 .PHONY: all help demo test bench bench-compare install deb sanitize thread abi format check-format \
 	doc clean
@@ -33,18 +36,18 @@ help: ## list the targets
 demo: ## build and run examples/terrain, ARGS="--refine 14" for a finer grid
 	$(packages) build example
 	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=ON,terrain)
-	build/release/examples/terrain --output '$(CURDIR)/terrain.png' --map '$(CURDIR)/terrain-map.png' \
-		$(ARGS)
+	$(as_owner) build/release/examples/terrain --output '$(CURDIR)/terrain.png' \
+		--map '$(CURDIR)/terrain-map.png' $(ARGS)
 
 test: ## build everything, warnings being errors, and run all tests
 	$(packages) build example test
-	$(call build,release,-DZELM_BUILD_TESTS=ON -DZELM_BUILD_EXAMPLES=ON)
-	ctest --preset release $(ctest_options) $(ARGS)
+	$(call build,release,-DZELM_BUILD_TESTS=ON -DZELM_BUILD_EXAMPLES=ON $(strict))
+	$(as_owner) ctest --preset release $(ctest_options) $(ARGS)
 
 bench: ## measure the library beside its peers, ARGS="--filter lu --quick"
 	$(packages) build bench
 	$(call build,bench)
-	build/bench/bench/zelm_bench --json '$(NEW)' $(ARGS)
+	$(as_owner) build/bench/bench/zelm_bench --json '$(NEW)' $(ARGS)
 
 bench-compare: ## compare results: OLD=file of an earlier `make bench`, NEW=file of the last one
 	bench/compare.py '$(OLD)' '$(NEW)'
@@ -53,27 +56,28 @@ install: ## install to PREFIX=/usr/local, below DESTDIR if that is set
 	$(packages) build
 	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=OFF \
 		-DCMAKE_INSTALL_PREFIX='$(PREFIX)',zelm zelcore)
+	$(as_owner) touch build/release/install_manifest.txt
 	DESTDIR='$(DESTDIR)' cmake --install build/release
 
 deb: ## make a Debian package in build/release
 	$(packages) build
 	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=OFF \
 		-DCMAKE_INSTALL_PREFIX=/usr)
-	cd build/release && cpack
+	cd build/release && ../../$(as_owner) cpack
 
 sanitize: ## run all tests with the address and undefined-behaviour sanitizers
 	$(packages) build example test
-	$(call build,sanitize)
-	$(fixed_addresses) ctest --preset sanitize $(ctest_options) $(ARGS)
+	$(call build,sanitize,$(strict))
+	$(as_owner) $(fixed_addresses) ctest --preset sanitize $(ctest_options) $(ARGS)
 
 thread: ## run the tests of threads with the thread sanitizer, Clang and its OpenMP runtime
 	$(packages) build example test sanitize
-	$(call build,thread)
-	$(fixed_addresses) ctest --preset thread $(ctest_options) $(ARGS)
+	$(call build,thread,$(strict))
+	$(as_owner) $(fixed_addresses) ctest --preset thread $(ctest_options) $(ARGS)
 
 abi: ## compare the binary interface with the one kept in abi/
 	$(packages) build abi
-	cmake/abi.sh check
+	$(as_owner) cmake/abi.sh check
 
 format: ## format the sources
 	$(packages) format
@@ -85,7 +89,7 @@ check-format: ## check the format of the sources
 
 doc: ## make the reference from the headers, in build/doc/html
 	$(packages) doc
-	doxygen docs/Doxyfile
+	$(as_owner) doxygen docs/Doxyfile
 
 clean: ## remove all that was built
 	rm -rf build terrain*.png
