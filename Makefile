@@ -89,7 +89,7 @@ check-format: ## check the format of the sources
 
 doc: ## make the reference from the headers, in build/doc/html
 	$(packages) doc
-	$(as_owner) doxygen docs/Doxyfile
+	$(as_owner) cmake/doc.sh
 
 clean: ## remove all that was built
 	rm -rf build terrain*.png

@@ -127,14 +127,14 @@ typedef enum ZelStatus {
 
 /* Tells which build of the library is running. The texts live as long as the library is loaded. */
 typedef struct ZelLibraryVersion {
-    int majorVersion;
-    int minorVersion;
-    int updateNumber;
-    int revision;
+    int majorVersion;        /* the first number of versionText */
+    int minorVersion;        /* the second */
+    int updateNumber;        /* the third */
+    int revision;            /* the number in parentheses */
     char cpuCode[4];         /* processor code, padded with zero bytes */
     const char *libraryName; /* ends in + where the processor has SSE4.2 */
-    const char *versionText;
-    const char *buildDate;
+    const char *versionText; /* such as "7.1.1 (r37466)" */
+    const char *buildDate;   /* such as "Sep 24 2012" */
 } ZelLibraryVersion;
 
 /* The version of the library. The record is constant and must not be freed. */
