@@ -3067,7 +3067,7 @@ ZELM_API ZelStatus zelmDet_ma_64f_L(const double *const *ppSrc, int srcRoiShift,
  * diagonal holds reciprocals: element (i, i) is 1 / L(i, i).
  *
  * The reciprocal root is exact to rounding in 64f. In 32f it is the processor's approximation after
- * one Newton step, within about 2 units in the last place, and infinite or NaN for a diagonal
+ * one Newton step, within 3 units in the last place, and infinite or NaN for a diagonal
  * residual that is subnormal or infinite; processors differ in its last bits.
  *
  * A is not positive definite when a diagonal residual d, A(i, i) less the squares of row i of L,

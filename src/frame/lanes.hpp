@@ -183,8 +183,8 @@ ZELM_INLINE Lanes<double> square_root(Lanes<double> x) {
 }
 
 // 1 / x and 1 / sqrt(x): exact roots and quotients in double; in float the processor's
-// approximation after one Newton step, within about 2 units in the last place. A step forms no
-// square of the approximation, which could be subnormal or infinite. Of a float that is 0,
+// approximation after one Newton step, within about 2 units in the last place, 3 for roots. A step
+// forms no square of the approximation, which could be subnormal or infinite. Of a float that is 0,
 // subnormal or infinite the result is infinite or NaN; of one from 2^126 on the reciprocal is 0.
 ZELM_INLINE Lanes<float> refined_reciprocal(Lanes<float> x) {
     const auto r = (Lanes<float>)_mm_rcp_ps((__m128)x);
