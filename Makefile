@@ -28,7 +28,7 @@ strict := -DZELM_WERROR=ON
 
 all: ## build the libraries
 	$(packages) build
-	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=OFF,zelm zelcore)
+	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=OFF,zelm zelmsafe zelcore)
 
 help: ## list the targets
 	@sed -n 's/^\([a-z-]*\):.*## /\1\t/p' $(MAKEFILE_LIST) | expand -t 16
@@ -55,7 +55,7 @@ bench-compare: ## compare results: OLD=file of an earlier `make bench`, NEW=file
 install: ## install to PREFIX=/usr/local, below DESTDIR if that is set
 	$(packages) build
 	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=OFF \
-		-DCMAKE_INSTALL_PREFIX='$(PREFIX)',zelm zelcore)
+		-DCMAKE_INSTALL_PREFIX='$(PREFIX)',zelm zelmsafe zelcore)
 	$(as_owner) touch build/release/install_manifest.txt
 	DESTDIR='$(DESTDIR)' cmake --install build/release
 

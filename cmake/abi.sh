@@ -20,7 +20,7 @@ fi
 new=$(mktemp -d)
 trap 'rm -rf "$new"' EXIT
 changed=
-for library in src/libzelmy8 core/libzelcore; do
+for library in src/libzelmy8 src/libzelmsafe core/libzelcore; do
     name=${library#*/lib}
     # No more than what a program can depend on: neither paths nor what the library itself needs.
     abidw --no-corpus-path --no-comp-dir-path --no-show-locs --no-parameter-names --no-elf-needed \

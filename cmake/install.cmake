@@ -4,17 +4,18 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 install(
-    TARGETS zelm zelcore
+    TARGETS zelm zelmsafe zelcore
     EXPORT zelm
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(FILES ${PROJECT_SOURCE_DIR}/include/zelm.h ${PROJECT_SOURCE_DIR}/include/zelcore.h
+install(FILES ${PROJECT_SOURCE_DIR}/include/zelm.h ${PROJECT_SOURCE_DIR}/include/zelmsafe.h
+              ${PROJECT_SOURCE_DIR}/include/zelcore.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-set_target_properties(zelm PROPERTIES INSTALL_RPATH "$ORIGIN")
+set_target_properties(zelm zelmsafe PROPERTIES INSTALL_RPATH "$ORIGIN")
 
-# -lzelm names both libraries. Linkers look for the two beside libzelm.so.
+# -lzelm names all libraries. Linkers look for them beside libzelm.so.
 file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/libzelm.so
-     "/* GNU ld script */\nINPUT(libzelmy8.so AS_NEEDED(libzelcore.so))\n")
+     "/* GNU ld script */\nINPUT(libzelmy8.so AS_NEEDED(libzelmsafe.so libzelcore.so))\n")
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/libzelm.so DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
 set(package ${CMAKE_INSTALL_LIBDIR}/cmake/zelm)

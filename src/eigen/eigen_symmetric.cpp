@@ -84,72 +84,13 @@ template <class T>
 using Group2 = Interleaved<Lanes<T>, 2>; // what a group computes in
 constexpr int side_by_side = 2;
 
-// Order N, or `order` where N is 0, of matrices, values and vectors (vector after vector) in
-// registers' memory. Returns the failing lanes. Straight-line code works on copies of its own, but
-// for vectors that no register file holds.
-template <class S, int N, bool vectors>
-[[gnu::noinline]] unsigned solve_lanes(S *matrix, S *values, [[maybe_unused]] S *vector,
-                                       int order) {
-    const auto solve = [&](auto n, S *a, S *d, S *e) __attribute__((always_inline)) {
-        Outcome<S> outcome;
-        if constexpr (!vectors) {
-            outcome = solve_symmetric<S>(n, a, d, e, NoVectors{});
-        } else if constexpr (N == 3) {
-            S z[N * N];
-            outcome = solve_symmetric<S>(n, a, d, e, LaneVectors<S, Fixed<N>>{z, n});
-            unroll<N * N>(ZELM_EACH(i) { vector[i] = z[i]; });
-        } else {
-            outcome = solve_symmetric<S>(n, a, d, e, LaneVectors<S, int>{vector, order});
-        }
-        return lane_bits(outcome.not_converged | outcome.singular);
-    };
-    if constexpr (N == 0) {
-        S e[largest_lane_order];
-        return solve(order, matrix, values, e);
-    } else {
-        S a[N * N], d[N], e[N];
-        unroll<N>(
-            ZELM_EACH(i) { unroll<i + 1>(ZELM_EACH(j) { a[i * N + j] = matrix[i * N + j]; }); });
-        const unsigned failing = solve(Fixed<N>{}, a, d, e);
-        unroll<N>(ZELM_EACH(i) { values[i] = d[i]; });
-        return failing;
-    }
-}
-template <class S, bool vectors>
-[[gnu::noinline]] unsigned solve_lanes_2(const S *matrix, S *values, [[maybe_unused]] S *vector) {
-    const S a[3] = {matrix[0], matrix[1], matrix[3]};
-    S d[2], column[2] = {};
-    const unsigned failing = lane_bits(solve_order_2<S, vectors>(a, d, column));
-    values[0] = d[0];
-    values[1] = d[1];
-    if constexpr (vectors) {
-        vector[0] = vector[3] = column[0];
-        vector[1] = column[1];
-        vector[2] = splat<S>(0) - column[1];
-    }
-    return failing;
-}
-template <class S, bool vectors>
-unsigned solve_lanes(S *a, S *d, S *z, int n) {
-    switch (n) {
-    case 2:
-        return solve_lanes_2<S, vectors>(a, d, z);
-    case 3:
-        return solve_lanes<S, 3, vectors>(a, d, z, n);
-    case 4:
-        return solve_lanes<S, 4, vectors>(a, d, z, n);
-    default:
-        return solve_lanes<S, 0, vectors>(a, d, z, n);
-    }
-}
-
 // Orders 2 to 16 in any memory.
 template <class T, bool vectors, class Source, class Results, class Destination>
 ZELM_INLINE unsigned solve_group(const Group &group, int n, const Source &x, const Results &values,
                                  const Destination &y) {
     using S = Group2<T>;
     constexpr int elements = largest_lane_order * largest_lane_order, L = lanes_of<Lanes<T>>;
-    S a[elements], d[largest_lane_order], z[vectors ? elements : 1];
+    S a[elements], d[largest_lane_order], e[largest_lane_order], z[vectors ? elements : 1];
     // f(part, i, j, register) for runs of the rows.
     const auto all = [&](int rows, const auto &f) __attribute__((always_inline)) {
         for (int i = 0; i < rows; ++i)
@@ -167,7 +108,7 @@ ZELM_INLINE unsigned solve_group(const Group &group, int n, const Source &x, con
             load_row<T>(part, x, group.first + r * L, shape, i, j);
             unroll<sizeof part / sizeof *part>(ZELM_EACH(k) { a[i * n + j + k].r[r] = part[k]; });
         });
-    const unsigned failing = solve_lanes<S, vectors>(a, d, z, n);
+    const unsigned failing = solve_lanes<S, vectors>(a, d, e, z, n);
     if (!group.stores(failing))
         return failing;
     all(
@@ -190,9 +131,9 @@ template <int N, class T, bool vectors, class Source, class Results, class Desti
 ZELM_INLINE unsigned solve_dense_group(const Group &group, const Source &x, const Results &values,
                                        const Destination &y) {
     using S = Group2<T>;
-    S a[N][N], d[1][N], z[vectors ? N : 1][N];
+    S a[N][N], d[1][N], e[N], z[vectors ? N : 1][N];
     load_lanes<T>(a, x, group.first);
-    const unsigned failing = solve_lanes<S, vectors>(a[0], d[0], z[0], N);
+    const unsigned failing = solve_lanes<S, vectors>(a[0], d[0], e, z[0], N);
     if (group.stores(failing)) [[likely]] {
         store_lanes<T>(values, group.first, d);
         if constexpr (vectors) {

@@ -3,8 +3,9 @@
 // Golub, Van Loan: Matrix Computations, 8.3. Wilkinson, Reinsch: Handbook for Automatic
 // Computation II, contributions II/2 and II/4.
 //
-// All thresholds are absolute. Lanes do what the scalar instance does, each with its own block,
-// count of sweeps and direction: a lane that has nothing to do keeps its values by select.
+// Thresholds are absolute; what a caller may choose of them is a Tolerance. Lanes do what the
+// scalar instance does, each with its own block, count of sweeps and direction: a lane that has
+// nothing to do keeps its values by select.
 #pragma once
 
 #include "../frame/interleaved.hpp"
@@ -13,6 +14,20 @@
 namespace zelm {
 
 inline constexpr int largest_sweeps = 30; // for one eigenvalue
+
+// Of any matrix: elements of the reduction up to epsilon count as zero, with them columns shorter
+// than its root beside a subdiagonal element near 1; so does a determinant.
+struct OfAnyNorm {
+    template <class T>
+    static constexpr T negligible = epsilon<T>;
+    static constexpr bool drops_short_columns = true, singular_fails = true;
+};
+// Of matrices that were brought to a norm near 1: the reduction drops nothing that shows.
+struct OfNormOne {
+    template <class T>
+    static constexpr T negligible = smallest_normal<T>;
+    static constexpr bool drops_short_columns = false, singular_fails = false;
+};
 
 // ---- loops over orders known when compiled (integral constants: unrolled) or at run time --------
 
@@ -259,9 +274,10 @@ ZELM_INLINE MaskOf<S> solve_order_2(const S (&a)[3], S (&d)[2], S (&column)[2]) 
 // Reduces `a`, n x n, of which the lower triangle is read, to the diagonal d and the subdiagonal e.
 // The row of `a` above the diagonal holds the vector u of the reflection; d is the work vector
 // until the end. `e` may be the first row of `a`.
-template <class S, class Order, class A, class D, class E, class Vectors>
+template <class S, class Tolerance, class Order, class A, class D, class E, class Vectors>
 ZELM_INLINE void reduce(Order n, A a, D d, E e, const Vectors &vectors) {
-    const S eps = splat<S>(epsilon<ElementOf<S>>), zero = splat<S>(0), two = splat<S>(2);
+    const S eps = splat<S>(Tolerance::template negligible<ElementOf<S>>);
+    const S zero = splat<S>(0), two = splat<S>(2);
     ascending(
         Fixed<0>{}, behind<-2>(n), ZELM_EACH(k) {
             const auto first = behind<1>(k);
@@ -276,7 +292,9 @@ ZELM_INLINE void reduce(Order n, A a, D d, E e, const Vectors &vectors) {
             const auto positive = x > eps, negative = x < zero - eps;
             const S change = select(positive, sigma, select(negative, zero - sigma, zero));
             const S h = two * (square + x * change);
-            const auto needed = (h > eps) & complement(magnitude(sigma - x) <= eps);
+            auto needed = h > eps;
+            if constexpr (Tolerance::drops_short_columns)
+                needed = needed & complement(magnitude(sigma - x) <= eps);
             const S scale = select(needed, two / h, zero);
 
             // u, in row k.
@@ -483,9 +501,10 @@ struct Outcome {
 };
 
 // Order 3 and above. The values, and vectors, come out as they have to be stored. e has n elements.
-template <class S, class Order, class A, class D, class E, class Vectors>
+template <class S, class Tolerance = OfAnyNorm, class Order, class A, class D, class E,
+          class Vectors>
 ZELM_INLINE Outcome<S> solve_symmetric(Order n, A a, D d, E e, const Vectors &vectors) {
-    reduce<S>(n, a, d, e, vectors);
+    reduce<S, Tolerance>(n, a, d, e, vectors);
     // From the end with the larger value on, which is at the bottom unless mirrored.
     const MaskOf<S> mirrored = complement(magnitude(S(d[behind<-1>(n)])) > magnitude(S(d[0])));
     mirror<S>(n, d, vectors, mirrored);
@@ -502,6 +521,68 @@ ZELM_INLINE Outcome<S> solve_symmetric(Order n, A a, D d, E e, const Vectors &ve
     if (lanes_of < S >> 1 || !(any(not_converged) || (alone && any(singular))))
         sort<S>(n, d, vectors);
     return {not_converged, singular};
+}
+
+// ---- groups of objects in registers' memory ----
+
+// Order N, or `order` where N is 0, of matrices, values and vectors (vector after vector) in
+// registers' memory, off_diagonal being scratch of as many elements as values. Returns the failing
+// lanes. Straight-line code works on copies of its own, but for vectors that no register file
+// holds.
+template <class S, int N, bool vectors, class Tolerance>
+[[gnu::noinline]] unsigned solve_lanes(S *matrix, S *values, [[maybe_unused]] S *off_diagonal,
+                                       [[maybe_unused]] S *vector, int order) {
+    const auto solve = [&](auto n, S *a, S *d, S *e) __attribute__((always_inline)) {
+        Outcome<S> outcome;
+        if constexpr (!vectors) {
+            outcome = solve_symmetric<S, Tolerance>(n, a, d, e, NoVectors{});
+        } else if constexpr (N == 3) {
+            S z[N * N];
+            outcome = solve_symmetric<S, Tolerance>(n, a, d, e, LaneVectors<S, Fixed<N>>{z, n});
+            unroll<N * N>(ZELM_EACH(i) { vector[i] = z[i]; });
+        } else {
+            outcome = solve_symmetric<S, Tolerance>(n, a, d, e, LaneVectors<S, int>{vector, order});
+        }
+        return lane_bits(Tolerance::singular_fails ? outcome.not_converged | outcome.singular
+                                                   : outcome.not_converged);
+    };
+    if constexpr (N == 0) {
+        return solve(order, matrix, values, off_diagonal);
+    } else {
+        S a[N * N], d[N], e[N];
+        unroll<N>(
+            ZELM_EACH(i) { unroll<i + 1>(ZELM_EACH(j) { a[i * N + j] = matrix[i * N + j]; }); });
+        const unsigned failing = solve(Fixed<N>{}, a, d, e);
+        unroll<N>(ZELM_EACH(i) { values[i] = d[i]; });
+        return failing;
+    }
+}
+template <class S, bool vectors, class Tolerance>
+[[gnu::noinline]] unsigned solve_lanes_2(const S *matrix, S *values, [[maybe_unused]] S *vector) {
+    const S a[3] = {matrix[0], matrix[1], matrix[3]};
+    S d[2], column[2] = {};
+    const unsigned failing = lane_bits(solve_order_2<S, vectors>(a, d, column));
+    values[0] = d[0];
+    values[1] = d[1];
+    if constexpr (vectors) {
+        vector[0] = vector[3] = column[0];
+        vector[1] = column[1];
+        vector[2] = splat<S>(0) - column[1];
+    }
+    return Tolerance::singular_fails ? failing : 0u;
+}
+template <class S, bool vectors, class Tolerance = OfAnyNorm>
+unsigned solve_lanes(S *a, S *d, S *e, S *z, int n) {
+    switch (n) {
+    case 2:
+        return solve_lanes_2<S, vectors, Tolerance>(a, d, z);
+    case 3:
+        return solve_lanes<S, 3, vectors, Tolerance>(a, d, e, z, n);
+    case 4:
+        return solve_lanes<S, 4, vectors, Tolerance>(a, d, e, z, n);
+    default:
+        return solve_lanes<S, 0, vectors, Tolerance>(a, d, e, z, n);
+    }
 }
 
 } // namespace zelm

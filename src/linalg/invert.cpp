@@ -30,7 +30,7 @@ ZELM_INLINE MaskOf<S> invert(Inverse<N, S> &inverse, const S (&a)[N][N]) {
         // Columns of the transpose are rows of the inverse.
         S t[N][N];
         unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { t[j][i] = a[i][j]; }); });
-        const auto failing = gauss_jordan(t, inverse.rows, threshold);
+        const auto failing = gauss_jordan(t, inverse.rows, threshold, ZELM_EACH(){});
         unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { inverse.row[i][j] = t[j][i]; }); });
         return failing;
     }

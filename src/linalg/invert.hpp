@@ -55,9 +55,11 @@ ZELM_INLINE void divide(S (&c)[N][N], S reciprocal) {
 
 // Gauss-Jordan elimination in place with row exchanges (Higham: Accuracy and Stability of Numerical
 // Algorithms, 14.4). Afterwards column k of `a` is column p[k] of the inverse. Of equal candidates
-// the topmost becomes the pivot. Returns the lanes with a pivot below the threshold.
-template <int N, class S>
-ZELM_INLINE MaskOf<S> gauss_jordan(S (&a)[N][N], IndexOf<S> (&p)[N], ElementOf<S> threshold) {
+// the topmost becomes the pivot. Returns the lanes with a pivot below the threshold; note(pivot) is
+// told every pivot.
+template <int N, class S, class Note>
+ZELM_INLINE MaskOf<S> gauss_jordan(S (&a)[N][N], IndexOf<S> (&p)[N], ElementOf<S> threshold,
+                                   const Note &note) {
     MaskOf<S> failing = no_lane<S>();
     unroll<N>(ZELM_EACH(i) { p[i] = splat_index<S>(i); });
     unroll<N>(ZELM_EACH(k) {
@@ -65,6 +67,7 @@ ZELM_INLINE MaskOf<S> gauss_jordan(S (&a)[N][N], IndexOf<S> (&p)[N], ElementOf<S
         failing = failing | (splat<S>(threshold) > pivot.magnitude);
         exchange_rows<k>(
             a, p, pivot, [] {}, ZELM_EACH(){});
+        note(a[k][k]);
 
         const S r = refined_reciprocal(a[k][k]);
         unroll<N>(ZELM_EACH(j) {

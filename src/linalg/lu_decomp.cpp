@@ -24,7 +24,7 @@ ZelStatus factor_array_general(const Source &source, const IndexRows<int> &index
     return walk<T>(
         count, overlap,
         [&](const Group &group, const auto &x, const auto &numbers, const auto &y) {
-            S a[elements];
+            S a[elements], multipliers[largest_lane_order];
             IndexOf<S> p[largest_lane_order];
             const auto all = [&](const auto &f) __attribute__((always_inline)) {
                 for (int i = 0; i < n; ++i)
@@ -36,7 +36,8 @@ ZelStatus factor_array_general(const Source &source, const IndexRows<int> &index
             all([&](int i, int j, auto &part) __attribute__((always_inline)) {
                 load_row<T>(part, x, group.first, shape, i, j);
             });
-            const unsigned failing = lane_bits(factor_lanes<S>(a, p, n, general_threshold<T>));
+            const unsigned failing =
+                lane_bits(factor_lanes<S>(a, p, n, general_threshold<T>, multipliers));
             if (group.stores(failing)) {
                 const auto row = [&](int i, int lane) { return static_cast<int>(p[i][lane]); };
                 all([&](int i, int j, auto &part) __attribute__((always_inline)) {

@@ -12,11 +12,11 @@ inline constexpr int largest_lane_order = 16; // 4 KiB of registers
 // ---- in lanes ----
 
 // Factors a (n x n, row by row) in place; rows stand in pivot order afterwards, p[i] is the
-// caller's row in row i. Returns the lanes that met a candidate at or below the threshold.
+// caller's row in row i. Returns the lanes that met a candidate at or below the threshold. f: n
+// elements of scratch.
 template <class S>
-MaskOf<S> factor_lanes(S *a, IndexOf<S> *p, int n, ElementOf<S> threshold) {
+MaskOf<S> factor_lanes(S *a, IndexOf<S> *p, int n, ElementOf<S> threshold, S *f) {
     MaskOf<S> failing = no_lane<S>();
-    S f[largest_lane_order];
     for (int i = 0; i < n; ++i)
         p[i] = splat_index<S>(i);
 

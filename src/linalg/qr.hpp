@@ -9,7 +9,7 @@
 
 namespace zelm {
 
-constexpr int reflections(int width, int height) { return width < height ? width : width - 1; }
+constexpr int reflections(int width, int height) { return width < height ? width : height - 1; }
 
 // Columns with a sum of squares below this have no reflection.
 template <class T>
@@ -55,8 +55,9 @@ ZELM_INLINE MaskOf<S> factor_qr(S (&d)[H][W]) {
     return failing;
 }
 
-// The same for sizes known at run time: d(i, j) refers to an element.
-template <class S, class Matrix>
+// The same for sizes known at run time: d(i, j) refers to an element. With `any_column` a column
+// fails if it is zero from the diagonal on; its reflection changes the sign of row k.
+template <class S, bool any_column = false, class Matrix>
 ZELM_INLINE MaskOf<S> factor_qr(int width, int height, const Matrix &d) {
     MaskOf<S> failing = no_lane<S>();
     for (int k = 0; k < reflections(width, height); ++k) {
@@ -66,11 +67,16 @@ ZELM_INLINE MaskOf<S> factor_qr(int width, int height, const Matrix &d) {
             const S x = d(i, k);
             squares = squares + x * x;
         }
-        failing = failing | (splat<S>(column_threshold<ElementOf<S>>) > magnitude(squares));
+        const auto small = any_column
+                               ? squares == splat<S>(0)
+                               : splat<S>(column_threshold<ElementOf<S>>) > magnitude(squares);
+        failing = failing | small;
         if (lanes_of<S> == 1 && lane_bits(failing))
             return failing;
         const S alpha = signed_root(squares, diagonal);
-        const S r = splat<S>(1) / (diagonal + alpha);
+        S r = splat<S>(1) / (diagonal + alpha);
+        if constexpr (any_column)
+            r = select(small, splat<S>(0), r);
         S length = splat<S>(1);
         for (int i = k + 1; i < height; ++i) {
             const S x = d(i, k) * r;

@@ -39,7 +39,7 @@ each_language() {
     done
     $cc "$here/threads.c" -o "$directory/threads" "$@"
     "$directory/threads" || fail "$directory/threads: the companion library does not answer"
-    readelf -d "$directory/c99" | grep 'NEEDED.*libzelcore' && fail "a library that is not needed"
+    readelf -d "$directory/c99" | grep 'NEEDED.*libzel\(core\|msafe\)' && fail "a library that is not needed"
     true
 }
 
@@ -52,9 +52,9 @@ if [ "$way" = subdirectory ]; then
         -DCMAKE_CXX_COMPILER_LAUNCHER="$here/reuse.sh;$build" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON
     # Without a build type the libraries are optimised, and nothing else is.
     grep '"command"' "$work/subdirectory/compile_commands.json" >"$work/commands"
-    grep -E 'CMakeFiles/(zelm|zelcore)\.dir/' "$work/commands" >"$work/own" || fail "no commands"
+    grep -E 'CMakeFiles/(zelm|zelmsafe|zelcore)\.dir/' "$work/commands" >"$work/own" || fail "no commands"
     grep -v -e ' -O[23] ' "$work/own" && fail "compiled without optimisation"
-    grep -vE 'CMakeFiles/(zelm|zelcore)\.dir/' "$work/commands" >"$work/others"
+    grep -vE 'CMakeFiles/(zelm|zelmsafe|zelcore)\.dir/' "$work/commands" >"$work/others"
     grep -e ' -O' "$work/others" && fail "optimised without being asked"
     exit 0
 fi
@@ -69,7 +69,7 @@ prefix=$work/moved
 mv "$work/stage/opt/before" "$prefix"
 [ -z "$(find "$work/stage" -type f)" ] || fail "files outside the prefix: $(find "$work/stage")"
 libraries=$(dirname "$(find "$prefix" -name libzelmy8.so)")
-for library in zelmy8 zelcore; do
+for library in zelmy8 zelmsafe zelcore; do
     file=lib$library.so.7.1
     [ "$(readlink "$libraries/lib$library.so")" = $file ] || fail "lib$library.so is no link to it"
     readelf -d "$libraries/$file" >"$work/dynamic"

@@ -1,0 +1,268 @@
+#include "lu.hpp"
+
+#include "../linalg/invert.hpp"
+
+namespace zelm::safe {
+namespace {
+
+// Gauss-Jordan elimination in place is fast, and as accurate as substitution as long as the pivots
+// are of one order of magnitude (Higham: Accuracy and Stability of Numerical Algorithms, 14.4).
+// Elsewhere the columns of the inverse are solved for one by one.
+//
+// The elimination works on the transposed matrix: its columns k are then rows p[k] of the inverse.
+
+// Pivots this far apart, as a power of two.
+template <class T>
+inline constexpr int pivot_ratio = sizeof(T) == 4 ? 8 : 20;
+
+template <class S>
+struct Verdict {
+    using T = ElementOf<S>;
+    S smallest = splat<S>(std::numeric_limits<T>::infinity()), largest = splat<S>(0);
+    S nothing = splat<S>(0);
+
+    ZELM_INLINE void note(S pivot) {
+        const S m = magnitude(pivot);
+        smallest = smaller(m, smallest);
+        largest = larger(m, largest);
+        nothing = nothing + (pivot - pivot);
+    }
+    ZELM_INLINE MaskOf<S> even() const { // pivots of one order of magnitude, all finite
+        return (nothing == nothing) & (smallest >= largest * splat<S>(power<T>(-pivot_ratio<T>))) &
+               (largest > splat<S>(0));
+    }
+    ZELM_INLINE MaskOf<S> in_reach() const {
+        constexpr int reach = Format<T>::reach;
+        return (smallest >= splat<S>(power<T>(-reach))) & (largest <= splat<S>(power<T>(reach)));
+    }
+};
+
+// Inverts t, the transposed matrix, in place.
+template <int N, class S>
+ZELM_INLINE Verdict<S> reduce(S (&t)[N][N], IndexOf<S> (&p)[N]) {
+    Verdict<S> verdict;
+    gauss_jordan(
+        t, p,
+        ElementOf<S>{0}, [&](S pivot) __attribute__((always_inline)) { verdict.note(pivot); });
+    return verdict;
+}
+template <class S>
+Verdict<S> reduce(S *t, IndexOf<S> *p, int n, S *f) {
+    Verdict<S> verdict;
+    for (int i = 0; i < n; ++i)
+        p[i] = splat_index<S>(i);
+    for (int k = 0; k < n; ++k) {
+        const LaneStep<S> step(t, n, k);
+        const S pivot = step.pivot();
+        exchange_numbers(p, k, step);
+        step.reduce(f, splat<S>(1) / pivot);
+        verdict.note(pivot);
+    }
+    return verdict;
+}
+template <class S>
+[[gnu::noinline]] Verdict<S> reduce_in_memory(S *t, IndexOf<S> *p, int n, S *f) {
+    return with_order<2, largest_straight_line_order>(
+        n,
+        [&](auto N) {
+            S a[N][N];
+            IndexOf<S> q[N];
+            for (int e = 0; e < N * N; ++e)
+                a[e / N][e % N] = t[e];
+            const Verdict<S> verdict = reduce<N>(a, q);
+            for (int e = 0; e < N * N; ++e)
+                t[e] = a[e / N][e % N];
+            for (int i = 0; i < N; ++i)
+                p[i] = q[i];
+            return verdict;
+        },
+        [&] { return reduce(t, p, n, f); });
+}
+
+template <class S>
+void transpose_in_place(S *a, int n) {
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < i; ++j)
+            std::swap(a[i * n + j], a[j * n + i]);
+}
+
+template <class T>
+struct Call {
+    ZelmView a, x, rcond;
+    int n;
+};
+
+template <class S>
+struct Memory {
+    S *t, *f, *y, *rest;
+    IndexOf<S> *p;
+
+    Memory(char *scratch, int n)
+        : t(reinterpret_cast<S *>(scratch)),
+          f(t + n * n),
+          y(f + n),
+          rest(y + n * n + n),
+          p(reinterpret_cast<IndexOf<S> *>(y + n * n)) {}
+    static std::size_t bytes(int n) { return 4 * careful_elements<ElementOf<S>>(n) * sizeof(S); }
+};
+
+// y = the inverse, row by row, from the reduced transposed matrix.
+template <class S>
+void put_in_order(S *y, const S *t, const IndexOf<S> *p, int n) {
+    for (int k = 0; k < n; ++k)
+        for (int l = 0; l < lanes_of<S>; ++l)
+            for (int i = 0; i < n; ++i)
+                y[p[k][l] * n + i][l] = t[i * n + k][l];
+}
+
+// The lanes that are not fine; of those that are, the reduced matrix in m.t is the answer.
+template <class T, class A>
+[[gnu::noinline]] void invert_rest(const A &a, int n, const Verdict<Lanes<T>> &verdict,
+                                   const Memory<Lanes<T>> &m, int *statuses) {
+    using S = Lanes<T>;
+    const MaskOf<S> fine = verdict.even() & verdict.in_reach();
+    put_in_order(m.y, m.t, m.p, n);
+    Careful<T> careful(m.rest, n);
+    load_objects(careful.f, a, n, n);
+    careful.factor(false);
+    set_status(statuses, ~careful.finite, zelmSafeNotFinite);
+    set_status(statuses, careful.singular, zelStatusSingular);
+    MaskOf<S> open = ~fine & careful.finite & ~careful.singular;
+    const auto finish = [&](MaskOf<S> lanes) {
+        Extent<S> result;
+        for (int e = 0; e < n * n; ++e)
+            result.note(select(lanes, m.y[e], splat<S>(0)));
+        set_status(statuses, ~result.finite(), zelmSafeOutOfRange);
+    };
+    // Out of reach: the same elimination of the object brought to one exponent.
+    if (lane_bits(open & ~verdict.in_reach()) != 0) {
+        load_objects(m.t, a, n, n);
+        transpose_in_place(m.t, n);
+        Extent<S> extent;
+        for (int e = 0; e < n * n; ++e)
+            extent.note(m.t[e]);
+        const Scale<T> scale(extent.largest);
+        // Near 1, so that small elements of the inverse stay normal numbers as well.
+        constexpr int working = Format<T>::working_exponent;
+        for (int e = 0; e < n * n; ++e)
+            m.t[e] = scale(m.t[e]) * splat<S>(power<T>(-working));
+        const MaskOf<S> even = reduce_in_memory(m.t, m.p, n, m.f).even();
+        for (int e = 0; e < n * n; ++e)
+            m.t[e] = scaled<T>(m.t[e], scale.exponent - working);
+        const MaskOf<S> lanes = open & ~verdict.in_reach() & even;
+        // In the order of the rows, by way of scratch that the factors do not need.
+        S *const ordered = m.rest + careful_elements<T>(n);
+        put_in_order(ordered, m.t, m.p, n);
+        for (int e = 0; e < n * n; ++e)
+            m.y[e] = select(lanes, ordered[e], m.y[e]);
+        open = open & ~lanes;
+        finish(lanes);
+    }
+    if (lane_bits(open) != 0) {
+        S *const x = m.f;
+        for (int c = 0; c < n; ++c) {
+            for (int i = 0; i < n; ++i)
+                careful.b[i] = splat<S>(i == c ? 1 : 0);
+            solve_carefully(careful, x, statuses);
+            for (int i = 0; i < n; ++i)
+                m.y[i * n + c] = select(open, x[i], m.y[i * n + c]);
+        }
+    }
+    for (int l = 0; l < lanes_of<S>; ++l)
+        if (lane_bits(fine) >> l & 1)
+            statuses[l] = zelStatusOk;
+    blank_failures(statuses, m.y, n * n);
+}
+
+template <class T>
+int invert(const Call<T> &call, Distance count, ZelmStatusView status) {
+    using S = Lanes<T>;
+    constexpr int L = lanes_of<S>;
+    const int n = call.n;
+    const double order = n;
+    const bool wants_rcond = !is_null(call.rcond);
+    return finish_objects<L>(
+        count, order * order * order, Memory<S>::bytes(n), status,
+        [&](const Group &group, char *memory, int *statuses) {
+            const auto a = group.objects<const T, L>(call.a);
+            const auto x = group.objects<T, L>(call.x);
+            const Memory<S> m(memory, n);
+            const auto rest = [&](const Verdict<S> &verdict) {
+                S norm = splat<S>(0);
+                if (wants_rcond) { // of the source, which the destination may be
+                    load_objects(m.rest, a, n, n);
+                    norm = column_norm(m.rest, n);
+                }
+                if (lane_bits(verdict.even() & verdict.in_reach()) != all_lanes<S>)
+                    invert_rest<T>(a, n, verdict, m, statuses);
+                else
+                    put_in_order(m.y, m.t, m.p, n);
+                if (wants_rcond) {
+                    S r = splat<S>(1) / norm / column_norm(m.y, n);
+                    for (int l = 0; l < L; ++l)
+                        if (statuses[l] != zelStatusOk)
+                            r[l] = statuses[l] == zelStatusSingular
+                                       ? 0
+                                       : std::numeric_limits<T>::quiet_NaN();
+                    store_objects(group.objects<T, L>(call.rcond), &r, 1, 1);
+                }
+                store_objects(x, m.y, n, n);
+            };
+            with_order<2, largest_straight_line_order>(
+                n,
+                [&](auto N) __attribute__((always_inline)) {
+                    S in[N][N], t[N][N];
+                    IndexOf<S> p[N];
+                    load_lanes<T>(in, a, 0);
+                    unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { t[i][j] = in[j][i]; }); });
+                    const Verdict<S> verdict = reduce<N>(t, p);
+                    if (lane_bits(verdict.even() & verdict.in_reach()) == all_lanes<S> &&
+                        !wants_rcond) [[likely]] {
+                        unroll<N>(
+                            ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { in[i][j] = t[j][i]; }); });
+                        store_lanes<T>(x, 0, in, ComputedRows<T, N>{p});
+                        return;
+                    }
+                    for (int e = 0; e < N * N; ++e)
+                        m.t[e] = t[e / N][e % N];
+                    for (int i = 0; i < N; ++i)
+                        m.p[i] = p[i];
+                    rest(verdict);
+                },
+                [&] {
+                    load_objects(m.t, a, n, n);
+                    transpose_in_place(m.t, n);
+                    const Verdict<S> verdict = reduce(m.t, m.p, n, m.f);
+                    if (lane_bits(verdict.even() & verdict.in_reach()) == all_lanes<S> &&
+                        !wants_rcond) [[likely]] {
+                        transpose_in_place(m.t, n);
+                        const auto row = [&](int i, int lane) {
+                            return static_cast<int>(m.p[i][lane]);
+                        };
+                        for_each_run<T, L>(
+                            n, n, [&](int i, int j, auto K) __attribute__((always_inline)) {
+                                store_row<T>(
+                                    x, 0, {n, n}, i, j,
+                                    *reinterpret_cast<S(*)[decltype(K)::value]>(m.t + i * n + j),
+                                    RowNumbers{row});
+                            });
+                        return;
+                    }
+                    rest(verdict);
+                });
+        });
+}
+
+} // namespace
+} // namespace zelm::safe
+
+#define INVERSE(T, suffix)                                                                         \
+    extern "C" int zelmSafeInverse_##suffix(ZelmView a, ZelmView x, int order, ptrdiff_t count,    \
+                                            ZelmStatusView status, ZelmView rcond) {               \
+        using namespace zelm::safe;                                                                \
+        if (const int wrong = first_wrong(count, {order}, a, x))                                   \
+            return wrong;                                                                          \
+        return invert<T>({a, x, rcond, order}, count, status);                                     \
+    }
+INVERSE(float, 32f)
+INVERSE(double, 64f)

@@ -1,0 +1,193 @@
+// Arrays of objects for solvers that finish every object: any signed distances, any number of
+// objects, and a status for each.
+//
+// A group of lanes is given by an address per lane. Behind the last object the lanes take its
+// address again: they compute and store what its own lane does.
+#pragma once
+
+#include "../frame/lane_access.hpp"
+#include "../frame/parallel.hpp"
+#include "zelmsafe.h"
+
+#include <cstdlib>
+
+namespace zelm::safe {
+
+// One object in each of L lanes, as an operand.
+template <class T, int L>
+struct Objects {
+    using Type = T;
+    using Element = std::remove_const_t<T>;
+    static constexpr bool is_array = true, is_tabled = false, has_table = true;
+    static constexpr int object_rank = 2;
+
+    ByteOf<T> *at[L];
+    Distance stride1, stride2;
+    bool is_planar;
+
+    ZELM_INLINE ByteOf<T> *object(int lane) const { return at[lane]; }
+    ZELM_INLINE StridedView<T> view(int lane) const { return {at[lane], stride1, stride2}; }
+    ZELM_INLINE bool planar() const { return is_planar; }
+    // Column j as a matrix of one column.
+    ZELM_INLINE Objects column(int j) const {
+        Objects c = *this;
+        for (auto &p : c.at)
+            p += j * stride2;
+        return c;
+    }
+};
+
+// Objects first ... first + live - 1 of an array.
+struct Group {
+    Distance first;
+    int live;
+
+    template <class T, int L>
+    ZELM_INLINE Objects<T, L> objects(const ZelmView &v) const {
+        Objects<T, L> o;
+        o.stride1 = v.stride1;
+        o.stride2 = v.stride2;
+        o.is_planar = v.table == nullptr && v.stride0 == Distance{sizeof(T)} && live == L;
+        unroll<L>(ZELM_EACH(l) {
+            const Distance n = first + (l < live ? l : live - 1);
+            o.at[l] = v.table == nullptr ? static_cast<ByteOf<T> *>(v.data) + n * v.stride0
+                                         : static_cast<ByteOf<T> *>(v.table[n]) + v.stride0;
+        });
+        return o;
+    }
+};
+
+ZELM_INLINE bool is_null(const ZelmView &v) { return v.data == nullptr && v.table == nullptr; }
+
+// The first failure of all, whichever thread meets it: the number of the object and its status.
+class FirstFailure {
+public:
+    ZELM_INLINE void note(Distance object, int status) {
+        if (__atomic_load_n(&object_, __ATOMIC_RELAXED) > object) {
+#pragma omp critical(zelm_first_failure)
+            if (object < object_) {
+                __atomic_store_n(&object_, object, __ATOMIC_RELAXED);
+                status_ = status;
+            }
+        }
+    }
+    int status() const { return status_; }
+
+private:
+    Distance object_ = PTRDIFF_MAX;
+    int status_ = zelStatusOk;
+};
+
+// Below this many multiplications and additions a call stays on its thread: some 20 microseconds.
+inline constexpr double parallel_work = 1e5;
+inline constexpr std::size_t scratch_alignment = 64;
+
+// Runs kernel(group, scratch, statuses) over all objects in groups of L lanes. `scratch` has
+// scratch_bytes, aligned; the kernel sets statuses[lane] where a lane fails. `work` counts the
+// operations of one object.
+template <int L, class Kernel>
+int finish_objects(Distance count, double work, std::size_t scratch_bytes, ZelmStatusView status,
+                   const Kernel &kernel) {
+    FirstFailure failure;
+    Distance base = 0; // ranges are numbered by int
+    const auto range = [&](int first, int n, void *memory) {
+        char *const scratch =
+            static_cast<char *>(memory) +
+            (scratch_alignment - reinterpret_cast<std::uintptr_t>(memory) % scratch_alignment);
+        for (int done = 0; done < n; done += n - done < L ? n - done : L) {
+            const Group group = {base + first + done, n - done < L ? n - done : L};
+            int statuses[L] = {};
+            kernel(group, scratch, statuses);
+            for (int l = 0; l < group.live; ++l) {
+                if (statuses[l] != zelStatusOk) [[unlikely]]
+                    failure.note(group.first + l, statuses[l]);
+                if (status.first != nullptr)
+                    store<int>(reinterpret_cast<char *>(status.first) +
+                                   (group.first + l) * status.stride,
+                               statuses[l]);
+            }
+        }
+        return zelStatusOk;
+    };
+    using Range = decltype(range);
+    const RangeKernel ranges = {[](const void *context, int first, int n, void *memory) {
+                                    return (*static_cast<const Range *>(context))(first, n, memory);
+                                },
+                                &range};
+    alignas(scratch_alignment) char local[8192];
+    const std::size_t bytes = scratch_bytes + scratch_alignment;
+    void *const own = bytes <= sizeof local ? local : std::malloc(bytes);
+    if (own == nullptr)
+        return zelmSafeNoMemory;
+    constexpr Distance most = 1 << 30; // objects at once
+    for (; base < count; base += most) {
+        const int n = static_cast<int>(count - base < most ? count - base : most);
+        if (work * n < parallel_work)
+            range(0, n, own);
+        else
+            y8_ownOMP_zelm_ranges(ranges, n, bytes, own);
+    }
+    if (own != local)
+        std::free(own);
+    return failure.status();
+}
+
+// The order of checks of every function. Sizes whose scratch would not fit an address are refused.
+template <class... Views>
+int first_wrong(Distance count, std::initializer_list<int> sizes, const Views &...views) {
+    constexpr int most = 1 << 20;
+    if ((is_null(views) || ...))
+        return zelStatusNullPointer;
+    if (count < 0)
+        return zelStatusBadCount;
+    for (const int size : sizes)
+        if (size < 1 || size > most)
+            return zelStatusBadSize;
+    return zelStatusOk;
+}
+
+// ---- whole objects in registers' memory, row by row ----
+
+template <class T, int L, class F>
+ZELM_INLINE void for_each_run(int rows, int columns, const F &f) {
+    for (int i = 0; i < rows; ++i)
+        in_steps<T>(
+            0, columns, [&](int j, auto K) __attribute__((always_inline)) { f(i, j, K); });
+}
+template <class S, class T, int L>
+ZELM_INLINE void load_objects(S *a, const Objects<T, L> &from, int rows, int columns) {
+    using E = ElementOf<S>;
+    constexpr int registers = lanes_of<S> / lanes_per_register<E>;
+    for_each_run<E, L>(
+        rows, columns, [&](int i, int j, auto K) __attribute__((always_inline)) {
+            unroll<registers>(ZELM_EACH(r) {
+                Lanes<E> part[decltype(K)::value];
+                load_row<E>(part, from, r * lanes_per_register<E>, {rows, columns}, i, j);
+                unroll<decltype(K)::value>(ZELM_EACH(k) {
+                    if constexpr (registers == 1)
+                        a[i * columns + j + k] = part[k];
+                    else
+                        a[i * columns + j + k].r[r] = part[k];
+                });
+            });
+        });
+}
+template <class S, class T, int L>
+ZELM_INLINE void store_objects(const Objects<T, L> &to, const S *a, int rows, int columns) {
+    constexpr int registers = lanes_of<S> / lanes_per_register<T>;
+    for_each_run<T, L>(
+        rows, columns, [&](int i, int j, auto K) __attribute__((always_inline)) {
+            unroll<registers>(ZELM_EACH(r) {
+                Lanes<T> part[decltype(K)::value];
+                unroll<decltype(K)::value>(ZELM_EACH(k) {
+                    if constexpr (registers == 1)
+                        part[k] = a[i * columns + j + k];
+                    else
+                        part[k] = a[i * columns + j + k].r[r];
+                });
+                store_row<T>(to, r * lanes_per_register<T>, {rows, columns}, i, j, part);
+            });
+        });
+}
+
+} // namespace zelm::safe
