@@ -11,8 +11,14 @@ namespace zelm {
 // Factors the lower triangle of `a` in place. Returns the lanes that met a diagonal residual that
 // is not positive; a NaN is not found out. is_final(i, j) is called once a[i][j] is final, row by
 // row; with one lane the work ends at a failure, before the failing diagonal element is final.
-template <int N, class S, class IsFinal>
-ZELM_INLINE MaskOf<S> factor_cholesky(S (&a)[N][N], const IsFinal &is_final) {
+// rooted(i, d) is told the diagonal residuals, whose roots are L's diagonal.
+struct NotRooted {
+    template <class S>
+    ZELM_INLINE void operator()(int, const S &) const {}
+};
+template <int N, class S, class IsFinal, class Rooted = NotRooted>
+ZELM_INLINE MaskOf<S> factor_cholesky(S (&a)[N][N], const IsFinal &is_final,
+                                      const Rooted &rooted = {}) {
     MaskOf<S> failing = no_lane<S>();
     unroll<N>(ZELM_EACH(i) {
         if (lanes_of<S> == 1 && lane_bits(failing))
@@ -26,6 +32,7 @@ ZELM_INLINE MaskOf<S> factor_cholesky(S (&a)[N][N], const IsFinal &is_final) {
         failing = failing | (splat<S>(0) >= a[i][i]);
         if (lanes_of<S> == 1 && lane_bits(failing))
             return;
+        rooted(i, a[i][i]);
         a[i][i] = refined_reciprocal_root(a[i][i]);
         is_final(i, i);
     });
@@ -33,8 +40,8 @@ ZELM_INLINE MaskOf<S> factor_cholesky(S (&a)[N][N], const IsFinal &is_final) {
 }
 
 // The same for an order known at run time, column by column: a is n x n, row by row.
-template <class S>
-MaskOf<S> factor_cholesky(S *a, int n) {
+template <class S, class Rooted = NotRooted>
+MaskOf<S> factor_cholesky(S *a, int n, const Rooted &rooted = {}) {
     MaskOf<S> failing = no_lane<S>();
     for (int j = 0; j < n; ++j) {
         S r = splat<S>(0);
@@ -46,6 +53,7 @@ MaskOf<S> factor_cholesky(S *a, int n) {
                     unroll<C>(ZELM_EACH(c) { x[c] = x[c] - a[(i + c) * n + k] * a[j * n + k]; });
                 if (i == j) {
                     failing = failing | (splat<S>(0) >= x[0]);
+                    rooted(j, x[0]);
                     r = refined_reciprocal_root(x[0]);
                     x[0] = splat<S>(1);
                 }

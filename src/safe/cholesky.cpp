@@ -13,36 +13,37 @@ namespace {
 template <class T>
 inline constexpr int root_reach = Format<T>::reach / 2;
 
-// Turns the diagonal of a factor into L's. Returns the lanes where it is in reach.
+// The diagonal of a factor holds reciprocal roots of the residuals d. Turns r into L's element d *
+// r; returns the lanes where it is in reach.
 template <class S>
-struct Diagonal {
+ZELM_INLINE MaskOf<S> finish_diagonal(S &r, const S &d) {
     using T = ElementOf<S>;
-    MaskOf<S> fine = splat<S>(0) == splat<S>(0);
-
-    ZELM_INLINE void finish(S &r) {
-        fine = fine & (r >= splat<S>(power<T>(-root_reach<T>))) &
-               (r <= splat<S>(power<T>(root_reach<T>)));
-        r = refined_reciprocal(r);
-    }
-};
+    const auto fine =
+        (r >= splat<S>(power<T>(-root_reach<T>))) & (r <= splat<S>(power<T>(root_reach<T>)));
+    r = d * r;
+    return fine;
+}
 
 template <class T>
-MaskOf<Lanes<T>> factor_in_memory(Lanes<T> *a, int n, MaskOf<Lanes<T>> &failing) {
+MaskOf<Lanes<T>> factor_in_memory(Lanes<T> *a, int n, Lanes<T> *residuals,
+                                  MaskOf<Lanes<T>> &failing) {
     using S = Lanes<T>;
-    Diagonal<S> diagonal;
-    failing = with_order<2, 6>(
+    const auto note = [&](int i, const S &d) { residuals[i] = d; };
+    failing = with_order<2, largest_straight_line_order>(
         n,
         [&](auto N) {
             S f[N][N];
             unroll<N>(ZELM_EACH(i) { unroll<i + 1>(ZELM_EACH(j) { f[i][j] = a[i * N + j]; }); });
-            const auto lanes = factor_cholesky<N>(f, [](int, int) {});
+            const auto lanes = factor_cholesky<N>(
+                f, [](int, int) {}, note);
             unroll<N>(ZELM_EACH(i) { unroll<i + 1>(ZELM_EACH(j) { a[i * N + j] = f[i][j]; }); });
             return lanes;
         },
-        [&] { return factor_cholesky<S>(a, n); });
+        [&] { return factor_cholesky<S>(a, n, note); });
+    MaskOf<S> fine = splat<S>(0) == splat<S>(0);
     for (int i = 0; i < n; ++i)
-        diagonal.finish(a[i * n + i]);
-    return diagonal.fine;
+        fine = fine & finish_diagonal(a[i * n + i], residuals[i]);
+    return fine;
 }
 
 template <class T, class A>
@@ -62,7 +63,7 @@ template <class T, class A>
         for (int j = 0; j <= i; ++j)
             f[i * n + j] = scale(f[i * n + j]) * half;
     MaskOf<S> failing;
-    factor_in_memory<T>(f, n, failing);
+    factor_in_memory<T>(f, n, f + n * n, failing);
     Extent<S> result;
     for (int i = 0; i < n; ++i)
         for (int j = 0; j <= i; ++j) {
@@ -77,6 +78,34 @@ template <class T, class A>
     blank_failures(statuses, y, n * n);
 }
 
+// Two registers side by side: one's roots wait while the other works, as in the array functions.
+template <class T>
+using Pair = Interleaved<Lanes<T>, 2>;
+
+template <int N, class T, class From, class To>
+ZELM_INLINE unsigned try_order(const From &a, const To &l, Lanes<T> *y) {
+    using S = Pair<T>;
+    S f[N][N];
+    load_lanes<T, LowerTriangle>(f, a, 0);
+    S residuals[N];
+    const auto failing = factor_cholesky<N>(
+        f, [](int, int) {},
+        [&](int i, const S &d) __attribute__((always_inline)) { residuals[i] = d; });
+    MaskOf<S> in_reach = splat<S>(0) == splat<S>(0);
+    unroll<N>(ZELM_EACH(i) {
+        in_reach = in_reach & finish_diagonal(f[i][i], residuals[i]);
+        unroll<i + 1, N>(ZELM_EACH(j) { f[i][j] = splat<S>(0); });
+    });
+    const unsigned fine = lane_bits(in_reach) & ~lane_bits(failing);
+    if (fine == all_lanes<S>) [[likely]]
+        store_lanes<T>(l, 0, f);
+    else
+        unroll<2>(ZELM_EACH(r) {
+            unroll<N * N>(ZELM_EACH(e) { y[r * N * N + e] = f[e / N][e % N].r[r]; });
+        });
+    return fine;
+}
+
 template <class T>
 int cholesky(const ZelmView &from, const ZelmView &to, int n, Distance count,
              ZelmStatusView status) {
@@ -84,45 +113,43 @@ int cholesky(const ZelmView &from, const ZelmView &to, int n, Distance count,
     constexpr int L = lanes_of<S>;
     const double order = n;
     const auto elements = static_cast<std::size_t>(n) * static_cast<std::size_t>(n);
-    return finish_objects<L>(
-        count, order * order * order / 6, 2 * elements * sizeof(S), status,
-        [&](const Group &group, char *memory, int *statuses) {
-            S *const y = reinterpret_cast<S *>(memory), *const scratch = y + elements;
-            const auto a = group.objects<const T, L>(from);
-            const auto l = group.objects<T, L>(to);
-            const bool stored = with_order<2, 6>(
-                n,
-                [&](auto N) __attribute__((always_inline)) {
-                    S f[N][N];
-                    load_lanes<T, LowerTriangle>(f, a, 0);
-                    const auto failing = factor_cholesky<N>(f, [](int, int) {});
-                    Diagonal<S> diagonal;
-                    unroll<N>(ZELM_EACH(i) {
-                        diagonal.finish(f[i][i]);
-                        unroll<i + 1, N>(ZELM_EACH(j) { f[i][j] = splat<S>(0); });
-                    });
-                    const MaskOf<S> fine = diagonal.fine & ~failing;
-                    if (lane_bits(fine) == all_lanes<S>) [[likely]] {
-                        store_lanes<T>(l, 0, f);
-                        return true;
-                    }
-                    unroll<N * N>(ZELM_EACH(e) { y[e] = f[e / N][e % N]; });
-                    factor_rest<T>(a, n, fine, y, scratch, statuses);
-                    return false;
-                },
+    return finish_objects<2 * L>(
+        count, order * order * order / 6, (3 * elements + static_cast<std::size_t>(n)) * sizeof(S),
+        status, [&](const Group &group, char *memory, int *statuses) {
+            S *const y = reinterpret_cast<S *>(memory), *const scratch = y + 2 * elements;
+            const auto a = group.objects<const T, 2 * L>(from);
+            const auto l = group.objects<T, 2 * L>(to);
+            bool tried = true;
+            const unsigned fine = with_order<2, largest_straight_line_order>(
+                n, [&](auto N) __attribute__((always_inline)) { return try_order<N, T>(a, l, y); },
                 [&] {
-                    load_objects(y, a, n, n);
+                    tried = false;
+                    return 0u;
+                });
+            if (fine == all_lanes<Pair<T>>) [[likely]]
+                return false;
+            bool failed = false;
+            for (int r = 0; r < 2; ++r) {
+                S *const result = y + r * n * n;
+                const auto half = a.template part<L>(r * L);
+                auto here = splat_lanes<S>(fine >> (r * L));
+                if (!tried) {
+                    load_objects(result, half, n, n);
                     MaskOf<S> failing;
-                    const MaskOf<S> fine = factor_in_memory<T>(y, n, failing) & ~failing;
+                    here = factor_in_memory<T>(result, n, scratch, failing) & ~failing;
                     for (int i = 0; i < n; ++i)
                         for (int j = i + 1; j < n; ++j)
-                            y[i * n + j] = splat<S>(0);
-                    if (lane_bits(fine) != all_lanes<S>)
-                        factor_rest<T>(a, n, fine, y, scratch, statuses);
-                    return false;
-                });
-            if (!stored)
-                store_objects(l, y, n, n);
+                            result[i * n + j] = splat<S>(0);
+                }
+                if (lane_bits(here) != all_lanes<S>) {
+                    factor_rest<T>(half, n, here, result, scratch, statuses + r * L);
+                    failed = true;
+                }
+            }
+            // Last of all: a lane behind the last object has the address of one of the other half.
+            for (int r = 0; r < 2; ++r)
+                store_objects(l.template part<L>(r * L), y + r * n * n, n, n);
+            return failed;
         });
 }
 

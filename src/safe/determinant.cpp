@@ -102,6 +102,7 @@ int determinants(const ZelmView &a, int n, Distance count, ZelmStatusView status
         [&](const Group &group, char *memory, int *statuses) {
             finish(group, multiply_group<T>(group.objects<const T, L>(a), n, memory, statuses),
                    statuses);
+            return true;
         });
 }
 

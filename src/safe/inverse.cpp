@@ -187,13 +187,15 @@ int invert(const Call<T> &call, Distance count, ZelmStatusView status) {
             const auto a = group.objects<const T, L>(call.a);
             const auto x = group.objects<T, L>(call.x);
             const Memory<S> m(memory, n);
+            bool failed = false;
             const auto rest = [&](const Verdict<S> &verdict) {
                 S norm = splat<S>(0);
                 if (wants_rcond) { // of the source, which the destination may be
                     load_objects(m.rest, a, n, n);
                     norm = column_norm(m.rest, n);
                 }
-                if (lane_bits(verdict.even() & verdict.in_reach()) != all_lanes<S>)
+                failed = lane_bits(verdict.even() & verdict.in_reach()) != all_lanes<S>;
+                if (failed)
                     invert_rest<T>(a, n, verdict, m, statuses);
                 else
                     put_in_order(m.y, m.t, m.p, n);
@@ -250,6 +252,7 @@ int invert(const Call<T> &call, Distance count, ZelmStatusView status) {
                     }
                     rest(verdict);
                 });
+            return failed;
         });
 }
 

@@ -13,8 +13,6 @@
 
 namespace zelm::safe {
 
-inline constexpr int largest_straight_line_order = 6;
-
 // What an object's pivots tell without another look at its elements.
 template <class S>
 struct Pivots {

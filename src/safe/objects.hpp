@@ -13,6 +13,8 @@
 
 namespace zelm::safe {
 
+inline constexpr int largest_straight_line_order = 6;
+
 // One object in each of L lanes, as an operand.
 template <class T, int L>
 struct Objects {
@@ -28,6 +30,24 @@ struct Objects {
     ZELM_INLINE ByteOf<T> *object(int lane) const { return at[lane]; }
     ZELM_INLINE StridedView<T> view(int lane) const { return {at[lane], stride1, stride2}; }
     ZELM_INLINE bool planar() const { return is_planar; }
+    // Of the lanes from `lane` on.
+    template <int fewer>
+    ZELM_INLINE Objects<T, fewer> part(int lane) const {
+        Objects<T, fewer> p;
+        for (int l = 0; l < fewer; ++l)
+            p.at[l] = at[lane + l];
+        p.stride1 = stride1;
+        p.stride2 = stride2;
+        p.is_planar = is_planar;
+        return p;
+    }
+    // Rows and columns exchanged.
+    ZELM_INLINE Objects transposed() const {
+        Objects t = *this;
+        t.stride1 = stride2;
+        t.stride2 = stride1;
+        return t;
+    }
     // Column j as a matrix of one column.
     ZELM_INLINE Objects column(int j) const {
         Objects c = *this;
@@ -83,8 +103,8 @@ inline constexpr double parallel_work = 1e5;
 inline constexpr std::size_t scratch_alignment = 64;
 
 // Runs kernel(group, scratch, statuses) over all objects in groups of L lanes. `scratch` has
-// scratch_bytes, aligned; the kernel sets statuses[lane] where a lane fails. `work` counts the
-// operations of one object.
+// scratch_bytes, aligned; the kernel sets statuses[lane] where a lane fails and returns whether one
+// may have. `work` counts the operations of one object.
 template <int L, class Kernel>
 int finish_objects(Distance count, double work, std::size_t scratch_bytes, ZelmStatusView status,
                    const Kernel &kernel) {
@@ -97,14 +117,19 @@ int finish_objects(Distance count, double work, std::size_t scratch_bytes, ZelmS
         for (int done = 0; done < n; done += n - done < L ? n - done : L) {
             const Group group = {base + first + done, n - done < L ? n - done : L};
             int statuses[L] = {};
-            kernel(group, scratch, statuses);
-            for (int l = 0; l < group.live; ++l) {
-                if (statuses[l] != zelStatusOk) [[unlikely]]
-                    failure.note(group.first + l, statuses[l]);
-                if (status.first != nullptr)
-                    store<int>(reinterpret_cast<char *>(status.first) +
-                                   (group.first + l) * status.stride,
-                               statuses[l]);
+            const bool failed = kernel(group, scratch, statuses);
+            if (failed) [[unlikely]]
+                for (int l = 0; l < group.live; ++l)
+                    if (statuses[l] != zelStatusOk)
+                        failure.note(group.first + l, statuses[l]);
+            if (status.first != nullptr) {
+                char *const at =
+                    reinterpret_cast<char *>(status.first) + group.first * status.stride;
+                if (group.live == L && status.stride == Distance{sizeof(int)})
+                    __builtin_memcpy(at, statuses, sizeof statuses);
+                else
+                    for (int l = 0; l < group.live; ++l)
+                        store<int>(at + l * status.stride, statuses[l]);
             }
         }
         return zelStatusOk;

@@ -19,9 +19,10 @@ S reciprocal_condition(S norm, S inverse_norm) {
 
 // ---- a group as it stands: y is n x columns. Returns the lanes that need no more care. ----
 
-template <int N, class T, class A, class B>
-ZELM_INLINE MaskOf<Lanes<T>> try_order(const A &a, const B &b, int columns, Lanes<T> *y,
-                                       Lanes<T> *rcond) {
+// One right-hand side without a condition goes to its place at once if all lanes are fine.
+template <int N, class T, class A, class B, class X>
+ZELM_INLINE MaskOf<Lanes<T>> try_order(const A &a, const B &b, const X &x, int columns, Lanes<T> *y,
+                                       Lanes<T> *rcond, bool &stored) {
     using S = Lanes<T>;
     S f[N][N], norm = splat<S>(0);
     IndexOf<S> p[N];
@@ -32,19 +33,32 @@ ZELM_INLINE MaskOf<Lanes<T>> try_order(const A &a, const B &b, int columns, Lane
     Pivots<S> pivots;
     unroll<N>(ZELM_EACH(i) { pivots.note(f[i][i]); });
     S nothing = splat<S>(0);
-    for (int c = 0; c < columns; ++c) {
-        S v[N][1], row[N];
-        load_lanes<T>(v, b.column(c), 0, ComputedRows<T, N>{p});
+    const auto solve_column = [&](const B &column, S(&row)[N]) __attribute__((always_inline)) {
+        S v[N][1];
+        load_lanes<T>(v, column, 0, ComputedRows<T, N>{p});
         unroll<N>(ZELM_EACH(i) { row[i] = v[i][0]; });
         substitute<N>(f, row);
-        unroll<N>(ZELM_EACH(i) {
-            nothing = nothing + (row[i] - row[i]);
-            y[i * columns + c] = row[i];
-        });
+        unroll<N>(ZELM_EACH(i) { nothing = nothing + (row[i] - row[i]); });
+    };
+    if (columns == 1 && rcond == nullptr) [[likely]] {
+        S row[1][N];
+        solve_column(b, row[0]);
+        const MaskOf<S> fine = pivots.fine & (nothing == nothing);
+        stored = lane_bits(fine) == all_lanes<S>;
+        if (stored) [[likely]]
+            store_lanes<T>(x.transposed(), 0, row);
+        else
+            unroll<N>(ZELM_EACH(i) { y[i] = row[0][i]; });
+        return fine;
+    }
+    for (int c = 0; c < columns; ++c) {
+        S row[N];
+        solve_column(b.column(c), row);
+        unroll<N>(ZELM_EACH(i) { y[i * columns + c] = row[i]; });
     }
     if (rcond != nullptr) {
-        S x[N];
-        *rcond = reciprocal_condition(norm, Factors<S>{f[0], p, N}.inverse_norm(x));
+        S column[N];
+        *rcond = reciprocal_condition(norm, Factors<S>{f[0], p, N}.inverse_norm(column));
     }
     return pivots.fine & (nothing == nothing);
 }
@@ -121,16 +135,25 @@ int solve(const Call<T> &call, Distance count, ZelmStatusView status) {
             S *const y = reinterpret_cast<S *>(memory), *const scratch = y + results;
             const auto a = group.objects<const T, L>(call.a);
             const auto b = group.objects<const T, L>(call.b);
+            const auto x = group.objects<T, L>(call.x);
             S rcond;
             S *const r = call.wants_rcond() ? &rcond : nullptr;
+            bool stored = false;
             const MaskOf<S> fine = with_order<2, largest_straight_line_order>(
-                n, [&](auto N) { return try_order<N, T>(a, b, columns, y, r); },
+                n,
+                [&](auto N) __attribute__((always_inline)) {
+                    return try_order<N, T>(a, b, x, columns, y, r, stored);
+                },
                 [&] { return try_any_order<T>(a, b, n, columns, y, r, scratch); });
-            if (lane_bits(fine) != all_lanes<S>) [[unlikely]]
+            if (stored) [[likely]]
+                return false;
+            const bool failed = lane_bits(fine) != all_lanes<S>;
+            if (failed)
                 solve_rest<T>(a, b, n, columns, fine, y, r, scratch, statuses);
-            store_objects(group.objects<T, L>(call.x), y, n, columns);
+            store_objects(x, y, n, columns);
             if (r != nullptr)
                 store_objects(group.objects<T, L>(call.rcond), r, 1, 1);
+            return failed;
         });
 }
 
