@@ -92,6 +92,18 @@
  * not, it must not overlap one.
  *
  *
+ * Results: the result of an object depends neither on its position in an array, nor on the objects
+ * beside it, nor on the number of threads. It does not depend on the description and the strides
+ * either, except for dot products of 8 and more elements, L2Norm, FrobNorm and Invert: these add, or
+ * choose a method, as the memory suggests, and their last bits may differ.
+ *
+ *
+ * Failures: an array call stops at the first object that fails. When several threads share it, each
+ * stops at the first one of its own range, so what has been done behind a failure depends on the
+ * number of threads; the status is that of one of the failing objects and does not say which.
+ * zelmsafe.h has solvers that finish every object and have a status for each.
+ *
+ *
  * Threads: every function may be called from several threads at once. Large arrays are divided
  * among OpenMP threads; zelcore.h tells how their number is set.
  */
