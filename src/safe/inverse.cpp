@@ -5,50 +5,78 @@
 namespace zelm::safe {
 namespace {
 
-// Gauss-Jordan elimination in place is fast, and as accurate as substitution as long as the pivots
-// are of one order of magnitude (Higham: Accuracy and Stability of Numerical Algorithms, 14.4).
-// Elsewhere the columns of the inverse are solved for one by one.
+// Closed forms (orders 2 to 4) and Gauss-Jordan elimination in place are fast, and as accurate as
+// substitution as long as the determinant is not small beside the elements, or the pivots are of
+// one order of magnitude (Higham: Accuracy and Stability of Numerical Algorithms, 14.4). Elsewhere
+// the columns of the inverse are solved for one by one.
 //
 // The elimination works on the transposed matrix: its columns k are then rows p[k] of the inverse.
 
-// Pivots this far apart, as a power of two.
+inline constexpr int largest_closed_form = 4;
+
+// As powers of two: the determinant beside the largest element to the power of the order, the
+// smallest pivot beside the largest, and the elements that no closed form takes out of the range.
+template <class T>
+inline constexpr int determinant_ratio = sizeof(T) == 4 ? 9 : 12;
 template <class T>
 inline constexpr int pivot_ratio = sizeof(T) == 4 ? 8 : 20;
+template <class T>
+inline constexpr int element_reach = Format<T>::reach / 3;
 
 template <class S>
 struct Verdict {
+    MaskOf<S> accurate, in_reach;
+
+    ZELM_INLINE bool fine() const { return lane_bits(accurate & in_reach) == all_lanes<S>; }
+};
+
+template <class S>
+class PivotExtremes {
+public:
     using T = ElementOf<S>;
-    S smallest = splat<S>(std::numeric_limits<T>::infinity()), largest = splat<S>(0);
-    S nothing = splat<S>(0);
 
     ZELM_INLINE void note(S pivot) {
         const S m = magnitude(pivot);
-        smallest = smaller(m, smallest);
-        largest = larger(m, largest);
-        nothing = nothing + (pivot - pivot);
+        smallest_ = smaller(m, smallest_);
+        largest_ = larger(m, largest_);
+        nothing_ = nothing_ + (pivot - pivot);
     }
-    ZELM_INLINE MaskOf<S> even() const { // pivots of one order of magnitude, all finite
-        return (nothing == nothing) & (smallest >= largest * splat<S>(power<T>(-pivot_ratio<T>))) &
-               (largest > splat<S>(0));
-    }
-    ZELM_INLINE MaskOf<S> in_reach() const {
+    ZELM_INLINE Verdict<S> verdict() const {
         constexpr int reach = Format<T>::reach;
-        return (smallest >= splat<S>(power<T>(-reach))) & (largest <= splat<S>(power<T>(reach)));
+        return {(nothing_ == nothing_) & (largest_ > splat<S>(0)) &
+                    (smallest_ >= largest_ * splat<S>(power<T>(-pivot_ratio<T>))),
+                (smallest_ >= splat<S>(power<T>(-reach))) &
+                    (largest_ <= splat<S>(power<T>(reach)))};
     }
+
+private:
+    S smallest_ = splat<S>(std::numeric_limits<T>::infinity()), largest_ = splat<S>(0);
+    S nothing_ = splat<S>(0); // NaN once a pivot was not finite
 };
 
+// Order 2 to 4: x becomes the inverse of a.
+template <int N, class S>
+ZELM_INLINE Verdict<S> invert_directly(S (&x)[N][N], const S (&a)[N][N]) {
+    using T = ElementOf<S>;
+    S largest = splat<S>(0), least = splat<S>(power<T>(-determinant_ratio<T>));
+    unroll<N * N>(ZELM_EACH(e) { largest = larger(magnitude(a[e / N][e % N]), largest); });
+    unroll<N>([&](auto) { least = least * largest; });
+    const S d = cofactors(x, a);
+    divide(x, refined_reciprocal(d));
+    return {magnitude(d) >= least, (largest >= splat<S>(power<T>(-element_reach<T>))) &
+                                       (largest <= splat<S>(power<T>(element_reach<T>)))};
+}
 // Inverts t, the transposed matrix, in place.
 template <int N, class S>
 ZELM_INLINE Verdict<S> reduce(S (&t)[N][N], IndexOf<S> (&p)[N]) {
-    Verdict<S> verdict;
+    PivotExtremes<S> pivots;
     gauss_jordan(
-        t, p,
-        ElementOf<S>{0}, [&](S pivot) __attribute__((always_inline)) { verdict.note(pivot); });
-    return verdict;
+        t, p, ElementOf<S>{0}, [&](S pivot) __attribute__((always_inline)) { pivots.note(pivot); });
+    return pivots.verdict();
 }
 template <class S>
 Verdict<S> reduce(S *t, IndexOf<S> *p, int n, S *f) {
-    Verdict<S> verdict;
+    PivotExtremes<S> pivots;
     for (int i = 0; i < n; ++i)
         p[i] = splat_index<S>(i);
     for (int k = 0; k < n; ++k) {
@@ -56,24 +84,36 @@ Verdict<S> reduce(S *t, IndexOf<S> *p, int n, S *f) {
         const S pivot = step.pivot();
         exchange_numbers(p, k, step);
         step.reduce(f, splat<S>(1) / pivot);
-        verdict.note(pivot);
+        pivots.note(pivot);
     }
-    return verdict;
+    return pivots.verdict();
 }
 template <class S>
 [[gnu::noinline]] Verdict<S> reduce_in_memory(S *t, IndexOf<S> *p, int n, S *f) {
     return with_order<2, largest_straight_line_order>(
         n,
         [&](auto N) {
-            S a[N][N];
-            IndexOf<S> q[N];
-            for (int e = 0; e < N * N; ++e)
-                a[e / N][e % N] = t[e];
-            const Verdict<S> verdict = reduce<N>(a, q);
-            for (int e = 0; e < N * N; ++e)
-                t[e] = a[e / N][e % N];
-            for (int i = 0; i < N; ++i)
-                p[i] = q[i];
+            S x[N][N];
+            Verdict<S> verdict;
+            if constexpr (N <= largest_closed_form) {
+                S a[N][N];
+                for (int e = 0; e < N * N; ++e)
+                    a[e % N][e / N] = t[e];
+                verdict = invert_directly(x, a);
+                for (int e = 0; e < N * N; ++e)
+                    t[e] = x[e % N][e / N];
+                for (int i = 0; i < N; ++i)
+                    p[i] = splat_index<S>(i);
+            } else {
+                IndexOf<S> q[N];
+                for (int e = 0; e < N * N; ++e)
+                    x[e / N][e % N] = t[e];
+                verdict = reduce<N>(x, q);
+                for (int e = 0; e < N * N; ++e)
+                    t[e] = x[e / N][e % N];
+                for (int i = 0; i < N; ++i)
+                    p[i] = q[i];
+            }
             return verdict;
         },
         [&] { return reduce(t, p, n, f); });
@@ -120,7 +160,7 @@ template <class T, class A>
 [[gnu::noinline]] void invert_rest(const A &a, int n, const Verdict<Lanes<T>> &verdict,
                                    const Memory<Lanes<T>> &m, int *statuses) {
     using S = Lanes<T>;
-    const MaskOf<S> fine = verdict.even() & verdict.in_reach();
+    const MaskOf<S> fine = verdict.accurate & verdict.in_reach;
     put_in_order(m.y, m.t, m.p, n);
     Careful<T> careful(m.rest, n);
     load_objects(careful.f, a, n, n);
@@ -135,7 +175,7 @@ template <class T, class A>
         set_status(statuses, ~result.finite(), zelmSafeOutOfRange);
     };
     // Out of reach: the same elimination of the object brought to one exponent.
-    if (lane_bits(open & ~verdict.in_reach()) != 0) {
+    if (lane_bits(open & ~verdict.in_reach) != 0) {
         load_objects(m.t, a, n, n);
         transpose_in_place(m.t, n);
         Extent<S> extent;
@@ -146,10 +186,10 @@ template <class T, class A>
         constexpr int working = Format<T>::working_exponent;
         for (int e = 0; e < n * n; ++e)
             m.t[e] = scale(m.t[e]) * splat<S>(power<T>(-working));
-        const MaskOf<S> even = reduce_in_memory(m.t, m.p, n, m.f).even();
+        const MaskOf<S> accurate = reduce_in_memory(m.t, m.p, n, m.f).accurate;
         for (int e = 0; e < n * n; ++e)
             m.t[e] = scaled<T>(m.t[e], scale.exponent - working);
-        const MaskOf<S> lanes = open & ~verdict.in_reach() & even;
+        const MaskOf<S> lanes = open & ~verdict.in_reach & accurate;
         // In the order of the rows, by way of scratch that the factors do not need.
         S *const ordered = m.rest + careful_elements<T>(n);
         put_in_order(ordered, m.t, m.p, n);
@@ -194,7 +234,7 @@ int invert(const Call<T> &call, Distance count, ZelmStatusView status) {
                     load_objects(m.rest, a, n, n);
                     norm = column_norm(m.rest, n);
                 }
-                failed = lane_bits(verdict.even() & verdict.in_reach()) != all_lanes<S>;
+                failed = !verdict.fine();
                 if (failed)
                     invert_rest<T>(a, n, verdict, m, statuses);
                 else
@@ -214,29 +254,41 @@ int invert(const Call<T> &call, Distance count, ZelmStatusView status) {
                 n,
                 [&](auto N) __attribute__((always_inline)) {
                     S in[N][N], t[N][N];
-                    IndexOf<S> p[N];
                     load_lanes<T>(in, a, 0);
-                    unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { t[i][j] = in[j][i]; }); });
-                    const Verdict<S> verdict = reduce<N>(t, p);
-                    if (lane_bits(verdict.even() & verdict.in_reach()) == all_lanes<S> &&
-                        !wants_rcond) [[likely]] {
+                    if constexpr (N <= largest_closed_form) {
+                        const Verdict<S> verdict = invert_directly(t, in);
+                        if (verdict.fine() && !wants_rcond) [[likely]] {
+                            store_lanes<T>(x, 0, t);
+                            return;
+                        }
+                        for (int e = 0; e < N * N; ++e)
+                            m.t[e] = t[e % N][e / N];
+                        for (int i = 0; i < N; ++i)
+                            m.p[i] = splat_index<S>(i);
+                        rest(verdict);
+                    } else {
+                        IndexOf<S> p[N];
                         unroll<N>(
-                            ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { in[i][j] = t[j][i]; }); });
-                        store_lanes<T>(x, 0, in, ComputedRows<T, N>{p});
-                        return;
+                            ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { t[i][j] = in[j][i]; }); });
+                        const Verdict<S> verdict = reduce<N>(t, p);
+                        if (verdict.fine() && !wants_rcond) [[likely]] {
+                            unroll<N>(
+                                ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { in[i][j] = t[j][i]; }); });
+                            store_lanes<T>(x, 0, in, ComputedRows<T, N>{p});
+                            return;
+                        }
+                        for (int e = 0; e < N * N; ++e)
+                            m.t[e] = t[e / N][e % N];
+                        for (int i = 0; i < N; ++i)
+                            m.p[i] = p[i];
+                        rest(verdict);
                     }
-                    for (int e = 0; e < N * N; ++e)
-                        m.t[e] = t[e / N][e % N];
-                    for (int i = 0; i < N; ++i)
-                        m.p[i] = p[i];
-                    rest(verdict);
                 },
                 [&] {
                     load_objects(m.t, a, n, n);
                     transpose_in_place(m.t, n);
                     const Verdict<S> verdict = reduce(m.t, m.p, n, m.f);
-                    if (lane_bits(verdict.even() & verdict.in_reach()) == all_lanes<S> &&
-                        !wants_rcond) [[likely]] {
+                    if (verdict.fine() && !wants_rcond) [[likely]] {
                         transpose_in_place(m.t, n);
                         const auto row = [&](int i, int lane) {
                             return static_cast<int>(m.p[i][lane]);
