@@ -175,6 +175,7 @@ void try_faults(const Member &m, int sizes) {
 }
 
 TEST(Checks, EverySingleAndEveryPairOfFaultyArguments) {
+    EXPECT_EQ(members().size(), 787u);
     for (const Member &m : members())
         for (const int sizes : {3, 4, 5, 6})
             try_faults(m, sizes);

@@ -106,7 +106,7 @@ int serial_count(const Member &m, int n) {
 }
 
 TEST(CholeskyDecomp, EveryOrderAndCountInEveryMixOfMemoryShapes) {
-    for (const Member *m : family("CholeskyDecomp")) {
+    for (const Member *m : family("CholeskyDecomp", 10)) {
         int step = 0;
         for (const int n : orders)
             for (const int count : counts(*m, n))
@@ -131,7 +131,7 @@ TEST(CholeskyDecomp, EveryOrderAndCountInEveryMixOfMemoryShapes) {
 // The residual of one diagonal element has a given value. Behind the failing object come one of
 // NaNs and one that fails too.
 TEST(CholeskyDecomp, StateAfterAFailureAtEveryObjectAndRow) {
-    for (const Member *m : family("CholeskyDecomp")) {
+    for (const Member *m : family("CholeskyDecomp", 10)) {
         const double least = m->is_float ? 0x1p-149 : 0x1p-1074;
         const std::pair<double, int> cases[] = {{0, not_definite},  {-0., not_definite},
                                                 {-1, not_definite}, {-least, not_definite},
@@ -174,7 +174,7 @@ TEST(CholeskyDecomp, ReciprocalRootOfAllMagnitudes) {
 }
 
 TEST(CholeskyBackSubst, EveryOrderAndCountInEveryMixOfMemoryShapes) {
-    for (const Member *m : family("CholeskyBackSubst")) {
+    for (const Member *m : family("CholeskyBackSubst", 16)) {
         int step = 0;
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 13, 16, 17, 33, 65, 256, 257})
             for (const int count : counts(*m, n))
@@ -203,12 +203,14 @@ TEST(CholeskyBackSubst, EveryOrderAndCountInEveryMixOfMemoryShapes) {
 TEST(CholeskyTogether, SourcesAndDestinationsAmongOneAnother) {
     constexpr int turns[][3] = {{0, 1, 2}, {1, 0, 2}, {0, 1, 1}, {1, 0, 1}}; // from, to, step
     constexpr int count = 9;
-    for (const Member &m : members())
+    const auto shared_by = those(members(), 18, [](const Member &m) {
+        return m.is_array() && among(m.family, "CholeskyDecomp CholeskyBackSubst");
+    });
+    for (const Member *member : shared_by)
         for (int n = 1; n <= 9; ++n)
             for (int c = 0; c < 28; ++c) {
+                const Member &m = *member;
                 const bool decomposes = m.family == "CholeskyDecomp";
-                if (!m.is_array() || (!decomposes && m.family != "CholeskyBackSubst"))
-                    continue;
                 const auto &[from, to, step] = turns[c % 4];
                 const int shared = decomposes ? 0 : 1;
                 Problem problem(m, {n, n, 1, 2 * count}, all_in(m, c / 4), shared);

@@ -192,11 +192,9 @@ std::vector<Sizes> around(const Row &row, std::int64_t limit) {
 }
 
 std::vector<const Member *> array_members() {
-    std::vector<const Member *> those;
-    for (const Member &m : members())
-        if (m.is_array() && !among(m.family, "Copy Extract LoadIdentity Transpose"))
-            those.push_back(&m);
-    return those;
+    return those(members(), 529, [](const Member &m) {
+        return m.is_array() && !among(m.family, "Copy Extract LoadIdentity Transpose");
+    });
 }
 
 TEST(Decision, AtTheLimit) {
@@ -301,14 +299,13 @@ TEST(Decision, NumberOfQuestions) {
 }
 
 TEST(Decision, MovesStaySerial) {
-    for (const Member &m : members())
-        if (among(m.family, "Copy Extract LoadIdentity Transpose")) {
-            Problem problem(m, {6, 6, 6, 3000}, all_in(m, packed));
-            problem.fill(3);
-            stub_core_answers({2});
-            EXPECT_EQ(problem.run(), 0) << m.name;
-            EXPECT_EQ(stub_core_questions(), 0) << m.name;
-        }
+    for (const Member *m : family("Copy Extract LoadIdentity Transpose", 82)) {
+        Problem problem(*m, {6, 6, 6, 3000}, all_in(*m, packed));
+        problem.fill(3);
+        stub_core_answers({2});
+        EXPECT_EQ(problem.run(), 0) << m->name;
+        EXPECT_EQ(stub_core_questions(), 0) << m->name;
+    }
 }
 
 // The size of the largest cache is asked for where both sides are above 128, for 32f rows without
@@ -347,10 +344,11 @@ bool scratch_is_short = false;
 // The caller's buffer is used where one thread has all objects: on the serial path, and where there
 // is no memory for the threads.
 TEST(Decision, WhoseBufferIsUsed) {
-    for (const Member *m : array_members()) {
+    const auto with_buffers = those(members(), 24, [](const Member &m) {
+        return m.is_array() && among(m.family, "Invert Det QRBackSubst");
+    });
+    for (const Member *m : with_buffers) {
         const bool qr = m->family == "QRBackSubst"; // of the last object alone, behind the groups
-        if (!qr && m->family != "Invert" && m->family != "Det")
-            continue;
         const Sizes sizes =
             qr ? Sizes{9, 7, 1, 201} : Sizes{17, 17, 1, m->family == "Det" ? 851 : 81};
         Problem problem(*m, sizes, all_in(*m, packed));

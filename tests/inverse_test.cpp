@@ -101,7 +101,7 @@ std::vector<int> counts_of(const Member &m, int n) {
 }
 
 TEST(Invert, EveryOrderAndCountInEveryMixOfMemoryShapes) {
-    for (const Member *m : family("Invert")) {
+    for (const Member *m : family("Invert", 10)) {
         int step = 0;
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 12, 16, 17, 32, 33})
             for (const int count : counts_of(*m, n))
@@ -122,7 +122,7 @@ TEST(Invert, EveryOrderAndCountInEveryMixOfMemoryShapes) {
 
 // A diagonal matrix of ones and one other element, which is pivot, last pivot or determinant.
 TEST(Invert, ThresholdsOfEveryOrder) {
-    for (const Member *m : family("Invert"))
+    for (const Member *m : family("Invert", 10))
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 16, 17})
             for (int step = 0; step < (n > 9 ? 2 : 2 * n); ++step)
                 for (const int shape : {packed, strided}) {
@@ -153,7 +153,7 @@ TEST(Invert, ThresholdsOfEveryOrder) {
 
 // Behind the failing object come one of NaNs or infinities and one that fails too.
 TEST(Invert, StateAfterAFailureAtEveryObject) {
-    for (const Member *m : family("Invert")) {
+    for (const Member *m : family("Invert", 10)) {
         int step = 0;
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9})
             for (int count = 1; count <= serial_count(*m, n); ++count)
@@ -265,7 +265,7 @@ TEST(Invert, IsSingularWhereEliminationSaysSo) {
 // Transformations of space: a row of zeros and a one. Far from all thresholds but for the minors of
 // that row, some of the objects not even that.
 TEST(Invert, OfArraysWithSomeSmallMinors) {
-    for (const Member *m : family("Invert"))
+    for (const Member *m : family("Invert", 10))
         for (const int n : {2, 3, 4, 5, 6, 8, 16})
             for (const int shape : {planar, strided}) {
                 const int count = serial_count(*m, n);
@@ -417,7 +417,7 @@ bool gives_determinants(Problem &problem) {
 }
 
 TEST(Det, EveryOrderAndCountInEveryMixOfMemoryShapes) {
-    for (const Member *m : family("Det")) {
+    for (const Member *m : family("Det", 10)) {
         int step = 0;
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 12, 16, 17, 33})
             for (const int count : counts(*m, n))
@@ -452,7 +452,7 @@ TEST(Det, OfIntegersAndPermutations) {
 
 // One pivot, or the last element, has a given value. Of orders 3 to 6 nothing is cut off.
 TEST(Det, QuietlyBecomesZero) {
-    for (const Member *m : family("Det"))
+    for (const Member *m : family("Det", 10))
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 16, 17})
             for (int k = 0; k < n; ++k) {
                 const double t = threshold(m->is_float, n);

@@ -136,7 +136,7 @@ int serial_count(const Member &m, int n) {
 // where one thread has all objects.
 TEST(LUDecomp, EveryOrderAndCountInEveryMixOfMemoryShapes) {
     std::minstd_rand random;
-    for (const Member *m : family("LUDecomp")) {
+    for (const Member *m : family("LUDecomp", 10)) {
         int step = 0;
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 33, 64, 65, 100})
             for (const int count : counts(*m, n))
@@ -162,7 +162,7 @@ TEST(LUDecomp, EveryOrderAndCountInEveryMixOfMemoryShapes) {
 TEST(LUDecomp, TiesGoToTheEarliestInPivotOrder) {
     constexpr double from[3][3] = {{0, 1, 5}, {0, -1, 3}, {2, 4, 6}};
     constexpr double to[3][3] = {{0, -1, 8}, {0, -1, 3}, {2, 4, 6}};
-    for (const Member *m : family("LUDecomp"))
+    for (const Member *m : family("LUDecomp", 10))
         for (const int n : {3, 4, 5, 6, 7, 8, 16, 17}) {
             Problem problem = decomposition(*m, n, 5, mixed(*m, n), 0, false);
             const auto value = [](const auto &corner, int i, int j) {
@@ -180,7 +180,7 @@ TEST(LUDecomp, TiesGoToTheEarliestInPivotOrder) {
 // A diagonal matrix whose candidate for pivot k has a given value, in row k or, behind a zero, in
 // the last row. A NaN fails no comparison and is not preferred to a number.
 TEST(LUDecomp, ThresholdsAtEveryPivot) {
-    for (const Member *m : family("LUDecomp"))
+    for (const Member *m : family("LUDecomp", 10))
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 16, 17}) {
             const double limit = threshold(m->is_float, n);
             const double ulp = limit * (m->is_float ? 0x1p-23 : 0x1p-52); // half of it below
@@ -209,7 +209,7 @@ TEST(LUDecomp, ThresholdsAtEveryPivot) {
 // A column of zeros fails when all columns before it have been eliminated. Behind the failing
 // object come one of NaNs or infinities and one that fails too.
 TEST(LUDecomp, StateAfterAFailureAtEveryObjectAndColumn) {
-    for (const Member *m : family("LUDecomp")) {
+    for (const Member *m : family("LUDecomp", 10)) {
         int step = 0;
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 16, 17, 65})
             for (int count = 1; count <= serial_count(*m, n); ++count)
@@ -230,7 +230,7 @@ TEST(LUDecomp, StateAfterAFailureAtEveryObjectAndColumn) {
 
 // A zero on the diagonal is no error.
 TEST(LUBackSubst, EveryOrderAndCountInEveryMixOfMemoryShapes) {
-    for (const Member *m : family("LUBackSubst")) {
+    for (const Member *m : family("LUBackSubst", 16)) {
         int step = 0;
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 13, 16, 17, 33, 64, 65, 100, 256, 257})
             for (const int count : counts(*m, n))
@@ -253,12 +253,14 @@ TEST(LUBackSubst, EveryOrderAndCountInEveryMixOfMemoryShapes) {
 TEST(LUTogether, SourcesAndDestinationsAmongOneAnother) {
     constexpr int turns[][3] = {{0, 1, 2}, {1, 0, 2}, {0, 1, 1}, {1, 0, 1}}; // from, to, step
     constexpr int count = 9;
-    for (const Member &m : members())
+    const auto shared_by = those(members(), 18, [](const Member &m) {
+        return m.is_array() && among(m.family, "LUDecomp LUBackSubst");
+    });
+    for (const Member *member : shared_by)
         for (int n = 1; n <= 9; ++n)
             for (int c = 0; c < 28; ++c) {
+                const Member &m = *member;
                 const bool decomposes = m.family == "LUDecomp";
-                if (!m.is_array() || (!decomposes && m.family != "LUBackSubst"))
-                    continue;
                 const auto &[from, to, step] = turns[c % 4];
                 const int shared = decomposes ? 0 : 2;
                 Problem problem(m, {n, n, 1, 2 * count}, all_in(m, c / 4), shared);
@@ -287,8 +289,10 @@ TEST(LUTogether, SourcesAndDestinationsAmongOneAnother) {
 
 // Object k is the n*n elements from the k-th on.
 TEST(LUTogether, SourcesOverlapOneAnother) {
-    for (const Member *m : family("LUDecomp"))
-        for (int n = 1; m->is_array() && n <= 9; ++n) {
+    const auto arrays =
+        those(members(), 6, [](const Member &m) { return m.is_array() && m.family == "LUDecomp"; });
+    for (const Member *m : arrays)
+        for (int n = 1; n <= 9; ++n) {
             Problem problem = decomposition(*m, n, 9, all_in(*m, packed), 1, false);
             Objects to = all_objects(problem.destination()),
                     rows = all_objects(problem.operands[1]);

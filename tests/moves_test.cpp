@@ -58,16 +58,8 @@ bool moves(Problem &problem, unsigned seed) {
     return status == 0 && disturbed.empty() && wrong == 0;
 }
 
-std::vector<const Member *> movers() {
-    std::vector<const Member *> those;
-    for (const Member &m : members())
-        if (among(m.family, "Copy Extract LoadIdentity Transpose"))
-            those.push_back(&m);
-    return those;
-}
-
 TEST(Moves, EveryMemberInEveryMixOfMemoryShapes) {
-    for (const Member *m : movers()) {
+    for (const Member *m : family("Copy Extract LoadIdentity Transpose", 82)) {
         int step = 0;
         bool right = true;
         for (const Sizes &sizes : cases)
@@ -83,42 +75,42 @@ TEST(Moves, EveryMemberInEveryMixOfMemoryShapes) {
 
 // One object: the distance to the next is not looked at.
 TEST(Moves, OneObjectTakesAnyObjectStride) {
-    for (const Member *m : movers())
-        if (among(m->family, "Copy LoadIdentity"))
-            for (const int stride : {0, -4, 3, 8, INT_MIN, INT_MAX})
-                for (int shape = packed; shape < overlapping; ++shape) {
-                    Problem problem(*m, {3, 5, 1, 1}, all_in(*m, shape));
-                    for (std::size_t k = 0; k < problem.slots.size(); ++k)
-                        if (m->parameters[k].group == 's' && m->parameters[k].axis == 0)
-                            problem.slots[k].integer = stride;
-                    ASSERT_TRUE(moves(problem, 1)) << "stride " << stride;
-                }
+    for (const Member *m : family("Copy LoadIdentity", 42))
+        for (const int stride : {0, -4, 3, 8, INT_MIN, INT_MAX})
+            for (int shape = packed; shape < overlapping; ++shape) {
+                Problem problem(*m, {3, 5, 1, 1}, all_in(*m, shape));
+                for (std::size_t k = 0; k < problem.slots.size(); ++k)
+                    if (m->parameters[k].group == 's' && m->parameters[k].axis == 0)
+                        problem.slots[k].integer = stride;
+                ASSERT_TRUE(moves(problem, 1)) << "stride " << stride;
+            }
 }
 
 // The same memory on both sides: copies leave it, small transposes exchange it.
 TEST(Moves, InPlace) {
-    for (const Member *m : movers()) {
-        if (m->family == "Copy" &&
-            (m->description == "SS" || m->description == "PP" || m->description == "LL")) {
-            Problem problem(*m, {3, 4, 1, 7}, mixed(*m, 5), 0);
-            EXPECT_TRUE(moves(problem, 2));
-        }
-        if (m->family == "Transpose" && m->description != "P")
-            for (int order = 3; order <= 6; ++order) {
-                Problem problem(*m, {order, order, 1, 5}, all_in(*m, packed), 0);
-                fill_with_bits(problem.operands[0], m->is_float, 3);
-                std::vector<std::uint64_t> before;
-                problem.operands[0].for_each_element([&](int n, int i, int j) {
-                    before.push_back(problem.operands[0].bits(n, j, i));
-                });
-                ASSERT_EQ(problem.run(), 0);
-                std::size_t k = 0;
-                problem.destination().for_each_element([&](int n, int i, int j) {
-                    ASSERT_EQ(problem.destination().bits(n, i, j), before[k++])
-                        << problem.describe();
-                });
-            }
+    const auto copies = those(members(), 12, [](const Member &m) {
+        return m.family == "Copy" && among(m.description, "SS PP LL");
+    });
+    for (const Member *m : copies) {
+        Problem problem(*m, {3, 4, 1, 7}, mixed(*m, 5), 0);
+        EXPECT_TRUE(moves(problem, 2));
     }
+    const auto transposes = those(members(), 6, [](const Member &m) {
+        return m.family == "Transpose" && m.description != "P";
+    });
+    for (const Member *m : transposes)
+        for (int order = 3; order <= 6; ++order) {
+            Problem problem(*m, {order, order, 1, 5}, all_in(*m, packed), 0);
+            fill_with_bits(problem.operands[0], m->is_float, 3);
+            std::vector<std::uint64_t> before;
+            problem.operands[0].for_each_element(
+                [&](int n, int i, int j) { before.push_back(problem.operands[0].bits(n, j, i)); });
+            ASSERT_EQ(problem.run(), 0);
+            std::size_t k = 0;
+            problem.destination().for_each_element([&](int n, int i, int j) {
+                ASSERT_EQ(problem.destination().bits(n, i, j), before[k++]) << problem.describe();
+            });
+        }
 }
 
 // Into overlapping objects, to planes and from planes: the later object stays.

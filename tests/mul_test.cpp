@@ -22,11 +22,9 @@ constexpr Sizes cases[] = {
 };
 
 std::vector<const Member *> products() {
-    std::vector<const Member *> those;
-    for (const Member &m : members())
-        if (m.family == "Mul" && m.kinds.find('c') == std::string::npos)
-            those.push_back(&m);
-    return those;
+    return those(members(), 132, [](const Member &m) {
+        return m.family == "Mul" && m.kinds.find('c') == std::string::npos;
+    });
 }
 
 TEST(Mul, EveryKindInEveryMixOfMemoryShapes) {

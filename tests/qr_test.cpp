@@ -107,7 +107,7 @@ int serial_count(const Member &m, int h, int w) {
 }
 
 TEST(QRDecomp, EveryShapeAndCountInEveryMixOfMemoryShapes) {
-    for (const Member *m : family("QRDecomp")) {
+    for (const Member *m : family("QRDecomp", 10)) {
         int step = 0;
         for (const auto &[h, w] : shapes_of_matrices)
             for (const int count : counts(*m, h * w > 64 ? 17 : w))
@@ -131,7 +131,7 @@ TEST(QRDecomp, EveryShapeAndCountInEveryMixOfMemoryShapes) {
 // The sum of squares of one column, from the diagonal down, has a given value; it stands on the
 // diagonal or in the last row. Behind the failing object come one of NaNs and one that fails too.
 TEST(QRDecomp, StateAfterAFailureAtEveryObjectAndColumn) {
-    for (const Member *m : family("QRDecomp")) {
+    for (const Member *m : family("QRDecomp", 10)) {
         const double limit = double(epsilon(m->is_float)), ulp = m->is_float ? 0x1p-23 : 0x1p-52;
         // 2^-23 is no square: 2^-24 twice.
         const double half = m->is_float ? 0x1p-12 : std::sqrt(limit / 2);
@@ -174,7 +174,7 @@ TEST(QRDecomp, StateAfterAFailureAtEveryObjectAndColumn) {
 }
 
 TEST(QRBackSubst, EveryShapeAndCountInEveryMixOfMemoryShapes) {
-    for (const Member *m : family("QRBackSubst")) {
+    for (const Member *m : family("QRBackSubst", 16)) {
         int step = 0;
         for (const auto &[h, w] : shapes_of_matrices)
             for (const int count : counts(*m, h * w > 64 ? 17 : w))

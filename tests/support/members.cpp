@@ -203,6 +203,10 @@ const Member &member(std::string_view name) {
     throw std::logic_error("no member " + std::string(name));
 }
 
+std::vector<const Member *> family(std::string_view names, std::size_t expected) {
+    return those(members(), expected, [&](const Member &m) { return among(m.family, names); });
+}
+
 bool among(std::string_view word, std::string_view list) {
     std::istringstream words{std::string(list)};
     for (std::string each; words >> each;)

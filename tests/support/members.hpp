@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -68,6 +70,21 @@ struct FixedMember {
 const std::vector<Member> &members(); // but those of fixed size
 const std::vector<FixedMember> &fixed_members();
 const Member &member(std::string_view name);
+
+// The members that a test is about. It says how many there are: any other number throws.
+template <class M, class Which>
+std::vector<const M *> those(const std::vector<M> &all, std::size_t expected, Which which) {
+    std::vector<const M *> found;
+    for (const M &m : all)
+        if (std::invoke(which, m))
+            found.push_back(&m);
+    if (found.size() != expected)
+        throw std::logic_error("this test is for " + std::to_string(expected) + " members, not " +
+                               std::to_string(found.size()));
+    return found;
+}
+// All those of some families, named in a list of words.
+std::vector<const Member *> family(std::string_view names, std::size_t expected);
 
 // True when word is one of the blank-separated words of list.
 bool among(std::string_view word, std::string_view list);

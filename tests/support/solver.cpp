@@ -25,14 +25,6 @@ void put(Placed &operand, int k, Grid a) {
             operand.put(k, i, j, a(i, j));
 }
 
-std::vector<const Member *> family(const char *name) {
-    std::vector<const Member *> those;
-    for (const Member &m : members())
-        if (m.family == name)
-            those.push_back(&m);
-    return those;
-}
-
 bool gives(Problem &problem, int expected, std::size_t first, const std::vector<Objects> &values) {
     const int status = problem.run();
     std::string difference = problem.disturbed();

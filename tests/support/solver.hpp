@@ -36,8 +36,6 @@ Grid object(const Placed &operand, int k);
 Objects all_objects(const Placed &operand);
 void put(Placed &operand, int k, Grid a);
 
-std::vector<const Member *> family(const char *name);
-
 inline double rounded(bool single, double x) { return single ? static_cast<float>(x) : x; }
 double noise(int n, int i, int j); // in [-1, 1)
 
