@@ -5,6 +5,7 @@
 #include "support/problem.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
@@ -298,6 +299,36 @@ TEST(Decision, NumberOfQuestions) {
     }
 }
 
+// Every thread has one object, of matrices that are large enough for 80 of them to be worth it.
+// Where the size does not matter, or hardly, it takes more objects.
+TEST(Decision, RangesOfOneObject) {
+    int team = 1;
+#pragma omp parallel num_threads(80)
+#pragma omp single
+    team = omp_get_num_threads();
+    ASSERT_EQ(team, 80);
+    for (const Member *m : array_members()) {
+        const Row &row = row_of(*m);
+        Sizes sizes;
+        for (const int order : {4, 7, 16, 33})
+            if (estimate(row, sizes) <= limit_of(row, *m, true))
+                sizes = {order, order, order, 80};
+        while (estimate(row, sizes) <= limit_of(row, *m, true))
+            ++sizes.count;
+        Problem problem(*m, sizes, all_in(*m, far_objects));
+        problem.fill(9);
+        stub_core_answers({1});
+        ASSERT_EQ(problem.run(), 0) << problem.describe();
+        const std::vector<std::byte> serial = problem.image();
+        problem.clear_destinations();
+        stub_core_answers({sizes.count});
+        ASSERT_EQ(problem.run(), 0) << problem.describe();
+        ASSERT_EQ(stub_core_questions(), 2) << problem.describe();
+        ASSERT_TRUE(problem.image() == serial) << problem.describe();
+        ASSERT_EQ(problem.disturbed(), "") << problem.describe();
+    }
+}
+
 TEST(Decision, MovesStaySerial) {
     for (const Member *m : family("Copy Extract LoadIdentity Transpose", 82)) {
         Problem problem(*m, {6, 6, 6, 3000}, all_in(*m, packed));
@@ -309,31 +340,41 @@ TEST(Decision, MovesStaySerial) {
 }
 
 // The size of the largest cache is asked for where both sides are above 128, for 32f rows without
-// gaps inside. The result is the same on all paths.
+// gaps inside. The result is the same on all paths: past the cache, which takes heights that are a
+// multiple of 4, with rows and columns left over from tiles of 16; from rows of 4,096 bytes.
 TEST(Decision, TransposeAsksForTheCache) {
     constexpr struct {
-        int height, width, cache, questions;
+        int height, width, cache, questions, apart = 0; // bytes from row to row of the source
     } cases[] = {
-        {128, 400, 1 << 20, 0}, {300, 100, 1 << 20, 0}, {129, 129, 1 << 20, 1},
-        {200, 200, 1 << 20, 1}, {400, 400, 1 << 20, 1}, {401, 401, 1 << 20, 1},
-        {150, 272, 1000, 1},    {131, 144, 0, 1},
+        {128, 400, 1 << 20, 0},     {300, 100, 1 << 20, 0},     {129, 129, 1 << 20, 1},
+        {200, 200, 1 << 20, 1},     {400, 400, 1 << 20, 1},     {401, 401, 1 << 20, 1},
+        {150, 272, 1000, 1},        {131, 144, 0, 1},           {132, 144, 1000, 1},
+        {144, 135, 1000, 1},        {148, 141, 1000, 1},        {132, 137, 1 << 20, 1},
+        {80, 64, 1 << 20, 0, 4096}, {90, 77, 1 << 20, 0, 4096}, {148, 141, 1 << 20, 1, 4096},
+        {148, 141, 1000, 1, 4096},
     };
     for (const auto &c : cases)
         for (const char *name : {"zelmTranspose_m_32f", "zelmTranspose_m_64f"})
             for (const Edge edge : {Edge::first, Edge::last, Edge::odd}) {
                 const Member &m = member(name);
-                Problem problem(m, {c.height, c.width, 1, 1},
+                const int columns = c.apart == 0 ? c.width : c.apart / m.element();
+                Problem problem(m, {c.height, columns, 1, 1},
                                 {{packed, Edge::last}, {packed, edge}});
+                for (std::size_t k = 0; k < problem.slots.size(); ++k)
+                    if (m.parameters[k].name == "width")
+                        problem.slots[k].integer = c.width;
                 problem.fill(4);
                 stub_core_cache(c.cache);
                 EXPECT_EQ(problem.run(), 0);
                 EXPECT_EQ(stub_core_cache_questions(), m.is_float ? c.questions : 0)
                     << problem.describe();
                 int wrong = 0;
-                problem.operands[0].for_each_element([&](int n, int i, int j) {
-                    wrong += problem.operands[0].bits(n, i, j) != problem.operands[1].bits(n, j, i);
+                const Placed &from = problem.operands[0], &to = problem.operands[1];
+                from.for_each_element([&](int n, int i, int j) {
+                    wrong += j < c.width ? from.bits(n, i, j) != to.bits(n, j, i)
+                                         : !std::isnan(to.get(n, j, i));
                 });
-                EXPECT_EQ(wrong, 0) << problem.describe();
+                EXPECT_EQ(wrong, 0) << problem.describe() << ", rows apart " << c.apart;
                 EXPECT_EQ(problem.disturbed(), "") << problem.describe();
             }
 }

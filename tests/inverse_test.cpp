@@ -450,6 +450,26 @@ TEST(Det, OfIntegersAndPermutations) {
             }
 }
 
+// Elements are powers of two, so all products are exact. The rows of object k are one cycle from
+// row k on.
+TEST(Det, OfLargePermutations) {
+    for (const Member *m : family("Det", 10))
+        for (const int n : {34, 35, 64, 100}) {
+            Problem problem(*m, {n, n, 1, m->is_array() ? 4 : 1}, mixed(*m, n));
+            set_source(problem, [&](int k, int i, int j) {
+                const int last = i < k ? i : n - 1;
+                const int to = i == last ? std::min(i, k) : i + 1;
+                return j == to ? (i % 2 == 0 ? 2 : .5) : 0;
+            });
+            ASSERT_EQ(problem.run(), ok);
+            for (int k = 0; k < problem.sizes.count; ++k) {
+                const double sign = (n - k) % 2 == 0 ? -1 : 1;
+                ASSERT_EQ(problem.destination().get(k, 0, 0), sign * (n % 2 == 0 ? 1 : 2))
+                    << problem.describe() << " object " << k;
+            }
+        }
+}
+
 // One pivot, or the last element, has a given value. Of orders 3 to 6 nothing is cut off.
 TEST(Det, QuietlyBecomesZero) {
     for (const Member *m : family("Det", 10))

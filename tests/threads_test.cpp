@@ -142,6 +142,28 @@ TEST(Threads, GiveTheBitsOfOneInEveryFloatingPointMode) {
     }
 }
 
+// The floating-point modes of the threads of a team, which a call in another mode must leave.
+TEST(Threads, WorkersGetTheirFloatingPointModeBack) {
+    constexpr int threads = 4;
+    constexpr unsigned toward_zero = 0x6000;
+    const auto modes = [] {
+        std::vector<unsigned> of(threads);
+#pragma omp parallel num_threads(threads)
+        of[std::size_t(omp_get_thread_num())] = _mm_getcsr() & ~status_bits;
+        return of;
+    };
+#pragma omp parallel num_threads(threads)
+    _mm_setcsr(_mm_getcsr() | (omp_get_thread_num() == 2 ? toward_zero : 0));
+    const std::vector<unsigned> before = modes();
+    const Member &m = member("zelmAdd_mama_32f");
+    Problem problem(m, parallel_sizes(m), all_in(m, packed));
+    problem.fill(6);
+    run_with(problem, threads, upward_and_flush);
+    EXPECT_EQ(modes(), before);
+#pragma omp parallel num_threads(threads)
+    _mm_setcsr(_mm_getcsr() & ~toward_zero);
+}
+
 // Parallel calls in memory of their own, with their serial results.
 struct Call {
     std::unique_ptr<Problem> problem;

@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstring>
 #include <limits>
+#include <map>
 #include <random>
 #include <sstream>
 #include <stdexcept>
@@ -21,11 +22,20 @@ std::size_t page() {
 }
 
 std::byte *map(std::size_t size) {
-    void *at = mmap(nullptr, size, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    constexpr int flags = MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE;
+    void *at = mmap(nullptr, size, PROT_NONE, flags, -1, 0);
     if (at == MAP_FAILED)
         throw std::bad_alloc();
     return static_cast<std::byte *>(at);
 }
+
+void make_accessible(std::byte *begin, std::size_t size) {
+    if (mprotect(begin, size, PROT_READ | PROT_WRITE) != 0)
+        throw std::bad_alloc();
+    std::memset(begin, 0xFF, size);
+}
+
+constexpr std::size_t GiB = std::size_t{1} << 30;
 
 } // namespace
 
@@ -33,13 +43,31 @@ GuardedBytes::GuardedBytes(std::size_t size, Edge edge) {
     const std::size_t used = size + (edge == Edge::odd);
     size_ = (used + page() - 1) / page() * page();
     begin_ = map(size_ + 2 * page()) + page();
-    if (mprotect(begin_, size_, PROT_READ | PROT_WRITE) != 0)
-        throw std::bad_alloc();
-    std::memset(begin_, 0xFF, size_);
+    if (size_ < GiB)
+        make_accessible(begin_, size_);
     data_ = edge == Edge::first ? begin_ : begin_ + size_ - used;
 }
 
 GuardedBytes::~GuardedBytes() { munmap(begin_ - page(), size_ + 2 * page()); }
+
+void GuardedBytes::open(std::byte *at, int bytes) {
+    std::byte *const first = at - index(at - begin_) % page();
+    for (std::byte *each = first; size_ >= GiB && each < at + bytes; each += page())
+        if (opened_.insert(each).second)
+            make_accessible(each, page());
+}
+
+std::vector<GuardedBytes::Part> GuardedBytes::parts() const {
+    if (size_ < GiB)
+        return {{begin_, size_}};
+    std::vector<Part> all;
+    for (std::byte *each : opened_)
+        if (!all.empty() && all.back().data() + all.back().size() == each)
+            all.back() = {all.back().data(), all.back().size() + page()};
+        else
+            all.emplace_back(each, page());
+    return all;
+}
 
 void *inaccessible() {
     static void *const at = map(page());
@@ -61,9 +89,14 @@ Placed::Placed(const Operand &operand, int element, bool is_float, const Sizes &
     std::ptrdiff_t step = element_, extent = element_;
     for (std::size_t k = 0; k < 3; ++k) {
         const std::size_t axis = std::string_view("nrc").find(shape.axes[k]);
-        step = shape.gaps[k] < 0 ? element_ : step + shape.gaps[k] * element_;
-        stride_[axis] = step;
         const int length = std::array{objects_, rows_, columns_}[axis];
+        step = shape.gaps[k] < 0 ? element_ : step + shape.gaps[k] * element_;
+        if (shape.gaps[k] == far) { // a stride has 31 bits, a table says any distance
+            const bool by_stride = description_ == 'S' || (description_ == 'P') == (axis == 0);
+            step = std::ptrdiff_t{9 * GiB} / std::max(length - 1, 3) / 8 * 8;
+            step = by_stride ? std::min(step, std::ptrdiff_t{2 * GiB - 8}) : step;
+        }
+        stride_[axis] = step;
         extent += (length - 1) * step;
         step *= length;
     }
@@ -79,6 +112,7 @@ Placed::Placed(const Operand &operand, int element, bool is_float, const Sizes &
     // Row numbers are int objects of the caller's and so aligned.
     const bool aligned = letter_ == 'i' && placement.edge == Edge::odd;
     data_ = std::make_shared<GuardedBytes>(index(extent), aligned ? Edge::last : placement.edge);
+    for_each_element([&](int n, int i, int j) { data_->open(address(n, i, j), element_); });
     describe(operand, placement);
 }
 
@@ -260,16 +294,17 @@ void Problem::fill(unsigned seed, bool special) {
 void Problem::clear_destinations() {
     for (std::size_t k = 0; k < operands.size(); ++k)
         if (member.operands[k].destination)
-            std::memset(operands[k].data_->begin(), 0xFF, operands[k].data_->size());
+            for (const GuardedBytes::Part &part : operands[k].data_->parts())
+                std::memset(part.data(), 0xFF, part.size());
 }
 
-std::vector<GuardedBytes *> Problem::memory() const {
-    std::vector<GuardedBytes *> all;
-    for (const Placed &operand : operands) {
-        all.push_back(operand.data_.get());
-        if (operand.table_)
-            all.push_back(operand.table_.get());
-    }
+std::vector<GuardedBytes::Part> Problem::memory() const {
+    std::vector<GuardedBytes::Part> all;
+    for (const Placed &operand : operands)
+        for (const GuardedBytes *bytes : {operand.data_.get(), operand.table_.get()})
+            for (const GuardedBytes::Part &part :
+                 bytes ? bytes->parts() : std::vector<GuardedBytes::Part>{})
+                all.push_back(part);
     return all;
 }
 
@@ -278,24 +313,28 @@ int Problem::run() {
         if (const Parameter &p = member.parameters[k]; p.group == '-')
             slots[k] = operands[index(p.operand)].slot(p);
     before_.clear();
-    for (const GuardedBytes *bytes : memory())
-        before_.emplace_back(bytes->begin(), bytes->begin() + bytes->size());
+    for (const GuardedBytes::Part &part : memory())
+        before_.emplace_back(part.begin(), part.end());
     return member.call(slots);
 }
 
 std::string Problem::disturbed() {
     const auto all = memory();
-    for (std::size_t m = 0; m < all.size(); ++m) {
-        for (std::size_t k = 0; k < operands.size(); ++k)
-            if (member.operands[k].destination && operands[k].data_.get() == all[m])
-                operands[k].for_each_element([&](int n, int i, int j) {
-                    const std::byte *const at = operands[k].address(n, i, j);
-                    std::copy_n(at, operands[k].element_, &before_[m][index(at - all[m]->begin())]);
-                });
-        const auto [was, at] = std::mismatch(before_[m].begin(), before_[m].end(), all[m]->begin());
+    std::map<const std::byte *, std::size_t> part_at;
+    for (std::size_t m = 0; m < all.size(); ++m)
+        part_at[all[m].data()] = m; // of memory that two operands share, the last one
+    for (std::size_t k = 0; k < operands.size(); ++k)
+        if (member.operands[k].destination)
+            operands[k].for_each_element([&](int n, int i, int j) {
+                const std::byte *const at = operands[k].address(n, i, j);
+                const auto [begin, m] = *std::prev(part_at.upper_bound(at));
+                std::copy_n(at, operands[k].element_, &before_[m][index(at - begin)]);
+            });
+    for (const auto &[begin, m] : part_at) {
+        const auto [was, at] = std::mismatch(before_[m].begin(), before_[m].end(), begin);
         if (was != before_[m].end())
-            return "byte " + std::to_string(at - all[m]->data()) + " of memory " +
-                   std::to_string(m) + " has changed";
+            return "byte " + std::to_string(at - begin) + " of memory " + std::to_string(m) +
+                   " has changed";
     }
     return "";
 }
@@ -303,9 +342,9 @@ std::string Problem::disturbed() {
 std::vector<std::byte> Problem::image() const {
     std::vector<std::byte> bytes;
     for (std::size_t k = 0; k < operands.size(); ++k) {
-        const GuardedBytes &data = *operands[k].data_;
         if (member.operands[k].destination && member.operands[k].letter != 'b')
-            bytes.insert(bytes.end(), data.begin(), data.begin() + data.size());
+            for (const GuardedBytes::Part &part : operands[k].data_->parts())
+                bytes.insert(bytes.end(), part.begin(), part.end());
     }
     return bytes;
 }

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
+#include <span>
 #include <vector>
 
 namespace zelm_test {
@@ -15,9 +17,12 @@ namespace zelm_test {
 // so that its address is odd.
 enum class Edge { first, last, odd };
 
-// Readable memory between two inaccessible pages, filled with bytes 0xFF (NaN in both types).
+// Readable memory between two inaccessible pages, filled with bytes 0xFF (NaN in both types). From
+// 1 GiB on, all pages are inaccessible but those that have been opened.
 class GuardedBytes {
 public:
+    using Part = std::span<std::byte>;
+
     GuardedBytes(std::size_t size, Edge edge);
     GuardedBytes(const GuardedBytes &) = delete;
     GuardedBytes &operator=(const GuardedBytes &) = delete;
@@ -26,30 +31,38 @@ public:
     std::byte *data() const { return data_; }
     std::byte *begin() const { return begin_; }
     std::size_t size() const { return size_; } // from begin(): whole pages, data() within
+    void open(std::byte *at, int bytes);
+    std::vector<Part> parts() const; // that are accessible
 
 private:
     std::byte *begin_, *data_;
     std::size_t size_;
+    std::set<std::byte *> opened_; // pages
 };
 
 // An address on an inaccessible page.
 void *inaccessible();
 
 // A memory shape: the axes object (n), row (r) and column (c) from the innermost out, and the
-// elements left free behind one step of each. The last shape has its objects overlap, each one
-// element behind the other.
+// elements left free behind one step of each. One shape has its objects overlap, each one element
+// behind the other. The last ones reach over more than 4 GiB along one axis, where there are three
+// steps or more, and what lies between is inaccessible.
 struct Shape {
     const char *name;
     char axes[4];
     std::array<int, 3> gaps;
 };
+inline constexpr int far = 1 << 30;
 inline constexpr Shape shapes[] = {
     {"packed", "crn", {0, 0, 0}},           {"padded rows", "crn", {0, 3, 2}},
     {"strided elements", "crn", {1, 1, 3}}, {"planar", "ncr", {0, 0, 0}},
     {"column-major", "rcn", {0, 0, 0}},     {"interleaved rows", "cnr", {0, 1, 0}},
     {"planar columns", "nrc", {2, 0, 1}},   {"overlapping objects", "crn", {0, 0, -1}},
+    {"far objects", "crn", {0, 0, far}},    {"far rows", "cnr", {0, 0, far}},
+    {"far elements", "rnc", {0, 0, far}},
 };
-inline constexpr int packed = 0, strided = 2, planar = 3, overlapping = 7;
+inline constexpr int packed = 0, padded = 1, strided = 2, planar = 3, overlapping = 7,
+                     far_objects = 8, far_rows = 9, far_elements = 10;
 
 // The order in which a table of pointers names the elements or objects of a shape.
 enum class Order { natural, reversed, shuffled };
@@ -135,7 +148,7 @@ public:
     std::string describe() const;
 
 private:
-    std::vector<GuardedBytes *> memory() const;
+    std::vector<GuardedBytes::Part> memory() const;
     std::vector<Placement> placements_;
     std::vector<std::vector<std::byte>> before_;
 };
