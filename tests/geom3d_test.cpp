@@ -470,24 +470,27 @@ TEST(Geometry, ArraysAreSinglesInAscendingOrder) {
 }
 
 // Both ends of both arrays at inaccessible pages, the points packed and apart, forward and back.
-// What lies between the points is compared above.
+// What lies between the points is compared above, or inaccessible where they are 1 GiB apart.
 TEST(Geometry, ArraysTouchTheirPointsAlone) {
     for (const FixedMember *member : those(fixed_members(), 9, &FixedMember::is_array))
-        for (int step = 0; step < 96; ++step) {
+        for (int step = 0; step < 144; ++step) {
             const FixedMember &m = *member;
             const auto edge = static_cast<Edge>(step % 3);
-            const int count = step / 3 % 8 + 1, gap = step / 24 % 2 * 4;
-            const bool backwards = step / 48 == 1;
+            const int count = step / 3 % 8 + 1, gap = std::array{0, 4, 1 << 30}[step / 24 % 3];
+            const bool backwards = step / 72 == 1;
             Call call(m, Edge::last);
             call.fill(unsigned(step), false);
             std::vector<std::unique_ptr<GuardedBytes>> blocks;
             for (std::size_t k = 0; k < m.parameters.size(); ++k) {
                 const auto &p = m.parameters[k];
                 const int bytes = p.floats * 4, stride = bytes + gap;
-                const int extent = (count - 1) * stride + bytes;
+                const auto extent = std::ptrdiff_t{stride} * (count - 1) + bytes;
                 if (p.name == "pSrc" || p.name == "pDst") {
                     blocks.push_back(
                         std::make_unique<GuardedBytes>(static_cast<std::size_t>(extent), edge));
+                    for (int n = 0; n < count; ++n)
+                        blocks.back()->open(blocks.back()->data() + std::ptrdiff_t{stride} * n,
+                                            bytes);
                     call.slots[k].pointer =
                         blocks.back()->data() + (backwards ? extent - bytes : 0);
                     call.slots[k + 1].integer = backwards ? -stride : stride;
