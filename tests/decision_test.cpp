@@ -299,8 +299,8 @@ TEST(Decision, NumberOfQuestions) {
     }
 }
 
-// Every thread has one object, of matrices that are large enough for 80 of them to be worth it.
-// Where the size does not matter, or hardly, it takes more objects.
+// 80 threads have one object each, of a size that makes this worth it; more threads and objects
+// where the size does not matter, or hardly.
 TEST(Decision, RangesOfOneObject) {
     int team = 1;
 #pragma omp parallel num_threads(80)

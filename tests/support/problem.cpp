@@ -90,12 +90,12 @@ Placed::Placed(const Operand &operand, int element, bool is_float, const Sizes &
     for (std::size_t k = 0; k < 3; ++k) {
         const std::size_t axis = std::string_view("nrc").find(shape.axes[k]);
         const int length = std::array{objects_, rows_, columns_}[axis];
-        step = shape.gaps[k] < 0 ? element_ : step + shape.gaps[k] * element_;
         if (shape.gaps[k] == far) { // a stride has 31 bits, a table says any distance
             const bool by_stride = description_ == 'S' || (description_ == 'P') == (axis == 0);
             step = std::ptrdiff_t{9 * GiB} / std::max(length - 1, 3) / 8 * 8;
             step = by_stride ? std::min(step, std::ptrdiff_t{2 * GiB - 8}) : step;
-        }
+        } else
+            step = shape.gaps[k] < 0 ? element_ : step + shape.gaps[k] * element_;
         stride_[axis] = step;
         extent += (length - 1) * step;
         step *= length;

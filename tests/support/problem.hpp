@@ -45,14 +45,14 @@ void *inaccessible();
 
 // A memory shape: the axes object (n), row (r) and column (c) from the innermost out, and the
 // elements left free behind one step of each. One shape has its objects overlap, each one element
-// behind the other. The last ones reach over more than 4 GiB along one axis, where there are three
-// steps or more, and what lies between is inaccessible.
+// behind the other. The last ones reach over more than 4 GiB along an axis of four or more, and
+// what lies between is inaccessible.
 struct Shape {
     const char *name;
     char axes[4];
     std::array<int, 3> gaps;
 };
-inline constexpr int far = 1 << 30;
+inline constexpr int far = -2;
 inline constexpr Shape shapes[] = {
     {"packed", "crn", {0, 0, 0}},           {"padded rows", "crn", {0, 3, 2}},
     {"strided elements", "crn", {1, 1, 3}}, {"planar", "ncr", {0, 0, 0}},
