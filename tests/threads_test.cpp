@@ -84,8 +84,9 @@ TEST(Threads, EachStopsAtItsFirstFailure) {
                 for (const int count : {228, 240, 241, 243}) {
                     std::vector<int> all(static_cast<std::size_t>(count));
                     std::iota(all.begin(), all.end(), 0);
-                    const std::vector<int> some = {3, 7, 15, 130, count - 2}, last = {count - 1};
-                    for (const auto &failing : {{}, all, some, last})
+                    const std::vector<int> none, some = {3, 7, 15, 130, count - 2},
+                                                 last = {count - 1};
+                    for (const auto &failing : {none, all, some, last})
                         check_failures(*m, threads, count, failing, each.status,
                                        each.leaves_a_trace);
                 }
@@ -146,7 +147,7 @@ TEST(Threads, GiveTheBitsOfOneInEveryFloatingPointMode) {
 TEST(Threads, WorkersGetTheirFloatingPointModeBack) {
     constexpr int threads = 4;
     constexpr unsigned toward_zero = 0x6000;
-    const auto modes = [] {
+    const auto modes = [&] {
         std::vector<unsigned> of(threads);
 #pragma omp parallel num_threads(threads)
         of[std::size_t(omp_get_thread_num())] = _mm_getcsr() & ~status_bits;
