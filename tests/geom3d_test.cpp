@@ -472,11 +472,12 @@ TEST(Geometry, ArraysAreSinglesInAscendingOrder) {
 // Both ends of both arrays at inaccessible pages, the points packed and apart, forward and back.
 // What lies between the points is compared above, or inaccessible where they are 1 GiB apart.
 TEST(Geometry, ArraysTouchTheirPointsAlone) {
+    constexpr int gaps[] = {0, 4, 1 << 30};
     for (const FixedMember *member : those(fixed_members(), 9, &FixedMember::is_array))
         for (int step = 0; step < 144; ++step) {
             const FixedMember &m = *member;
             const auto edge = static_cast<Edge>(step % 3);
-            const int count = step / 3 % 8 + 1, gap = std::array{0, 4, 1 << 30}[step / 24 % 3];
+            const int count = step / 3 % 8 + 1, gap = gaps[step / 24 % 3];
             const bool backwards = step / 72 == 1;
             Call call(m, Edge::last);
             call.fill(unsigned(step), false);
