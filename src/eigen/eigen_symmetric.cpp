@@ -38,10 +38,10 @@ ZelStatus solve_small(const Source &source, const Destination &destination, cons
     put(value, 0, 1, d[1]);
     if constexpr (vectors) {
         const auto to = view(destination, object, {n, n});
-        put(to, 0, 0, x[0]);
-        put(to, 1, 0, x[1]);
-        put(to, 0, 1, T{0} - x[1]);
-        put(to, 1, 1, x[0]);
+        put(to, 0, 0, without_signed_zero(x[0]));
+        put(to, 1, 0, without_signed_zero(x[1]));
+        put(to, 0, 1, without_signed_zero(T{0} - x[1]));
+        put(to, 1, 1, without_signed_zero(x[0]));
     }
     return zelStatusOk;
 }
@@ -296,9 +296,9 @@ ZELM_INLINE ZelStatus eigen_symmetric(const Source &source, T *buffer,
     const Estimate size = n;
     const bool serial = vectors ? vectors_limits.serial(size * (size * 2 + 1) * count, true)
                                 : values_limits.serial(size * (size + 1) * count, true);
-    const auto elements = static_cast<std::size_t>(n) * static_cast<std::size_t>(n);
+    const auto order = static_cast<std::size_t>(n);
     return run_objects_in(
-        Scratch{buffer, elements * sizeof(T)}, serial,
+        scratch_of(buffer, order, order), serial,
         [n](void *scratch, int objects, const Source &from, const Destination &to,
             const Values<T> &d) {
             return y8_ownzelmEigenValuesSym_ma(objects, scratch, from, to, d, n);

@@ -23,6 +23,15 @@ struct Scratch {
     void *own;
     std::size_t bytes;
 };
+// Of height * width elements. More bytes than there are addresses become as many as there are,
+// which no thread gets.
+template <class T>
+ZELM_INLINE Scratch scratch_of(T *buffer, std::size_t height, std::size_t width) {
+    std::size_t bytes = 0;
+    if (__builtin_mul_overflow(height * width, sizeof(T), &bytes))
+        bytes = ~std::size_t{0};
+    return {buffer, bytes};
+}
 
 // kernel(scratch, n, operands...) over all objects, the operands moved to each range's first
 // object.

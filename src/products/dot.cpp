@@ -39,9 +39,9 @@ T dot_product(const A &a, const B &b, int n, int len, int singles) {
     const auto y = view(b, n, {1, len});
     if constexpr (!A::is_tabled)
         if (rows_adjacent(a) && rows_adjacent(b))
-            return add_products(T(-0.0), AdjacentRow<const T>{x.base}, AdjacentRow<const T>{y.base},
-                                0, len, singles);
-    return add_products(T(-0.0), x, y, 0, len, singles);
+            return sum_of_products<T>(AdjacentRow<const T>{x.base}, AdjacentRow<const T>{y.base},
+                                      len, singles);
+    return sum_of_products<T>(x, y, len, singles);
 }
 
 // Long vectors: some pairs at a time where no result is stored among the sources.
@@ -56,15 +56,14 @@ void dot_products(int count, int len, const Scalars<T> results, const A a, const
         const Footprint right(b, shape);
         if (len >= block_length && rows_adjacent(a) && rows_adjacent(b) &&
             Overlap(count, {1, 1}, to, left, right).clear())
-            for (; n + together <= count; n += together) {
-                T sum[together];
+            for (; n <= count - together; n += together) {
+                T sum[together] = {};
                 AdjacentRow<const T> x[together], y[together];
                 unroll<together>(ZELM_EACH(o) {
-                    sum[o] = T(-0.0);
                     x[o] = {view(a, n + o, shape).base};
                     y[o] = {view(b, n + o, shape).base};
                 });
-                add_products(sum, x, y, 0, len);
+                add_products<false>(sum, x, y, 0, len);
                 unroll<together>(ZELM_EACH(o) { store<T>(results.object(n + o), sum[o]); });
             }
     }

@@ -23,15 +23,15 @@ constexpr bool sums_as_row(Shape shape) {
 template <class T, class A>
 T norm_of(const A &a, int n, Shape shape) {
     const auto x = view(a, n, shape);
-    T sum = T(-0.0);
+    T sum = 0;
     for (int i = 0; i < shape.height; ++i)
         if constexpr (A::is_tabled)
-            sum = add_products(sum, x, x, i, shape.width);
+            sum = add_squares(sum, x, i, shape.width);
         else if (rows_adjacent(a)) {
             const AdjacentRow<const T> row = {x.at(i, 0)};
-            sum = add_products(sum, row, row, i, shape.width);
+            sum = add_squares(sum, row, i, shape.width);
         } else
-            sum = add_products(sum, x, x, i, shape.width);
+            sum = add_squares(sum, x, i, shape.width);
     return square_root(sum);
 }
 

@@ -91,52 +91,82 @@ ZELM_INLINE double sum_of_four(const Lanes<double> (&v)[2]) {
     return half[0] + half[1];
 }
 
-// Adds the products of two rows to `sum`: the first `singles` one by one, then blocks of eight in
-// two accumulators of four, which are added lane by lane, lanes 0 and 2, 1 and 3, and those two,
-// and become one addend; then the rest one by one. -0 is where a sum begins that nothing was added
-// to. Several objects take turns, so that none waits for its own additions.
-template <int objects, class T, class A, class B>
+// Adds the products of two rows to `sum`, or where they are no squares puts their sum there: the
+// first `singles` one by one, then blocks of eight in two accumulators of four, which are added
+// lane by lane, lanes 0 and 2, 1 and 3, and those two, and become one addend; then the rest one by
+// one. No number is neutral in every rounding mode: sums of squares, of which none is -0, begin
+// with 0, others, accumulators too, with their first term. Several objects take turns, so that none
+// waits for its own additions.
+template <bool squares, int objects, class T, class A, class B>
 ZELM_INLINE void add_products(T (&sum)[objects], const A (&a)[objects], const B (&b)[objects],
                               int i, int len, int singles = 0) {
     constexpr int registers = 4 / lanes_per_register<T>;
-    const auto add_one = [&](int k) __attribute__((always_inline)) {
-        unroll<objects>(ZELM_EACH(o) { sum[o] = sum[o] + get(a[o], i, k) * get(b[o], i, k); });
+    const auto product = [&](int o, int k) __attribute__((always_inline)) {
+        return get(a[o], i, k) * get(b[o], i, k);
     };
+    const auto add_one = [&](int k) __attribute__((always_inline)) {
+        unroll<objects>(ZELM_EACH(o) { sum[o] = sum[o] + product(o, k); });
+    };
+    const int before = singles < len ? singles : len;
     int k = 0;
-    for (const int before = singles < len ? singles : len; k < before; ++k)
+    if (!squares && (before != 0 || len < block_length)) {
+        unroll<objects>(ZELM_EACH(o) { sum[o] = product(o, 0); });
+        k = 1;
+    }
+    const bool begun = squares || k != 0;
+    for (; k < before; ++k)
         add_one(k);
     if (len - k >= block_length) {
         Lanes<T> even[objects][registers], odd[objects][registers];
-        unroll<objects>(ZELM_EACH(o) {
-            unroll<registers>(ZELM_EACH(r) { even[o][r] = odd[o][r] = splat<Lanes<T>>(T(-0.0)); });
-        });
-        const auto add_four = [&](auto &to, int from) __attribute__((always_inline)) {
+        const auto add_four = [&](auto &to, int from, auto added) __attribute__((always_inline)) {
             unroll<objects>(ZELM_EACH(o) {
                 Lanes<T> x[registers], y[registers];
                 load_four<T>(x, a[o], i, from);
                 load_four<T>(y, b[o], i, from);
-                unroll<registers>(ZELM_EACH(r) { to[o][r] = to[o][r] + x[r] * y[r]; });
+                unroll<registers>(ZELM_EACH(r) {
+                    if constexpr (added)
+                        to[o][r] = to[o][r] + x[r] * y[r];
+                    else
+                        to[o][r] = x[r] * y[r];
+                });
             });
         };
-        for (; k + block_length <= len; k += block_length) {
-            add_four(even, k);
-            add_four(odd, k + 4);
+        if constexpr (squares) {
+            unroll<objects>(ZELM_EACH(o) {
+                unroll<registers>(ZELM_EACH(r) { even[o][r] = odd[o][r] = splat<Lanes<T>>(0); });
+            });
+        } else {
+            add_four(even, k, std::false_type{});
+            add_four(odd, k + 4, std::false_type{});
+            k += block_length;
+        }
+        for (; k <= len - block_length; k += block_length) {
+            add_four(even, k, std::true_type{});
+            add_four(odd, k + 4, std::true_type{});
         }
         unroll<objects>(ZELM_EACH(o) {
             unroll<registers>(ZELM_EACH(r) { even[o][r] = even[o][r] + odd[o][r]; });
-            sum[o] = sum[o] + sum_of_four(even[o]);
+            const T blocks = sum_of_four(even[o]);
+            sum[o] = begun ? sum[o] + blocks : blocks;
         });
     }
     for (; k < len; ++k)
         add_one(k);
 }
 
-template <class T, class A, class B>
-ZELM_INLINE T add_products(T sum, const A &a, const B &b, int i, int len, int singles = 0) {
+template <class T, class A>
+ZELM_INLINE T add_squares(T sum, const A &a, int i, int len) {
     T one[] = {sum};
     const A x[] = {a};
+    add_products<true>(one, x, x, i, len);
+    return one[0];
+}
+template <class T, class A, class B>
+ZELM_INLINE T sum_of_products(const A &a, const B &b, int len, int singles) {
+    T one[1] = {};
+    const A x[] = {a};
     const B y[] = {b};
-    add_products(one, x, y, i, len, singles);
+    add_products<false>(one, x, y, 0, len, singles);
     return one[0];
 }
 
