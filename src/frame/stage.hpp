@@ -80,8 +80,15 @@ private:
         return staged;
     }
 
+    static constexpr int entries() {
+        if constexpr (requires(Operand op) { op.table; })
+            return Operand::is_tabled ? elements : lanes;
+        else
+            return 1;
+    }
+
     T data_[lanes * elements];
-    typename Operand::Type *table_[elements > lanes ? elements : lanes];
+    typename Operand::Type *table_[entries()];
 };
 
 template <class Int, int elements, int registers>

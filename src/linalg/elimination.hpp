@@ -110,7 +110,7 @@ Elimination<T> eliminate(char *a, int n, T threshold) {
             const T f = multiplier(get(v, i, k));
             const S ff = splat<S>(f);
             int j = k + 1;
-            for (; j + lanes_of<S> <= n; j += lanes_of<S>)
+            for (; j <= n - lanes_of<S>; j += lanes_of<S>)
                 store<S>(v.at(i, j), load<S>(v.at(i, j)) - ff * load<S>(v.at(k, j)));
             for (; j < n; ++j)
                 put(v, i, j, get(v, i, j) - f * get(v, k, j));
@@ -133,7 +133,7 @@ inline T elimination_threshold(int n) {
 template <class T>
 inline Scratch scratch_matrix(T *buffer, int n) {
     const auto order = static_cast<std::size_t>(n);
-    return {buffer, order * (order + 1) * sizeof(T)};
+    return scratch_of(buffer, order, order + 1);
 }
 
 // A copy of an object, packed.

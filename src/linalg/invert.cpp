@@ -86,7 +86,7 @@ ZelStatus invert_array(const Source &source, const Destination &destination, int
         },
         [&](int n) __attribute__((noinline)) {
             if constexpr (by_pairs<T, N>)
-                if (n % 2 == 0 && n + 1 < count) { // the other one is not yet inverted
+                if (n % 2 == 0 && count - n > 1) { // the other one is not yet inverted
                     T a[N][N];
                     Inverse<N, T> unused;
                     load_object(a, view(source, n + 1, shape));

@@ -24,13 +24,15 @@ ZELM_INLINE S value_of(const Elimination<S> &minor, ElementOf<S> threshold) {
 // Beyond, one is computed after the other, in the buffer.
 inline constexpr int largest_cofactors_in_lanes = largest_lane_elimination;
 
-template <class T, class Source, class Destination>
-ZelStatus invert_by_cofactors(int n, const Source &from, const Destination &to, char *buffer) {
+// `largest`: of the order; what is on the stack is of that size.
+template <class T, int largest, class Source, class Destination>
+[[gnu::noinline]] ZelStatus invert_by_cofactors(int n, const Source &from, const Destination &to,
+                                                char *buffer) {
     using S = Lanes<T>;
-    constexpr int L = lanes_of<S>, largest_minor = largest_cofactors_in_lanes - 1;
+    constexpr int L = lanes_of<S>, largest_minor = largest - 1;
     const T threshold = elimination_threshold<T>(n);
     const auto size = static_cast<std::size_t>(n) * static_cast<std::size_t>(n) * sizeof(T);
-    const bool lanes = n <= largest_cofactors_in_lanes;
+    const bool lanes = n <= largest;
     S w[largest_minor * largest_minor];
     char *const determinant = lanes ? reinterpret_cast<char *>(w) : buffer;
     pack(from, n, buffer);
@@ -278,15 +280,33 @@ private:
     int n_;
 };
 
+// One object, in every lane; returns whether that inverts it. The stack that this takes is given
+// back.
+template <class T, class Source, class Destination>
+[[gnu::noinline]] bool invert_by_elimination(int n, const Source &from, const Destination &to) {
+    LaneInverse<T> m(n);
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < n; ++j)
+            m.source(i, j) = splat<Lanes<T>>(get(from, i, j));
+    if (m.invert() != 0)
+        return false;
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < n; ++j)
+            put(to, i, j, m.result(i, j)[0]);
+    return true;
+}
+
 template <class Source, class Destination>
 ZelStatus invert_general(const Source &source, const Destination &destination, int n, int object,
                          void *buffer) {
     using T = typename Source::Element;
     const auto from = view(source, object, {n, n});
     const auto to = view(destination, object, {n, n});
-    const auto by_cofactors = [&] {
-        return invert_by_cofactors<T>(n, from, to, static_cast<char *>(buffer));
+    const auto by_cofactors = [&](auto largest) {
+        return invert_by_cofactors<T, largest>(n, from, to, static_cast<char *>(buffer));
     };
+    constexpr std::integral_constant<int, largest_elimination_in_lanes> small;
+    constexpr std::integral_constant<int, largest_cofactors_in_lanes> large;
     // The object in every lane.
     return with_order<2, 4>(
         n,
@@ -295,7 +315,7 @@ ZelStatus invert_general(const Source &source, const Destination &destination, i
             Inverse<N, Lanes<T>> inverse;
             load_splat<T>(a, from);
             if (invert_far_from_thresholds(inverse, a) != 0)
-                return by_cofactors();
+                return by_cofactors(small);
             inverse.finish();
             unroll<N>(
                 ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { put(to, i, j, inverse.row[i][j][0]); }); });
@@ -303,17 +323,8 @@ ZelStatus invert_general(const Source &source, const Destination &destination, i
         },
         [&] {
             if (n > largest_elimination_in_lanes)
-                return by_cofactors();
-            LaneInverse<T> m(n);
-            for (int i = 0; i < n; ++i)
-                for (int j = 0; j < n; ++j)
-                    m.source(i, j) = splat<Lanes<T>>(get(from, i, j));
-            if (m.invert() != 0)
-                return by_cofactors();
-            for (int i = 0; i < n; ++i)
-                for (int j = 0; j < n; ++j)
-                    put(to, i, j, m.result(i, j)[0]);
-            return zelStatusOk;
+                return by_cofactors(large);
+            return invert_by_elimination<T>(n, from, to) ? zelStatusOk : by_cofactors(small);
         });
 }
 
@@ -348,7 +359,7 @@ ZelStatus invert_array_general(int n, const Source &source, const Destination &d
     const Overlap overlap(count, shape, to, from);
     return walk<T>(
         count, overlap,
-        [&](const Group &group, const auto &x, const auto &y) {
+        [&](const Group &group, const auto &x, const auto &y) __attribute__((noinline)) {
             LaneInverse<T> m(n);
             const auto in_runs = [&](const auto &f) __attribute__((always_inline)) {
                 for (int i = 0; i < n; ++i)

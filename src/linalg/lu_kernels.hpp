@@ -21,25 +21,32 @@ ZelStatus factor_object(const Source &source, int *index, const Destination &des
     return failed ? zelStatusSingular : zelStatusOk;
 }
 
-// Any other order, in the destination; where its elements are apart, on the stack.
+template <class From, class To>
+void copy_object(int n, const From &from, const To &to) {
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < n; ++j)
+            put(to, i, j, get(from, i, j));
+}
+template <int largest, class T, class Source, class Destination>
+[[gnu::noinline]] ZelStatus factor_on_stack(int n, const Source &source, int *index,
+                                            const Destination &destination) {
+    alignas(register_bytes) char tile[largest * largest * sizeof(T)];
+    const StridedView<T> t = {tile, n * Distance{sizeof(T)}, sizeof(T)};
+    copy_object(n, source, t);
+    const ZelStatus status = factor_in_place<T, true>(t, index, n);
+    copy_object(n, t, destination);
+    return status;
+}
+// Any other order, in the destination; where its elements are apart, on the stack: up to 32 KiB of
+// double, but little where a walk's stage lies there too.
 template <class T, class Source, class Destination>
 ZelStatus factor_object(int n, const Source &source, int *index, const Destination &destination,
                         bool packed) {
-    const auto copy = [n](const auto &from, const auto &to) {
-        for (int i = 0; i < n; ++i)
-            for (int j = 0; j < n; ++j)
-                put(to, i, j, T{get(from, i, j)});
-    };
-    constexpr int largest_tile = 64; // 32 KiB of double
-    if (!packed && n <= largest_tile) {
-        alignas(register_bytes) char tile[largest_tile * largest_tile * sizeof(T)];
-        const StridedView<T> t = {tile, n * Distance{sizeof(T)}, sizeof(T)};
-        copy(source, t);
-        const ZelStatus status = factor_in_place<T, true>(t, index, n);
-        copy(t, destination);
-        return status;
-    }
-    copy(source, destination);
+    if (!packed && n <= largest_lane_order)
+        return factor_on_stack<largest_lane_order, T>(n, source, index, destination);
+    if (!packed && n <= 64)
+        return factor_on_stack<64, T>(n, source, index, destination);
+    copy_object(n, source, destination);
     return packed ? factor_in_place<T, true>(destination, index, n)
                   : factor_in_place<T, false>(destination, index, n);
 }
