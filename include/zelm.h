@@ -104,8 +104,24 @@
  * zelmsafe.h has solvers that finish every object and have a status for each.
  *
  *
+ * Rounding: calls compute in the caller's rounding mode, on all threads. In no mode does the sign of
+ * a sum that is zero depend on descriptions and strides, or on whether an object stands alone or in
+ * an array; zelmGaxpy says where its sums begin with 0.
+ *
+ *
  * Threads: every function may be called from several threads at once. Large arrays are divided
- * among OpenMP threads; zelcore.h tells how their number is set.
+ * among OpenMP threads; zelcore.h tells how their number is set. A call is divided where an estimate
+ * of its work, a product of its sizes and its count, reaches a limit. Estimates wrap to 32 bits:
+ * those of 2^31 and more (n * n * count, for example, from order 46341 on, or from a count of 21371
+ * at order 317) come out as any number, and the call may stay on one thread.
+ *
+ *
+ * What a call needs beside its operands: 44 KiB of stack at the most, on the caller's thread and on
+ * every worker. Where the stacks of workers are set, OMP_STACKSIZE=64K is enough. On one thread
+ * nothing is allocated. Where several share an array, scratch for each of them is; if it cannot be
+ * had, the call does its work on one thread. But the OpenMP runtime ends the process where it cannot
+ * make its threads, or has no memory of its own for them. Where that must not happen, set their number
+ * to 1 as zelcore.h tells: no threads are asked for then.
  */
 #ifndef ZELM_H
 #define ZELM_H
@@ -2965,7 +2981,7 @@ ZELM_API ZelStatus zelmLUBackSubst_mava_64f_L(const double *const *ppSrc, int sr
  * elements, whose contents are lost; with several threads it is not used.
  *
  * m is the smallest normal number, 2^-126 (32f) or 2^-1022 (64f), and T(n) = 2 n^3 m, where 2 n^3
- * wraps to 32 bits. A matrix is singular when
+ * wraps to 32 bits, from order 1024 on, and may be negative. A matrix is singular when
  *   order 1:                                not |a| > 2 m
  *   orders 3 and 4, adjacent elements:      T(n) > |determinant| (32f), 2 T(n) > ... (64f)
  *   orders 5 and 6, adjacent elements:      T(n) > |pivot|
@@ -3034,8 +3050,9 @@ ZELM_API ZelStatus zelmInvert_ma_64f_L(const double *const *ppSrc, int srcRoiShi
  *
  * Orders 3 to 6 are expanded in closed form and give whatever comes of it. Other orders are reduced
  * by elimination with row exchanges: the determinant is 0 when T(n) > |pivot|, or the last element
- * is not above T(n), where T(n) = 2 n^3 m, 2 n^3 wraps to 32 bits and m is the smallest normal
- * number, 2^-126 (32f) or 2^-1022 (64f). A singular matrix is no error.
+ * is not above T(n), where T(n) = 2 n^3 m, 2 n^3 wraps to 32 bits, from order 1024 on, and may be
+ * negative, and m is the smallest normal number, 2^-126 (32f) or 2^-1022 (64f). A singular matrix is
+ * no error.
  *
  * pDst must not overlap a source.
  *
@@ -4165,9 +4182,10 @@ ZELM_API ZelStatus zelmEigenValuesVectorsLeft_ma_64f_L(const double *const *ppSr
 /* EigenValuesGetBufSize: Size of the scratch of zelmEigenValues */
 /* ============================================================================================== */
 
-/* Stores n * (n + 5) elements in bytes, for n = widthHeight.
+/* Stores n * (n + 5) elements in bytes, for n = widthHeight, where that number fits an int.
  *
- * Status, in this order: null pointer, bad size. */
+ * Status, in this order: null pointer, bad size. Bad size, and nothing stored, too where it does
+ * not fit: from order 23168 (32f) and 16382 (64f) on. zelmEigenValues takes such orders. */
 ZELM_API ZelStatus zelmEigenValuesGetBufSize_32f(int widthHeight, int *pSize);
 ZELM_API ZelStatus zelmEigenValuesGetBufSize_64f(int widthHeight, int *pSize);
 
@@ -4175,9 +4193,10 @@ ZELM_API ZelStatus zelmEigenValuesGetBufSize_64f(int widthHeight, int *pSize);
 /* EigenValuesVectorsGetBufSize: Size of the scratch of zelmEigenValuesVectors, Right and Left */
 /* ============================================================================================== */
 
-/* Stores n * (3 * n + 5) elements in bytes, for n = widthHeight.
+/* Stores n * (3 * n + 5) elements in bytes, for n = widthHeight, where that number fits an int.
  *
- * Status, in this order: null pointer, bad size. */
+ * Status, in this order: null pointer, bad size. Bad size, and nothing stored, too where it does
+ * not fit: from order 13377 (32f) and 9459 (64f) on. zelmEigenValuesVectors takes such orders. */
 ZELM_API ZelStatus zelmEigenValuesVectorsGetBufSize_32f(int widthHeight, int *pSize);
 ZELM_API ZelStatus zelmEigenValuesVectorsGetBufSize_64f(int widthHeight, int *pSize);
 

@@ -12,10 +12,11 @@ namespace {
 constexpr Limits values_limits = {251, 251};  // of n*(n + 1)*count
 constexpr Limits vectors_limits = {501, 501}; // of 3*n*n*count
 
-// Elements of scratch: the matrix, two matrices of vectors where any are wanted, 5 vectors.
-template <bool vectors, class Count>
-constexpr Count scratch_elements(Count n) {
-    return n * ((vectors ? 3 : 1) * n + 5);
+// Elements of scratch for each row: of the matrix, of two matrices of vectors where any are wanted,
+// and of 5 vectors.
+template <bool vectors>
+constexpr std::size_t scratch_width(int n) {
+    return (vectors ? 3 : 1) * static_cast<std::size_t>(n) + 5;
 }
 
 // The buffer holds the matrix, two matrices of vectors where any are wanted, 5 vectors. The values
@@ -137,9 +138,8 @@ ZELM_INLINE ZelStatus eigen_general(const Source &source, const Right &right, co
     const bool serial = vectors ? vectors_limits.serial(size * 3 * size * count, true)
                                 : values_limits.serial(size * (size + 1) * count, true);
     // The threads' scratch has the larger of the two sizes.
-    const auto elements = scratch_elements<true>(static_cast<std::size_t>(n));
     return run_objects_in(
-        Scratch{buffer, elements * sizeof(T)}, serial,
+        scratch_of(buffer, static_cast<std::size_t>(n), scratch_width<true>(n)), serial,
         [n](void *scratch, int objects, const Source &from, const Right &v, const Left &u,
             const Values<T> &real, const Values<T> &imaginary) {
             return y8_ownzelmEigenValuesVectors_ma(objects, scratch, from, v, u, real, imaginary,
@@ -152,8 +152,11 @@ template <class T, bool vectors>
 ZELM_INLINE ZelStatus scratch_size(int n, int *size) {
     if (const ZelStatus s = first_failure(pointers(size), sizes(n)))
         return s;
-    const auto elements = scratch_elements<vectors>(static_cast<unsigned>(n));
-    *size = static_cast<int>(elements * unsigned{sizeof(T)});
+    const Scratch scratch =
+        scratch_of<T>(nullptr, static_cast<std::size_t>(n), scratch_width<vectors>(n));
+    if (scratch.bytes > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+        return zelStatusBadSize;
+    *size = static_cast<int>(scratch.bytes);
     return zelStatusOk;
 }
 
