@@ -58,7 +58,7 @@ ZELM_INLINE T magnitude(Complex<T> x) {
 template <class T, class F>
 ZELM_INLINE void along_run(int from, int to, const F &f) {
     int j = from;
-    for (; j + lanes_of<Lanes<T>> <= to; j += lanes_of<Lanes<T>>)
+    for (; j <= to - lanes_of<Lanes<T>>; j += lanes_of<Lanes<T>>)
         f(j, Lanes<T>{});
     for (; j < to; ++j)
         f(j, T{});

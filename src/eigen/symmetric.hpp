@@ -176,7 +176,7 @@ struct MemoryVectors {
     ZELM_INLINE void along(const F &f) const {
         int r = 0;
         if (packed)
-            for (; r + lanes_of<Lanes<T>> <= n; r += lanes_of<Lanes<T>>)
+            for (; r <= n - lanes_of<Lanes<T>>; r += lanes_of<Lanes<T>>)
                 f(r, Lanes<T>{});
         for (; r < n; ++r)
             f(r, T{});

@@ -73,7 +73,7 @@ void transpose_squares(int count, const S source, const D destination) {
                 const Footprint to(destination, shape);
                 if (source.step() == N * row && destination.step() == N * row &&
                     Overlap(count, shape, to, from).clear())
-                    for (; n + 2 <= count; n += 2)
+                    for (; n <= count - 2; n += 2)
                         transpose_dense<N, 2>(source.object(n), destination.object(n));
             }
             for (; n < count; ++n)
@@ -155,9 +155,9 @@ void transpose_rest(const Plane &p, int height, int width) {
         store<T>(p.at(i, j, sizeof(T)).destination, load<T>(p.at(i, j, sizeof(T)).source));
     };
     int i = 0;
-    for (; i + L <= height; i += L) {
+    for (; i <= height - L; i += L) {
         int j = 0;
-        for (; j + L <= width; j += L) {
+        for (; j <= width - L; j += L) {
             const Plane q = p.at(i, j, sizeof(T));
             Lanes<T> v[L];
             unroll<L>(ZELM_EACH(l) { v[l] = load<Lanes<T>>(q.source + l * q.source_step); });
@@ -192,14 +192,14 @@ void transpose_stripe(const Plane &p, int height, int width) {
     // A stripe has more rows than the processor follows by itself. Smaller matrices are near
     // anyway.
     const bool large = p.destination_step * width > (4 << 20);
-    for (int j = 0; j < width; j += B)
-        for (int i = 0; i < height; i += B) {
+    for (Distance j = 0; j < width; j += B)
+        for (Distance i = 0; i < height; i += B) {
             const Plane tile = p.at(i, j, sizeof(T));
             if (large && height - i >= B && width - j >= 2 * B)
                 fetch_tile<past_cache>(p.at(i, j + B, sizeof(T)), B);
             if (height - i < B || width - j < B)
-                transpose_rest<T>(tile, height - i < B ? height - i : B,
-                                  width - j < B ? width - j : B);
+                transpose_rest<T>(tile, static_cast<int>(height - i < B ? height - i : B),
+                                  static_cast<int>(width - j < B ? width - j : B));
             else if (far)
                 transpose_far_tile<past_cache, T>(tile);
             else
@@ -214,7 +214,7 @@ void y8_ownm_Transpose_32s(const Plane &p, int width, int height, int hint) {
     if (hint == 0 && width >= 129 && height >= 129) {
         int cache = 0;
         zelGetMaxCacheSizeB(&cache);
-        past_cache = cache > 0 && std::int64_t{width} * height * 8 > cache;
+        past_cache = cache > 0 && std::int64_t{width} * height > cache / 8;
     }
     const bool one_stripe = height < 65 || (past_cache && width % 16 != 0);
     const int stripe = one_stripe ? height : 64;
@@ -223,9 +223,9 @@ void y8_ownm_Transpose_32s(const Plane &p, int width, int height, int hint) {
                           static_cast<std::uintptr_t>(p.destination_step)) %
                              register_bytes ==
                          0;
-    for (int row = 0; row < height; row += stripe) {
+    for (int row = 0, rows; row < height; row += rows) {
         const Plane part = p.at(row, 0, sizeof(float));
-        const int rows = height - row < stripe ? height - row : stripe;
+        rows = height - row < stripe ? height - row : stripe;
         if (past_cache && aligned)
             transpose_stripe<true, float>(part, rows, width);
         else

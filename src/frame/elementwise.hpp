@@ -93,11 +93,11 @@ void line_adjacent(const Op &given, char *d, const char *const *from, const Dist
     constexpr Distance L = lanes_of<S>;
     const Copied<sizeof...(runs)> c(from, apart);
     Distance j = 0;
-    for (; j + 4 * L <= n; j += 4 * L)
+    for (; j <= n - 4 * L; j += 4 * L)
         unroll<4>(ZELM_EACH(u) {
             step<S, Run::adjacent, runs...>(op, d, c.s, c.stride, j + u * L, sources);
         });
-    for (; j + L <= n; j += L)
+    for (; j <= n - L; j += L)
         step<S, Run::adjacent, runs...>(op, d, c.s, c.stride, j, sources);
     for (; j < n; ++j)
         step<T, Run::adjacent, runs...>(op, d, c.s, c.stride, j, sources);
@@ -356,8 +356,8 @@ void along_objects(int count, Shape shape, const Op &op, const Destination &d,
                    const Sources &...s) {
     constexpr int block = 256, sources = sizeof...(Sources);
     const Distance stride[] = {d.step(), s.step()...};
-    for (int first = 0; first < count; first += block) {
-        const int n = count - first < block ? count - first : block;
+    for (int first = 0, n; first < count; first += n) {
+        n = count - first < block ? count - first : block;
         for (int i = 0; i < shape.height; ++i)
             for (int j = 0; j < shape.width; ++j) {
                 const char *const from[] = {element(s, first, shape, i, j)...};
@@ -391,8 +391,8 @@ template <class T, class Op, class Destination, class... Sources>
 void through_tables(int count, Shape shape, const Op &op, const Destination &d,
                     const Sources &...s) {
     constexpr int block = 256;
-    for (int first = 0; first < count; first += block) {
-        const int end = count - first < block ? count : first + block;
+    for (int first = 0, end; first < count; first = end) {
+        end = count - first < block ? count : first + block;
         for (int i = 0; i < shape.height; ++i)
             for (int j = 0; j < shape.width; ++j) {
                 const AlongObjects<Destination> to(d, shape, i, j);

@@ -440,7 +440,7 @@ template <class T, class F>
 ZELM_INLINE void in_steps(int from, int to, const F &f) {
     constexpr int L = lanes_per_register<T>;
     int j = from;
-    for (; j + L <= to; j += L)
+    for (; j <= to - L; j += L)
         f(j, std::integral_constant<int, L>{});
     for (; j < to; ++j)
         f(j, std::integral_constant<int, 1>{});

@@ -304,7 +304,7 @@ template <class Operand>
 ZELM_INLINE bool is_gapless(const Operand &op, Shape s) {
     constexpr Distance element = sizeof(typename Operand::Type);
     if constexpr (Operand::is_array && !Operand::has_table)
-        if (op.step() != s.height * s.width * element)
+        if (op.step() != s.height * (s.width * element))
             return false;
     return has_dense_objects(op, s);
 }

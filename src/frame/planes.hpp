@@ -23,7 +23,7 @@ void move_runs(char *const *planes, const ObjectRuns<tabled> objects, int first,
     char *plane[L];
     unroll<L>(ZELM_EACH(k) { plane[k] = planes[k] + first * size; });
     int l = 0;
-    for (; l + L <= n; l += L) {
+    for (; l <= n - L; l += L) {
         char *object[L];
         Lanes<T> v[L];
         unroll<L>(ZELM_EACH(o) { object[o] = objects(first + l + o); });
@@ -47,11 +47,11 @@ template <bool to_planes, class T, class Planes, bool tabled>
     const bool dense = shape.height == 1 || row == shape.width * Distance{sizeof(T)};
     const Shape runs = dense ? Shape{1, shape.height * shape.width} : shape;
     const Distance start = objects.inside;
-    for (int first = 0; first < count; first += block) {
-        const int n = count - first < block ? count - first : block;
+    for (int first = 0, n; first < count; first += n) {
+        n = count - first < block ? count - first : block;
         for (int i = 0; i < runs.height; ++i)
-            for (int j = 0; j < runs.width; j += L) {
-                const int at = j + L <= runs.width ? j : runs.width - L; // some of them again
+            for (int at = 0, j = 0; j < runs.width; j = at + L) {
+                at = runs.width - j >= L ? j : runs.width - L; // some of them again
                 char *plane[L];
                 for (int k = at; k < at + L; ++k)
                     plane[k - at] = const_cast<char *>(

@@ -93,7 +93,7 @@ ZELM_INLINE void each_point(const Source &src, const Destination &dst, int count
     if (apart<3, 3>(src, dst, count)) {
         Row v[3];
         if (src.stride == packed_point && dst.stride == packed_point)
-            for (; k + 4 <= count; k += 4) {
+            for (; k <= count - 4; k += 4) {
                 unroll<3>(ZELM_EACH(i) { v[i] = load<Row>(src.at(k) + i * register_bytes); });
                 exchange(v);
                 kernel(v);
@@ -101,7 +101,7 @@ ZELM_INLINE void each_point(const Source &src, const Destination &dst, int count
                 unroll<3>(ZELM_EACH(i) { store<Row>(dst.at(k) + i * register_bytes, v[i]); });
             }
         else
-            for (; k + 4 <= count; k += 4) {
+            for (; k <= count - 4; k += 4) {
                 load_points(v, src.at(k), src.stride);
                 kernel(v);
                 store_points(dst.at(k), dst.stride, v);

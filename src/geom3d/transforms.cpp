@@ -94,7 +94,7 @@ ZELM_INLINE void all_points(const Source &src, const Destination &dst, int count
     Distance k = 0;
     if constexpr (size == 3)
         if (dst.stride == packed_point && apart<n, size>(src, dst, count))
-            for (; k + 4 <= count; k += 4) {
+            for (; k <= count - 4; k += 4) {
                 Row p[4][n];
                 unroll<4>(ZELM_EACH(l) { load_point<n, by_pairs>(p[l], src.at(k + l)); });
                 unroll<3>(ZELM_EACH(l) { store<Row>(dst.at(k + l), image(p[l])); });

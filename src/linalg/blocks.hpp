@@ -9,7 +9,7 @@ namespace zelm {
 template <class F>
 ZELM_INLINE void in_blocks(int from, int to, const F &f) {
     int j = from;
-    for (; j + 4 <= to; j += 4)
+    for (; j <= to - 4; j += 4)
         f(j, std::integral_constant<int, 4>{});
     with_order<1, 3>(
         to - j, [&](auto C) __attribute__((always_inline)) { f(j, C); }, [] {});

@@ -41,7 +41,7 @@ ZELM_INLINE void subtract_row(const View<T> &d, int i, int pivot, T f, int first
     int j = first;
     if constexpr (packed) {
         const Lanes<T> ff = splat<Lanes<T>>(f);
-        for (; j + lanes_of<Lanes<T>> <= n; j += lanes_of<Lanes<T>>)
+        for (; j <= n - lanes_of<Lanes<T>>; j += lanes_of<Lanes<T>>)
             store<Lanes<T>>(d.at(i, j),
                             load<Lanes<T>>(d.at(i, j)) - ff * load<Lanes<T>>(d.at(pivot, j)));
     }

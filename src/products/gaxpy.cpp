@@ -45,7 +45,7 @@ void gaxpy_object(const A &a, const X &x, const B &b, const D &d, Shape shape, i
     for (int i = 0; i < shape.height; ++i) {
         put(to, 0, i, T{0});
         int j = 0;
-        for (; j + 2 <= shape.width; j += 2) {
+        for (; j <= shape.width - 2; j += 2) {
             const T sum = load<T>(to.at(0, i)) + product(i, j);
             put(to, 0, i, sum + product(i, j + 1));
         }
@@ -151,7 +151,7 @@ void gaxpy_columns(int count, const A a, const X x, const B b, const D d) {
             ZELM_EACH(r) { store<S>(d.object(n) + r * register_bytes, sum[r] + addend[r]); });
     };
     int n = 0;
-    for (; n + 4 <= count; n += 4)
+    for (; n <= count - 4; n += 4)
         unroll<4>(ZELM_EACH(k) { one(n + k); });
     for (; n < count; ++n)
         one(n);

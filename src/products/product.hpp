@@ -182,7 +182,7 @@ ZELM_INLINE void multiply_block(const A &a, const B &b, const D &d, int i, int j
 template <class S, int V, class A, class B, class D>
 ZELM_INLINE void multiply_strip(const A &a, const B &b, const D &d, int M, int K, int j) {
     int i = 0;
-    for (; i + 4 <= M; i += 4)
+    for (; i <= M - 4; i += 4)
         multiply_block<S, 4, V>(a, b, d, i, j, K);
     for (; i < M; ++i)
         multiply_block<S, 1, V>(a, b, d, i, j, K);
@@ -193,9 +193,9 @@ void multiply_any(const A &a, const B &b, const D &d, int M, int K, int N) {
     int j = 0;
     if constexpr (adjacent) {
         constexpr int L = lanes_per_register<T>;
-        for (; j + 2 * L <= N; j += 2 * L)
+        for (; j <= N - 2 * L; j += 2 * L)
             multiply_strip<Lanes<T>, 2>(a, b, d, M, K, j);
-        for (; j + L <= N; j += L)
+        for (; j <= N - L; j += L)
             multiply_strip<Lanes<T>, 1>(a, b, d, M, K, j);
     }
     for (; j < N; ++j)
