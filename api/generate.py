@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Make the public header, the export list and the member list from api/members.txt.
+"""Make the public header, the export list and the member lists from api/members.txt.
 
     generate.py           write the files that have changed
     generate.py --check   write nothing; fail with a diff if a file is not what would be written
@@ -18,6 +18,7 @@ TEMPLATE = ROOT / "api" / "zelm.h.in"
 HEADER = ROOT / "include" / "zelm.h"
 EXPORTS = ROOT / "src" / "exports.map"
 MEMBERS = ROOT / "api" / "members.inc"
+FUNCTIONS = ROOT / "include" / "zelm" / "members.hpp"
 
 COLUMNS = 100
 LINES_SAVED = 3  # by indenting instead of aligning parameters, as clang-format decides
@@ -214,6 +215,57 @@ def member_list(families):
     return "\n".join(lines) + "\n"
 
 
+def function_table(families):
+    """The C functions for C++, found by operation, element type, descriptions and kinds."""
+    members = all_members(families)
+    fixed = [m for m in members if m.description == "-"]
+    operations = sorted({m.family for m in members})
+    shapes = sorted({m.kind for m in fixed})
+    lines = [
+        "/* Made by api/generate.py from api/members.txt: which C function does what. */",
+        "#ifndef ZELM_MEMBERS_HPP",
+        "#define ZELM_MEMBERS_HPP",
+        "",
+        '#include "../zelm.h"',
+        '#include "kinds.hpp"',
+        "",
+        "namespace zelm::detail {",
+        "",
+        "/* clang-format off */",
+        "enum class operation {",
+        *(f"    {operation}," for operation in operations),
+        "};",
+        "",
+        "/* Operands of fixed size, and arrays of them. */",
+        "enum class fixed { " + ", ".join(shapes) + " };",
+        "",
+        "/* function<operation, element type, descriptions of sources and destinations, kinds of",
+        " * sources...> */",
+    ]
+    for m in members:
+        if m in fixed:
+            continue
+        kinds = re.findall("[vmtc]a?", m.kind)
+        described = ["description::" + m.description[0], "description::" + m.description[-1]]
+        key = [f"operation::{m.family}", m.ctype, *described, *("kind::" + kind for kind in kinds)]
+        lines.append(f"template <> inline constexpr auto function<{', '.join(key)}> = {m.name};")
+    lines += ["", "/* fixed_function<operation, operands> */"]
+    for m in fixed:
+        key = f"operation::{m.family}, fixed::{m.kind}"
+        lines.append(f"template <> inline constexpr auto fixed_function<{key}> = {m.name};")
+    lines += ["/* clang-format on */", "", "} // namespace zelm::detail", "", "#endif"]
+    for name, parameters_of_it in (
+        ("function", "operation, class, description, description, kind..."),
+        ("fixed_function", "operation, fixed"),
+    ):
+        first = next(i for i, line in enumerate(lines) if f"auto {name}<" in line)
+        lines[first:first] = [
+            f"template <{parameters_of_it}>",
+            f"inline constexpr no_function {name}{{}};",
+        ]
+    return "\n".join(lines) + "\n"
+
+
 def main(arguments):
     if arguments not in ([], ["--check"]):
         print(__doc__, file=sys.stderr)
@@ -228,6 +280,7 @@ def main(arguments):
         HEADER: header(families, TEMPLATE.read_text(encoding="ascii")),
         EXPORTS: exports(families),
         MEMBERS: member_list(families),
+        FUNCTIONS: function_table(families),
     }
     stale = False
     for path, text in outputs.items():

@@ -153,6 +153,50 @@ typedef enum ZelStatus {
     zelStatusNotConverged = -205         /* an iteration reached its limit */
 } ZelStatus;
 
+#if defined(__cplusplus)
+#define ZELM_INLINE inline
+#elif defined(__GNUC__)
+#define ZELM_INLINE static __inline__
+#else
+#define ZELM_INLINE static
+#endif
+
+/* What a status means, in a few words; also those of zelmsafe.h. It is never null. */
+ZELM_INLINE const char *zelStatusText(int status) {
+    switch (status) {
+    case zelStatusOk:
+        return "success";
+    case zelStatusBadSize:
+        return "a width, height, length or order is below 1";
+    case zelStatusNullPointer:
+        return "a required pointer or table is null";
+    case zelStatusDivByZero:
+        return "the computation met a divisor too small to divide by";
+    case zelStatusNotPositiveDefinite:
+        return "the matrix is not positive definite";
+    case zelStatusBadStride:
+        return "a stride is below 1 or not in whole elements";
+    case zelStatusSingular:
+        return "the matrix is singular";
+    case zelStatusBadOffset:
+        return "a shift is below 0 or not in whole elements";
+    case zelStatusBadCount:
+        return "the count of objects is below 1";
+    case zelStatusSizeMismatch:
+        return "the sizes of two operands do not fit together";
+    case zelStatusNotConverged:
+        return "an iteration reached its limit";
+    case -301: /* zelmSafeNotFinite */
+        return "the object contains a NaN or an infinity";
+    case -302: /* zelmSafeOutOfRange */
+        return "the answer does not fit the element type";
+    case -303: /* zelmSafeNoMemory */
+        return "there is no memory for the scratch of the call";
+    default:
+        return "unknown status";
+    }
+}
+
 /* Tells which build of the library is running. The texts live as long as the library is loaded. */
 typedef struct ZelLibraryVersion {
     int majorVersion;        /* the first number of versionText */

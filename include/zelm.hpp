@@ -4,7 +4,8 @@
 #ifndef ZELM_HPP
 #define ZELM_HPP
 
-#include "zelm.h"
-#include "zelm/views.hpp"
+#include "zelm/geometry.hpp"
+#include "zelm/operations.hpp"
+#include "zelm/raw.hpp"
 
 #endif

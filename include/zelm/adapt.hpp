@@ -94,6 +94,8 @@ template <>
 struct object_traits<float> : row_major_object<float> {};
 template <>
 struct object_traits<double> : row_major_object<double> {};
+template <>
+struct object_traits<int> : row_major_object<int> {};
 
 namespace detail {
 

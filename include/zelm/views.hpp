@@ -13,9 +13,9 @@
  *                       layout_matrices<T>     a table with one pointer per object
  *                       layout_vectors<T>, layout_scalars<T>
  *
- * T is float or double, const or not. Sizes may be template arguments, matrices<double, 3, 3>: then
- * shapes that do not fit do not compile. Scalars are one number per object, constants of a sum or
- * results of a norm. Strides and shifts are bytes:
+ * T is float or double (int of row numbers and statuses), const or not. Sizes may be template
+ * arguments, matrices<double, 3, 3>: then shapes that do not fit do not compile. Scalars are one
+ * number per object, constants of a sum or results of a norm. Strides and shifts are bytes:
  *
  *   stride0   from an object of an array to the next one
  *   stride1   from a row of a matrix to the next one
@@ -40,15 +40,9 @@
 #define ZELM_VIEWS_HPP
 
 #include "adapt.hpp"
+#include "kinds.hpp"
 
 namespace zelm {
-
-/* What an operand is, in the letters of the C names: v vector, m matrix, t matrix used transposed,
- * c constant; a: an array of them. */
-enum class kind { v, va, m, ma, t, ta, c, ca };
-
-/* S standard, P pointer, L layout. */
-enum class description { S, P, L };
 
 namespace detail {
 
@@ -226,8 +220,9 @@ protected:
 template <class T, kind Kind, description Description>
 struct view_base {
     static_assert(std::is_same_v<std::remove_const_t<T>, float> ||
-                      std::is_same_v<std::remove_const_t<T>, double>,
-                  "the elements of a view are float or double");
+                      std::is_same_v<std::remove_const_t<T>, double> ||
+                      std::is_same_v<std::remove_const_t<T>, int>,
+                  "elements are float or double; row numbers and statuses are int");
     using element_type = T;
     using value_type = std::remove_const_t<T>;
     static constexpr kind used_as = Kind;
