@@ -154,15 +154,15 @@ typedef enum ZelStatus {
 } ZelStatus;
 
 #if defined(__cplusplus)
-#define ZELM_INLINE inline
+#define ZELM_IN_HEADER inline
 #elif defined(__GNUC__)
-#define ZELM_INLINE static __inline__
+#define ZELM_IN_HEADER static __inline__
 #else
-#define ZELM_INLINE static
+#define ZELM_IN_HEADER static
 #endif
 
 /* What a status means, in a few words; also those of zelmsafe.h. It is never null. */
-ZELM_INLINE const char *zelStatusText(int status) {
+ZELM_IN_HEADER const char *zelStatusText(int status) {
     switch (status) {
     case zelStatusOk:
         return "success";

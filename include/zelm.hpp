@@ -7,5 +7,6 @@
 #include "zelm/geometry.hpp"
 #include "zelm/operations.hpp"
 #include "zelm/raw.hpp"
+#include "zelm/solvers.hpp"
 
 #endif

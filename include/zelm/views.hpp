@@ -285,6 +285,7 @@ class scalars : public detail::strided_view<T, kind::ca, dynamic> {
 
 public:
     using base::base;
+    constexpr scalars() : scalars(nullptr, 0) {} /* none */
     constexpr scalars(T *data, std::ptrdiff_t count, std::ptrdiff_t stride0 = detail::size_of<T>)
         : base(detail::strided<T, dynamic>{data, {count}, {stride0}}) {}
 
