@@ -641,13 +641,17 @@ constexpr auto view(X &&x) {
     using plain = std::remove_cv_t<std::remove_reference_t<X>>;
     if constexpr (detail::is_operand<plain>) {
         return plain(x);
+    } else if constexpr (!detail::is_adaptable<std::remove_reference_t<X>>) {
+        static_assert(detail::is_adaptable<std::remove_reference_t<X>>,
+                      "this is no operand: a pointer needs sizes, as in zelm::vector(p, 3), a type "
+                      "of your own needs object_traits; zelm/adapt.hpp lists what is known");
+    } else if constexpr (detail::elements_t<X>::rank == 1) {
+        return vector(x);
+    } else if constexpr (detail::elements_t<X>::rank == 3) {
+        return matrices(x);
     } else {
-        using elements = detail::elements_t<X>;
-        if constexpr (elements::rank == 1)
-            return vector(x);
-        else if constexpr (elements::rank == 3)
-            return matrices(x);
-        else if constexpr (detail::is_array_of_objects<std::remove_reference_t<X>>)
+        static_assert(detail::elements_t<X>::rank == 2, "an operand has one, two or three indices");
+        if constexpr (detail::is_array_of_objects<std::remove_reference_t<X>>)
             return vectors(x);
         else
             return matrix(x);
