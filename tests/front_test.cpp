@@ -362,8 +362,8 @@ TEST(Errors, LeaveMemoryAlone) {
     refused(zelm::determinant(a, five), zelStatusSizeMismatch, __LINE__);
     refused(zelm::qr(of(3, 2, 4), of(3, 1, 4), of(1, 2, 4)), zelStatusSizeMismatch, __LINE__);
     refused(zelm::least_squares(of(3, 2, 4), x, y), zelStatusSizeMismatch, __LINE__);
-    refused(zelm::eigen_symmetric(a, five, c), zelStatusBadCount, __LINE__);
-    refused(zelm::eigen(a, y, numbers), zelStatusBadCount, __LINE__);
+    refused(zelm::eigen_symmetric(a, five, c), zelStatusSizeMismatch, __LINE__);
+    refused(zelm::eigen(a, y, numbers), zelStatusSizeMismatch, __LINE__);
 
     // What does not fit the C functions' int, parts outside, pointers that are null.
     constexpr std::ptrdiff_t far = std::ptrdiff_t(1) << 32;

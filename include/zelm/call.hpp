@@ -5,8 +5,9 @@
  *
  *   operand<T>(x), destination(d)   views of what the caller gave
  *   find<Op>(a, b, ..., d)          the C function, by element type, descriptions and kinds
- *   arguments(view)                 the view as parameters in the order of the C function
- *   run(function, differences, ...) refuses shapes that differ, leaves empty arrays alone, calls
+ *   bound(f, view)                  f with the view as its next parameters
+ *   run(function, differences, ...) refuses shapes that differ and what is no int, leaves empty
+ *                                   arrays alone, calls
  */
 #ifndef ZELM_CALL_HPP
 #define ZELM_CALL_HPP
@@ -14,8 +15,6 @@
 #include "members.hpp"
 #include "status.hpp"
 #include "views.hpp"
-
-#include <tuple>
 
 namespace zelm::detail {
 
@@ -184,58 +183,64 @@ constexpr std::ptrdiff_t count_of(const V &v) {
 /* Parameters                                                                                     */
 /* ---------------------------------------------------------------------------------------------- */
 
-/* What does not fit an int becomes what the C functions refuse. */
-constexpr int as_stride(std::ptrdiff_t bytes) {
-    return bytes >= INT_MIN && bytes <= INT_MAX ? static_cast<int>(bytes) : 0;
-}
-constexpr int as_shift(std::ptrdiff_t bytes) {
-    return bytes >= INT_MIN && bytes <= INT_MAX ? static_cast<int>(bytes) : -1;
+constexpr int as_int(std::ptrdiff_t n) { return static_cast<int>(n); } /* run() has looked at it */
+
+/* f with its first arguments. */
+template <class F, class... First>
+ZELM_FRONT constexpr auto bind(F f, First... first) {
+    return [=](auto... rest) __attribute__((always_inline)) { return f(first..., rest...); };
 }
 
-template <class V>
-constexpr auto arguments(const V &v) {
+/* f with the parameters of an operand, or with a pointer or number. */
+template <class F, class V>
+ZELM_FRONT constexpr auto bound(F f, const V &v) {
     if constexpr (!is_operand<V>) {
-        return std::tuple<V>(v); /* a pointer or a number */
+        return bind(f, v);
     } else if constexpr (is_transposed(V::used_as)) {
-        return arguments(v.stored());
+        return bound(f, v.stored());
     } else if constexpr (V::described == description::P) {
+        const int shift = as_int(v.shift());
         if constexpr (is_array(V::used_as))
-            return std::tuple(v.table(), as_shift(v.shift()), as_stride(v.stride0()));
+            return bind(f, v.table(), shift, as_int(v.stride0()));
         else
-            return std::tuple(v.table(), as_shift(v.shift()));
+            return bind(f, v.table(), shift);
     } else if constexpr (V::described == description::L) {
-        const auto shift = as_shift(v.shift());
+        const int shift = as_int(v.shift());
         if constexpr (V::used_as == kind::ca)
-            return std::tuple(v.table(), shift);
+            return bind(f, v.table(), shift);
         else if constexpr (V::used_as == kind::va)
-            return std::tuple(v.table(), shift, as_stride(v.strides()[0]));
+            return bind(f, v.table(), shift, as_int(v.strides()[0]));
         else
-            return std::tuple(v.table(), shift, as_stride(v.strides()[0]),
-                              as_stride(v.strides()[1]));
+            return bind(f, v.table(), shift, as_int(v.strides()[0]), as_int(v.strides()[1]));
     } else if constexpr (V::used_as == kind::c) {
-        return std::tuple(v.value);
+        return bind(f, v.value);
     } else if constexpr (V::used_as == kind::v) {
-        return std::tuple(v.data(), as_stride(v.stride2()));
+        return bind(f, v.data(), as_int(v.stride2()));
     } else if constexpr (V::used_as == kind::va) {
-        return std::tuple(v.data(), as_stride(v.stride0()), as_stride(v.stride2()));
+        return bind(f, v.data(), as_int(v.stride0()), as_int(v.stride2()));
     } else if constexpr (V::used_as == kind::m) {
-        return std::tuple(v.data(), as_stride(v.stride1()), as_stride(v.stride2()));
+        return bind(f, v.data(), as_int(v.stride1()), as_int(v.stride2()));
     } else if constexpr (V::used_as == kind::ma) {
-        return std::tuple(v.data(), as_stride(v.stride0()), as_stride(v.stride1()),
-                          as_stride(v.stride2()));
+        return bind(f, v.data(), as_int(v.stride0()), as_int(v.stride1()), as_int(v.stride2()));
     } else {
-        return std::tuple(v.data(), as_stride(v.stride0()));
+        return bind(f, v.data(), as_int(v.stride0()));
     }
 }
 
 /* Sizes in the C order: width, height or length, and the count of arrays. */
 struct none {};
-constexpr std::tuple<> arguments(none) { return {}; }
+template <class F>
+ZELM_FRONT constexpr F bound(F f, none) {
+    return f;
+}
 
 struct width_height {
     int width, height;
 };
-constexpr std::tuple<int, int> arguments(width_height s) { return {s.width, s.height}; }
+template <class F>
+ZELM_FRONT constexpr auto bound(F f, width_height s) {
+    return bind(f, s.width, s.height);
+}
 
 template <class V>
 constexpr auto size_arguments(const V &v) {
@@ -255,7 +260,7 @@ constexpr auto stored_size_arguments(const V &v) {
 template <class V>
 constexpr auto count_arguments(const V &v) {
     if constexpr (is_array(V::used_as))
-        return size_or_bad(v.count());
+        return as_int(v.count());
     else
         return none();
 }
@@ -312,14 +317,61 @@ constexpr auto find(types<Sources...>, const Others &...) {
     return F::value;
 }
 
+/* f with the parameters of all, in this order. */
+template <class F>
+ZELM_FRONT int call(F f) {
+    return f();
+}
+template <class F, class V, class... Rest>
+ZELM_FRONT int call(F f, const V &v, const Rest &...rest) {
+    return call(bound(f, v), rest...);
+}
+
+/* All bits of the strides, and of the shift, of an operand. */
+template <class P>
+constexpr std::ptrdiff_t stride_bits(const P &p) {
+    if constexpr (!is_operand<P>)
+        return 0;
+    else if constexpr (is_transposed(P::used_as))
+        return stride_bits(p.stored());
+    else if constexpr (P::described == description::P)
+        return p.stride0();
+    else if constexpr (P::used_as == kind::c)
+        return 0;
+    else
+        return all_bits(p.strides());
+}
+template <class P>
+constexpr std::ptrdiff_t shift_bits(const P &p) {
+    if constexpr (!is_operand<P>)
+        return 0;
+    else if constexpr (is_transposed(P::used_as))
+        return shift_bits(p.stored());
+    else if constexpr (P::described != description::S)
+        return p.shift();
+    else
+        return 0;
+}
+
+/* The status of what is below 0 or beyond int, where the C functions take an int. */
+constexpr int out_of_int(std::ptrdiff_t count, std::ptrdiff_t strides) {
+    return count >> 31 != 0     ? zelStatusBadCount
+           : strides >> 31 != 0 ? zelStatusBadStride
+                                : zelStatusBadOffset;
+}
+
 template <class Function, class... Parameters>
-status run(Function function, std::ptrdiff_t differences, std::ptrdiff_t count,
-           const Parameters &...parameters) {
+ZELM_FRONT status run(Function function, std::ptrdiff_t differences, std::ptrdiff_t count,
+                      const Parameters &...parameters) {
     if (differences != 0)
         return zelStatusSizeMismatch;
     if (count == 0)
         return zelStatusOk;
-    return std::apply(function, std::tuple_cat(arguments(parameters)...));
+    const std::ptrdiff_t strides = (stride_bits(parameters) | ... | 0);
+    const std::ptrdiff_t shifts = (shift_bits(parameters) | ... | 0);
+    if ((count | strides | shifts) >> 31 != 0)
+        return out_of_int(count, strides);
+    return call(function, parameters...);
 }
 
 /* ---------------------------------------------------------------------------------------------- */

@@ -119,7 +119,7 @@ inline constexpr fixed transformed = [] {
 }();
 
 template <operation Op, fixed Operands, class... Parameters>
-status run_fixed(Parameters... parameters) {
+ZELM_FRONT status run_fixed(Parameters... parameters) {
     const auto function = fixed_function<Op, Operands>;
     static_assert(!std::is_same_v<decltype(function), const no_function>,
                   "there is no such operation for vectors of this length");
@@ -134,7 +134,7 @@ status run_fixed(Parameters... parameters) {
 template <class A, class B>
 int vectors_status(const A &a, const B &b) {
     const auto fits = [](const auto &v) {
-        return v.stride2() == size_of<float> && as_stride(v.stride0()) == v.stride0();
+        return v.stride2() == size_of<float> && as_int(v.stride0()) == v.stride0();
     };
     return a.count() != b.count()                                ? zelStatusSizeMismatch
            : a.count() == 0                                      ? zelStatusOk
@@ -144,40 +144,38 @@ int vectors_status(const A &a, const B &b) {
                                                                  : zelStatusOk;
 }
 
-/* Result points have M floats, or as many as the source if M is 0. */
-template <operation Op, int M, class V, class D, class... Matrices, class... Numbers>
-status transform_by(const V &v, D &&d, std::tuple<Matrices...> matrices, Numbers... numbers) {
+/* Vectors of as many floats as the source, or of M, through matrices: through(f) is f(matrices...).
+ */
+template <operation Op, int M, class V, class D, class Through, class... Numbers>
+ZELM_FRONT status transform_by(const V &v, D &&d, Through through, Numbers... numbers) {
     const auto x = view(v);
     const auto z = view(d);
     using T = typename decltype(z)::element_type;
     static_assert(std::is_same_v<T, float> &&
                       std::is_same_v<typename decltype(x)::value_type, float>,
                   "these operations take floats, and the destination must not be read-only");
-    constexpr int n = decltype(x)::static_length;
-    constexpr bool array = is_array(x.used_as);
-    static_assert(z.used_as == x.used_as && z.static_length == (M == 0 ? n : M),
+    constexpr int n = decltype(x)::static_length, to_n = M == 0 ? n : M;
+    constexpr bool array = is_array(decltype(x)::used_as);
+    static_assert(decltype(z)::used_as == decltype(x)::used_as &&
+                      decltype(z)::static_length == to_n,
                   "the results are vectors of this length, one for every source");
-    if constexpr (!array) {
-        return std::apply(
-            [&](auto... m) {
-                return run_fixed<Op, transformed<n, false>>(
-                    m..., from<n>(x), to<z.static_length>(z), number{numbers}...);
-            },
-            matrices);
-    } else {
+    if constexpr (array) {
         if (const int wrong = vectors_status(x, z); wrong != zelStatusOk || x.count() == 0)
             return wrong;
         const auto function = fixed_function<Op, transformed<n, true>>;
         static_assert(!std::is_same_v<decltype(function), const no_function>,
                       "there is no such operation for vectors of this length");
-        return std::apply(
-            [&](auto... m) -> status {
-                if ((... || m.is_null()))
-                    return zelStatusNullPointer;
-                return function(m.parameter()..., x.data(), as_stride(x.stride0()), z.data(),
-                                as_stride(z.stride0()), size_or_bad(x.count()), numbers...);
-            },
-            matrices);
+        return through([&](auto... m) -> status {
+            if ((... || m.is_null()))
+                return zelStatusNullPointer;
+            return function(m.parameter()..., x.data(), as_int(x.stride0()), z.data(),
+                            as_int(z.stride0()), size_or_bad(x.count()), numbers...);
+        });
+    } else {
+        return through([&](auto... m) {
+            return run_fixed<Op, transformed<n, false>>(m..., from<n>(x), to<to_n>(z),
+                                                        number{numbers}...);
+        });
     }
 }
 
@@ -191,7 +189,7 @@ namespace geometry {
 
 /* d = a + b. */
 template <class A, class B, class D>
-status add(const A &a, const B &b, D &&d) {
+ZELM_FRONT status add(const A &a, const B &b, D &&d) {
     using namespace detail;
     constexpr int n = length_of<D &>;
     return run_fixed<operation::Add, vector_of<n>>(from<n>(a), from<n>(b), to<n>(d));
@@ -199,7 +197,7 @@ status add(const A &a, const B &b, D &&d) {
 
 /* d = a - b. */
 template <class A, class B, class D>
-status subtract(const A &a, const B &b, D &&d) {
+ZELM_FRONT status subtract(const A &a, const B &b, D &&d) {
     using namespace detail;
     constexpr int n = length_of<D &>;
     return run_fixed<operation::Sub, vector_of<n>>(from<n>(a), from<n>(b), to<n>(d));
@@ -207,7 +205,7 @@ status subtract(const A &a, const B &b, D &&d) {
 
 /* Element by element the smaller one; of b where either is NaN. */
 template <class A, class B, class D>
-status minimum(const A &a, const B &b, D &&d) {
+ZELM_FRONT status minimum(const A &a, const B &b, D &&d) {
     using namespace detail;
     constexpr int n = length_of<D &>;
     return run_fixed<operation::Min, vector_of<n>>(from<n>(a), from<n>(b), to<n>(d));
@@ -215,7 +213,7 @@ status minimum(const A &a, const B &b, D &&d) {
 
 /* Element by element the larger one; of b where either is NaN. */
 template <class A, class B, class D>
-status maximum(const A &a, const B &b, D &&d) {
+ZELM_FRONT status maximum(const A &a, const B &b, D &&d) {
     using namespace detail;
     constexpr int n = length_of<D &>;
     return run_fixed<operation::Max, vector_of<n>>(from<n>(a), from<n>(b), to<n>(d));
@@ -223,7 +221,7 @@ status maximum(const A &a, const B &b, D &&d) {
 
 /* d = a * by. */
 template <class A, class D>
-status scale(const A &a, float by, D &&d) {
+ZELM_FRONT status scale(const A &a, float by, D &&d) {
     using namespace detail;
     constexpr int n = length_of<D &>;
     return run_fixed<operation::MulC, vector_of<n>>(from<n>(a), to<n>(d), number{by});
@@ -231,7 +229,7 @@ status scale(const A &a, float by, D &&d) {
 
 /* d = a / length(a). */
 template <class A, class D>
-status normalize(const A &a, D &&d) {
+ZELM_FRONT status normalize(const A &a, D &&d) {
     using namespace detail;
     constexpr int n = length_of<D &>;
     return run_fixed<operation::Normalize, vector_of<n>>(from<n>(a), to<n>(d));
@@ -239,7 +237,7 @@ status normalize(const A &a, D &&d) {
 
 /* The sum of the squares. */
 template <class A>
-status length_squared(const A &a, float &result) {
+ZELM_FRONT status length_squared(const A &a, float &result) {
     using namespace detail;
     constexpr int n = length_of<const A &>;
     return run_fixed<operation::LenSqr, vector_of<n>>(from<n>(a), one_result{&result});
@@ -247,7 +245,7 @@ status length_squared(const A &a, float &result) {
 
 /* Its root. */
 template <class A>
-status length(const A &a, float &result) {
+ZELM_FRONT status length(const A &a, float &result) {
     using namespace detail;
     constexpr int n = length_of<const A &>;
     return run_fixed<operation::Len, vector_of<n>>(from<n>(a), one_result{&result});
@@ -255,7 +253,7 @@ status length(const A &a, float &result) {
 
 /* The dot product of a and b. */
 template <class A, class B>
-status dot(const A &a, const B &b, float &result) {
+ZELM_FRONT status dot(const A &a, const B &b, float &result) {
     using namespace detail;
     constexpr int n = length_of<const A &>;
     return run_fixed<operation::DotProduct, vector_of<n>>(from<n>(a), from<n>(b),
@@ -265,7 +263,7 @@ status dot(const A &a, const B &b, float &result) {
 /* The cross product: of two vectors of 3 floats, a number of two vectors of 2, and the vector that
  * is orthogonal to three of 4. */
 template <class A, class B, class D>
-status cross(const A &a, const B &b, D &&d) {
+ZELM_FRONT status cross(const A &a, const B &b, D &&d) {
     using namespace detail;
     if constexpr (is_number<D>) {
         static_assert(std::is_same_v<D, float &>, "the result is a float");
@@ -276,7 +274,7 @@ status cross(const A &a, const B &b, D &&d) {
     }
 }
 template <class A, class B, class C, class D>
-status cross(const A &a, const B &b, const C &c, D &&d) {
+ZELM_FRONT status cross(const A &a, const B &b, const C &c, D &&d) {
     using namespace detail;
     return run_fixed<operation::CrossProduct, fixed::v4>(from<4>(a), from<4>(b), from<4>(c),
                                                          to<4>(d));
@@ -284,7 +282,7 @@ status cross(const A &a, const B &b, const C &c, D &&d) {
 
 /* From a (s = 0) to b (s = 1). */
 template <class A, class B, class D>
-status interpolate_linear(const A &a, const B &b, float s, D &&d) {
+ZELM_FRONT status interpolate_linear(const A &a, const B &b, float s, D &&d) {
     using namespace detail;
     constexpr int n = length_of<D &>;
     return run_fixed<operation::InterpolationLinear, vector_of<n>>(from<n>(a), from<n>(b), to<n>(d),
@@ -293,7 +291,7 @@ status interpolate_linear(const A &a, const B &b, float s, D &&d) {
 
 /* The point (1 - f - g, f, g) of the triangle a, b, c. */
 template <class A, class B, class C, class D>
-status barycentric(const A &a, const B &b, const C &c, float f, float g, D &&d) {
+ZELM_FRONT status barycentric(const A &a, const B &b, const C &c, float f, float g, D &&d) {
     using namespace detail;
     constexpr int n = length_of<D &>;
     return run_fixed<operation::BaryCentric, vector_of<n>>(from<n>(a), from<n>(b), from<n>(c),
@@ -302,7 +300,7 @@ status barycentric(const A &a, const B &b, const C &c, float f, float g, D &&d) 
 
 /* The cubic from p with tangent t (s = 0) to q with tangent u (s = 1). */
 template <class P, class T, class Q, class U, class D>
-status hermite(const P &p, const T &t, const Q &q, const U &u, float s, D &&d) {
+ZELM_FRONT status hermite(const P &p, const T &t, const Q &q, const U &u, float s, D &&d) {
     using namespace detail;
     constexpr int n = length_of<D &>;
     return run_fixed<operation::Hermite, vector_of<n>>(from<n>(p), from<n>(t), from<n>(q),
@@ -311,7 +309,7 @@ status hermite(const P &p, const T &t, const Q &q, const U &u, float s, D &&d) {
 
 /* The curve through a, b, c, e, from b (s = 0) to c (s = 1). */
 template <class A, class B, class C, class E, class D>
-status catmull_rom(const A &a, const B &b, const C &c, const E &e, float s, D &&d) {
+ZELM_FRONT status catmull_rom(const A &a, const B &b, const C &c, const E &e, float s, D &&d) {
     using namespace detail;
     constexpr int n = length_of<D &>;
     return run_fixed<operation::InterpolationCatmullRom, vector_of<n>>(
@@ -324,14 +322,14 @@ status catmull_rom(const A &a, const B &b, const C &c, const E &e, float s, D &&
 
 /* The identity. */
 template <class M>
-status identity(M &&m) {
+ZELM_FRONT status identity(M &&m) {
     using namespace detail;
     return run_fixed<operation::Identity, fixed::m4>(to<16>(m));
 }
 
 /* Whether every element equals that of the identity. */
 template <class M>
-status is_identity(const M &m, bool &result) {
+ZELM_FRONT status is_identity(const M &m, bool &result) {
     using namespace detail;
     auto elements = from<16>(m);
     if (elements.is_null())
@@ -344,47 +342,47 @@ status is_identity(const M &m, bool &result) {
 
 /* Moves by (x, y, z). */
 template <class M>
-status translation(float x, float y, float z, M &&m) {
+ZELM_FRONT status translation(float x, float y, float z, M &&m) {
     using namespace detail;
     return run_fixed<operation::Translation, fixed::m4>(to<16>(m), number{x}, number{y}, number{z});
 }
 
 /* Stretches by x, y and z. */
 template <class M>
-status scaling(float x, float y, float z, M &&m) {
+ZELM_FRONT status scaling(float x, float y, float z, M &&m) {
     using namespace detail;
     return run_fixed<operation::Scaling, fixed::m4>(to<16>(m), number{x}, number{y}, number{z});
 }
 
 /* Rotations about the axes: y to z, z to x, x to y. */
 template <class M>
-status rotation_x(float angle, M &&m) {
+ZELM_FRONT status rotation_x(float angle, M &&m) {
     using namespace detail;
     return run_fixed<operation::RotationX, fixed::m4>(to<16>(m), number{angle});
 }
 
 template <class M>
-status rotation_y(float angle, M &&m) {
+ZELM_FRONT status rotation_y(float angle, M &&m) {
     using namespace detail;
     return run_fixed<operation::RotationY, fixed::m4>(to<16>(m), number{angle});
 }
 
 template <class M>
-status rotation_z(float angle, M &&m) {
+ZELM_FRONT status rotation_z(float angle, M &&m) {
     using namespace detail;
     return run_fixed<operation::RotationZ, fixed::m4>(to<16>(m), number{angle});
 }
 
 /* About any axis, 3 floats. */
 template <class Axis, class M>
-status rotation_axis(const Axis &axis, float angle, M &&m) {
+ZELM_FRONT status rotation_axis(const Axis &axis, float angle, M &&m) {
     using namespace detail;
     return run_fixed<operation::RotationAxis, fixed::v3m4>(from<3>(axis), to<16>(m), number{angle});
 }
 
 /* Roll about z, then pitch about x, then yaw about y. */
 template <class M>
-status rotation_yaw_pitch_roll(float yaw, float pitch, float roll, M &&m) {
+ZELM_FRONT status rotation_yaw_pitch_roll(float yaw, float pitch, float roll, M &&m) {
     using namespace detail;
     return run_fixed<operation::RotationYawPitchRoll, fixed::m4>(to<16>(m), number{yaw},
                                                                  number{pitch}, number{roll});
@@ -392,14 +390,14 @@ status rotation_yaw_pitch_roll(float yaw, float pitch, float roll, M &&m) {
 
 /* The view from eye towards at; up is what points upwards. 3 floats each. */
 template <class Eye, class At, class Up, class M>
-status look_at_lh(const Eye &eye, const At &at, const Up &up, M &&m) {
+ZELM_FRONT status look_at_lh(const Eye &eye, const At &at, const Up &up, M &&m) {
     using namespace detail;
     return run_fixed<operation::LookAtLH, fixed::m4>(from<3>(eye), from<3>(at), from<3>(up),
                                                      to<16>(m));
 }
 
 template <class Eye, class At, class Up, class M>
-status look_at_rh(const Eye &eye, const At &at, const Up &up, M &&m) {
+ZELM_FRONT status look_at_rh(const Eye &eye, const At &at, const Up &up, M &&m) {
     using namespace detail;
     return run_fixed<operation::LookAtRH, fixed::m4>(from<3>(eye), from<3>(at), from<3>(up),
                                                      to<16>(m));
@@ -407,14 +405,14 @@ status look_at_rh(const Eye &eye, const At &at, const Up &up, M &&m) {
 
 /* Perspective; width x height are what is seen at z_near. */
 template <class M>
-status perspective_lh(float width, float height, float z_near, float z_far, M &&m) {
+ZELM_FRONT status perspective_lh(float width, float height, float z_near, float z_far, M &&m) {
     using namespace detail;
     return run_fixed<operation::PerspectiveLH, fixed::m4>(to<16>(m), number{width}, number{height},
                                                           number{z_near}, number{z_far});
 }
 
 template <class M>
-status perspective_rh(float width, float height, float z_near, float z_far, M &&m) {
+ZELM_FRONT status perspective_rh(float width, float height, float z_near, float z_far, M &&m) {
     using namespace detail;
     return run_fixed<operation::PerspectiveRH, fixed::m4>(to<16>(m), number{width}, number{height},
                                                           number{z_near}, number{z_far});
@@ -422,14 +420,14 @@ status perspective_rh(float width, float height, float z_near, float z_far, M &&
 
 /* ... of the vertical angle of view fov_y and aspect = width / height. */
 template <class M>
-status perspective_fov_lh(float fov_y, float aspect, float z_near, float z_far, M &&m) {
+ZELM_FRONT status perspective_fov_lh(float fov_y, float aspect, float z_near, float z_far, M &&m) {
     using namespace detail;
     return run_fixed<operation::PerspectiveFovLH, fixed::m4>(
         to<16>(m), number{fov_y}, number{aspect}, number{z_near}, number{z_far});
 }
 
 template <class M>
-status perspective_fov_rh(float fov_y, float aspect, float z_near, float z_far, M &&m) {
+ZELM_FRONT status perspective_fov_rh(float fov_y, float aspect, float z_near, float z_far, M &&m) {
     using namespace detail;
     return run_fixed<operation::PerspectiveFovRH, fixed::m4>(
         to<16>(m), number{fov_y}, number{aspect}, number{z_near}, number{z_far});
@@ -437,8 +435,8 @@ status perspective_fov_rh(float fov_y, float aspect, float z_near, float z_far, 
 
 /* ... of the window left <= x <= right, bottom <= y <= top at z_near. */
 template <class M>
-status perspective_off_center_lh(float left, float right, float bottom, float top, float z_near,
-                                 float z_far, M &&m) {
+ZELM_FRONT status perspective_off_center_lh(float left, float right, float bottom, float top,
+                                            float z_near, float z_far, M &&m) {
     using namespace detail;
     return run_fixed<operation::PerspectiveOffCenterLH, fixed::m4>(
         to<16>(m), number{left}, number{right}, number{bottom}, number{top}, number{z_near},
@@ -446,8 +444,8 @@ status perspective_off_center_lh(float left, float right, float bottom, float to
 }
 
 template <class M>
-status perspective_off_center_rh(float left, float right, float bottom, float top, float z_near,
-                                 float z_far, M &&m) {
+ZELM_FRONT status perspective_off_center_rh(float left, float right, float bottom, float top,
+                                            float z_near, float z_far, M &&m) {
     using namespace detail;
     return run_fixed<operation::PerspectiveOffCenterRH, fixed::m4>(
         to<16>(m), number{left}, number{right}, number{bottom}, number{top}, number{z_near},
@@ -456,14 +454,14 @@ status perspective_off_center_rh(float left, float right, float bottom, float to
 
 /* Orthographic; width x height are what is seen at any distance. */
 template <class M>
-status orthographic_lh(float width, float height, float z_near, float z_far, M &&m) {
+ZELM_FRONT status orthographic_lh(float width, float height, float z_near, float z_far, M &&m) {
     using namespace detail;
     return run_fixed<operation::OrthoLH, fixed::m4>(to<16>(m), number{width}, number{height},
                                                     number{z_near}, number{z_far});
 }
 
 template <class M>
-status orthographic_rh(float width, float height, float z_near, float z_far, M &&m) {
+ZELM_FRONT status orthographic_rh(float width, float height, float z_near, float z_far, M &&m) {
     using namespace detail;
     return run_fixed<operation::OrthoRH, fixed::m4>(to<16>(m), number{width}, number{height},
                                                     number{z_near}, number{z_far});
@@ -471,8 +469,8 @@ status orthographic_rh(float width, float height, float z_near, float z_far, M &
 
 /* ... of the window left <= x <= right, bottom <= y <= top. */
 template <class M>
-status orthographic_off_center_lh(float left, float right, float bottom, float top, float z_near,
-                                  float z_far, M &&m) {
+ZELM_FRONT status orthographic_off_center_lh(float left, float right, float bottom, float top,
+                                             float z_near, float z_far, M &&m) {
     using namespace detail;
     return run_fixed<operation::OrthoOffCenterLH, fixed::m4>(to<16>(m), number{left}, number{right},
                                                              number{bottom}, number{top},
@@ -480,8 +478,8 @@ status orthographic_off_center_lh(float left, float right, float bottom, float t
 }
 
 template <class M>
-status orthographic_off_center_rh(float left, float right, float bottom, float top, float z_near,
-                                  float z_far, M &&m) {
+ZELM_FRONT status orthographic_off_center_rh(float left, float right, float bottom, float top,
+                                             float z_near, float z_far, M &&m) {
     using namespace detail;
     return run_fixed<operation::OrthoOffCenterRH, fixed::m4>(to<16>(m), number{left}, number{right},
                                                              number{bottom}, number{top},
@@ -490,27 +488,27 @@ status orthographic_off_center_rh(float left, float right, float bottom, float t
 
 /* m = a transposed. */
 template <class A, class M>
-status transpose(const A &a, M &&m) {
+ZELM_FRONT status transpose(const A &a, M &&m) {
     using namespace detail;
     return run_fixed<operation::Transpose, fixed::m4>(from<16>(a), to<16>(m));
 }
 
 /* m = a * b. */
 template <class A, class B, class M>
-status multiply(const A &a, const B &b, M &&m) {
+ZELM_FRONT status multiply(const A &a, const B &b, M &&m) {
     using namespace detail;
     return run_fixed<operation::Mul, fixed::mm4x4>(from<16>(a), from<16>(b), to<16>(m));
 }
 
 /* m = (a * b) transposed. */
 template <class A, class B, class M>
-status multiply_transposed(const A &a, const B &b, M &&m) {
+ZELM_FRONT status multiply_transposed(const A &a, const B &b, M &&m) {
     using namespace detail;
     return run_fixed<operation::MulTranspose, fixed::m4>(from<16>(a), from<16>(b), to<16>(m));
 }
 
 template <class A>
-status determinant(const A &a, float &result) {
+ZELM_FRONT status determinant(const A &a, float &result) {
     using namespace detail;
     return run_fixed<operation::Det, fixed::m4>(from<16>(a), one_result{&result});
 }
@@ -518,12 +516,12 @@ status determinant(const A &a, float &result) {
 /* m = the inverse of a. zelStatusSingular: its determinant is below 2^-119 in magnitude; m is left
  * as it was. The second form tells the determinant too, then 0. */
 template <class A, class M>
-status inverse(const A &a, M &&m) {
+ZELM_FRONT status inverse(const A &a, M &&m) {
     using namespace detail;
     return run_fixed<operation::Invert, fixed::m4>(from<16>(a), one_result{nullptr}, to<16>(m));
 }
 template <class A, class M>
-status inverse(const A &a, M &&m, float &determinant) {
+ZELM_FRONT status inverse(const A &a, M &&m, float &determinant) {
     using namespace detail;
     return run_fixed<operation::Invert, fixed::m4>(from<16>(a), one_result{&determinant},
                                                    to<16>(m));
@@ -535,23 +533,26 @@ status inverse(const A &a, M &&m, float &determinant) {
 
 /* All four elements of the product of (v, 1) and m: d has 4 floats. */
 template <class M, class V, class D>
-status transform(const M &m, const V &v, D &&d) {
+ZELM_FRONT status transform(const M &m, const V &v, D &&d) {
     using namespace detail;
-    return transform_by<operation::AffineTransform, 4>(v, d, std::tuple(from<16>(m)));
+    return transform_by<operation::AffineTransform, 4>(v, d,
+                                                       [&](auto f) { return f(from<16>(m)); });
 }
 
 /* Points of 2 or 3 floats: the product divided by its w. */
 template <class M, class V, class D>
-status transform_points(const M &m, const V &v, D &&d) {
+ZELM_FRONT status transform_points(const M &m, const V &v, D &&d) {
     using namespace detail;
-    return transform_by<operation::AffineTransformCoord, 0>(v, d, std::tuple(from<16>(m)));
+    return transform_by<operation::AffineTransformCoord, 0>(v, d,
+                                                            [&](auto f) { return f(from<16>(m)); });
 }
 
 /* Directions of 2 or 3 floats: without translation and w. */
 template <class M, class V, class D>
-status transform_directions(const M &m, const V &v, D &&d) {
+ZELM_FRONT status transform_directions(const M &m, const V &v, D &&d) {
     using namespace detail;
-    return transform_by<operation::AffineTransformNormal, 0>(v, d, std::tuple(from<16>(m)));
+    return transform_by<operation::AffineTransformNormal, 0>(
+        v, d, [&](auto f) { return f(from<16>(m)); });
 }
 
 /* What is seen is shown on width x height pixels, its depth as min_z to max_z. */
@@ -562,26 +563,26 @@ struct viewport {
 /* Points of 3 floats from the world to the viewport, and back. zelStatusSingular: there is no way
  * back through these matrices. */
 template <class Projection, class View, class World, class V, class D>
-status project(const Projection &projection, const View &view, const World &world,
-               const viewport &port, const V &v, D &&d) {
+ZELM_FRONT status project(const Projection &projection, const View &view, const World &world,
+                          const viewport &port, const V &v, D &&d) {
     using namespace detail;
     return transform_by<operation::Project, 3>(
-        v, d, std::tuple(from<16>(projection), from<16>(view), from<16>(world)), port.width,
-        port.height, port.min_z, port.max_z);
+        v, d, [&](auto f) { return f(from<16>(projection), from<16>(view), from<16>(world)); },
+        port.width, port.height, port.min_z, port.max_z);
 }
 template <class Projection, class View, class World, class V, class D>
-status unproject(const Projection &projection, const View &view, const World &world,
-                 const viewport &port, const V &v, D &&d) {
+ZELM_FRONT status unproject(const Projection &projection, const View &view, const World &world,
+                            const viewport &port, const V &v, D &&d) {
     using namespace detail;
     return transform_by<operation::Unproject, 3>(
-        v, d, std::tuple(from<16>(projection), from<16>(view), from<16>(world)), port.width,
-        port.height, port.min_z, port.max_z);
+        v, d, [&](auto f) { return f(from<16>(projection), from<16>(view), from<16>(world)); },
+        port.width, port.height, port.min_z, port.max_z);
 }
 
 /* d = (m * (x, y, z, 1)) / w, of column vectors, for every point of an array, of any strides.
  * zelStatusDivByZero: some w is too small; those points are the largest float. */
 template <class M, class V, class D>
-status transform_homogeneous(const M &m, const V &points, D &&d) {
+ZELM_FRONT status transform_homogeneous(const M &m, const V &points, D &&d) {
     using namespace detail;
     const auto a = plain_operand<float>(m);
     const auto x = operand<float>(points);

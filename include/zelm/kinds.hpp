@@ -2,6 +2,9 @@
 #ifndef ZELM_KINDS_HPP
 #define ZELM_KINDS_HPP
 
+/* The choice of a function leaves no code behind it, at any level of optimisation. */
+#define ZELM_FRONT inline __attribute__((always_inline))
+
 namespace zelm {
 
 /* What an operand is, in the letters of the C names: v vector, m matrix, t matrix used transposed,

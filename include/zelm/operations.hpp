@@ -28,7 +28,7 @@ constexpr void check_destination() {
 
 /* Sums, differences and products by constants: all of the same shape. */
 template <operation Op, class A, class B, class D>
-status by_elements(const A &a, const B &b, const D &d) {
+ZELM_FRONT status by_elements(const A &a, const B &b, const D &d) {
     check_destination<D, A, B>();
     const auto function = find<Op, typename D::value_type>(sources(a, b), d);
     return run(function, difference(a, d) | difference(b, d), count_of(d), a, b, d,
@@ -39,7 +39,7 @@ inline constexpr bool has_function =
     exists<Op, typename D::value_type, types<A, B>, types<A, B, D>>;
 
 template <class A, class B, class D>
-status product(const A &a, const B &b, const D &d) {
+ZELM_FRONT status product(const A &a, const B &b, const D &d) {
     check_destination<D, A, B>();
     const auto function = find<operation::Mul, typename D::value_type>(sources(a, b), d);
     std::ptrdiff_t differences =
@@ -71,8 +71,8 @@ auto result(R &&r) {
 
 /* One number per object; parameters tell the order of the C function. */
 template <class Function, class T, class... Parameters>
-status reduce(Function function, std::ptrdiff_t differences, std::ptrdiff_t count,
-              const run_of<T> &to, const Parameters &...parameters) {
+ZELM_FRONT status reduce(Function function, std::ptrdiff_t differences, std::ptrdiff_t count,
+                         const run_of<T> &to, const Parameters &...parameters) {
     if (!to.gapless)
         return zelStatusBadStride;
     return run(function, differences | (to.size ^ count), count, parameters...);
@@ -109,7 +109,7 @@ constexpr auto as_array(const V &v) {
 
 /* d = a + b. Matrices and matrices, vectors and vectors, vectors and constants, in any order. */
 template <class A, class B, class D>
-status add(const A &a, const B &b, D &&d) {
+ZELM_FRONT status add(const A &a, const B &b, D &&d) {
     using namespace detail;
     using T = value_of<D>;
     const auto x = operand<T>(a);
@@ -127,7 +127,7 @@ status add(const A &a, const B &b, D &&d) {
 
 /* d = a - b. Matrices and matrices, vectors and vectors, vectors and constants, in any order. */
 template <class A, class B, class D>
-status subtract(const A &a, const B &b, D &&d) {
+ZELM_FRONT status subtract(const A &a, const B &b, D &&d) {
     using namespace detail;
     using T = value_of<D>;
     const auto x = operand<T>(a);
@@ -143,7 +143,7 @@ status subtract(const A &a, const B &b, D &&d) {
  * vector and constants, in any order. d must not overlap a source, but for products of constants.
  */
 template <class A, class B, class D>
-status multiply(const A &a, const B &b, D &&d) {
+ZELM_FRONT status multiply(const A &a, const B &b, D &&d) {
     using namespace detail;
     using T = value_of<D>;
     const auto x = operand<T>(a);
@@ -170,7 +170,7 @@ status multiply(const A &a, const B &b, D &&d) {
 
 /* d = scale * x + y, for vectors. */
 template <class X, class Y, class D>
-status axpy(detail::value_of<D> scale, const X &x, const Y &y, D &&d) {
+ZELM_FRONT status axpy(detail::value_of<D> scale, const X &x, const Y &y, D &&d) {
     using namespace detail;
     using T = value_of<D>;
     const auto a = operand<T>(x);
@@ -184,8 +184,8 @@ status axpy(detail::value_of<D> scale, const X &x, const Y &y, D &&d) {
 
 /* d = alpha * x + beta * y, for vectors. Both weights multiply, then there is one addition. */
 template <class X, class Y, class D>
-status linear_combination(detail::value_of<D> alpha, const X &x, detail::value_of<D> beta,
-                          const Y &y, D &&d) {
+ZELM_FRONT status linear_combination(detail::value_of<D> alpha, const X &x,
+                                     detail::value_of<D> beta, const Y &y, D &&d) {
     using namespace detail;
     using T = value_of<D>;
     const auto a = operand<T>(x);
@@ -203,7 +203,7 @@ status linear_combination(detail::value_of<D> alpha, const X &x, detail::value_o
 
 /* d = a * x + b, for one matrix a: one x and b, an array of both, or an array of x and one b. */
 template <class A, class X, class B, class D>
-status gaxpy(const A &a, const X &x, const B &b, D &&d) {
+ZELM_FRONT status gaxpy(const A &a, const X &x, const B &b, D &&d) {
     using namespace detail;
     using T = value_of<D>;
     const auto m = plain_operand<T>(a);
@@ -234,7 +234,7 @@ status gaxpy(const A &a, const X &x, const B &b, D &&d) {
 
 /* results[n] = the dot product of a[n] and b[n]. */
 template <class A, class B, class R>
-status dot(const A &a, const B &b, R &&results) {
+ZELM_FRONT status dot(const A &a, const B &b, R &&results) {
     using namespace detail;
     using T = value_of<const A &>;
     const auto x = operand<T>(a);
@@ -251,7 +251,7 @@ status dot(const A &a, const B &b, R &&results) {
 
 /* results[n] = the Euclidean norm of the vector a[n]. The sum of squares is not scaled. */
 template <class A, class R>
-status l2_norm(const A &a, R &&results) {
+ZELM_FRONT status l2_norm(const A &a, R &&results) {
     using namespace detail;
     using T = value_of<const A &>;
     const auto x = operand<T>(a);
@@ -262,7 +262,7 @@ status l2_norm(const A &a, R &&results) {
 
 /* results[n] = the Frobenius norm of the matrix a[n]. The sum of squares is not scaled. */
 template <class A, class R>
-status frobenius_norm(const A &a, R &&results) {
+ZELM_FRONT status frobenius_norm(const A &a, R &&results) {
     using namespace detail;
     using T = value_of<const A &>;
     const auto x = plain_operand<T>(a);
@@ -273,7 +273,7 @@ status frobenius_norm(const A &a, R &&results) {
 
 /* results[n] = the trace of the square matrix a[n]. */
 template <class A, class R>
-status trace(const A &a, R &&results) {
+ZELM_FRONT status trace(const A &a, R &&results) {
     using namespace detail;
     using T = value_of<const A &>;
     const auto x = plain_operand<T>(a);
@@ -285,7 +285,7 @@ status trace(const A &a, R &&results) {
 
 /* d = the cross product of a and b, vectors of three elements. d may be a or b. */
 template <class A, class B, class D>
-status cross(const A &a, const B &b, D &&d) {
+ZELM_FRONT status cross(const A &a, const B &b, D &&d) {
     using namespace detail;
     using T = value_of<D>;
     const auto x = operand<T>(a);
@@ -305,7 +305,7 @@ status cross(const A &a, const B &b, D &&d) {
 /* d = a, bit by bit, between any two descriptions: strided memory, pointer tables, layout tables.
  */
 template <class A, class D>
-status copy(const A &a, D &&d) {
+ZELM_FRONT status copy(const A &a, D &&d) {
     using namespace detail;
     using T = value_of<D>;
     const auto x = as_array(plain_operand<T>(a));
@@ -318,7 +318,7 @@ status copy(const A &a, D &&d) {
 /* Packs the objects of a without gaps, row after row and object after object, into whatever has as
  * many elements without gaps. */
 template <class A, class R>
-status extract(const A &a, R &&elements) {
+ZELM_FRONT status extract(const A &a, R &&elements) {
     using namespace detail;
     using T = value_of<const A &>;
     const auto x = operand<T>(a);
@@ -335,7 +335,7 @@ status extract(const A &a, R &&elements) {
 
 /* d = 1 where the row equals the column, else 0; any shape. */
 template <class D>
-status load_identity(D &&d) {
+ZELM_FRONT status load_identity(D &&d) {
     using namespace detail;
     const auto z = as_array(destination(d));
     const auto function = find<operation::LoadIdentity, value_of<D>>(sources(z));
@@ -344,7 +344,7 @@ status load_identity(D &&d) {
 
 /* d = a transposed, bit by bit. As an operand, transposed(a) needs no copy. */
 template <class A, class D>
-status transpose(const A &a, D &&d) {
+ZELM_FRONT status transpose(const A &a, D &&d) {
     using namespace detail;
     using T = value_of<D>;
     const auto x = plain_operand<T>(a);

@@ -79,7 +79,7 @@ ZelmView layout_view_of(const V &v, vector_as role) {
 }
 
 /* An operand as the safe solvers take it: in place, or, in pointer description, copied to a block
- * without gaps and back. */
+ * without gaps before the call, and back after it if it is a result. */
 template <class V, vector_as Role>
 class in_place {
 public:
@@ -90,14 +90,14 @@ public:
         else
             return strided_view_of(v_, Role);
     }
-    static constexpr int load() { return zelStatusOk; }
-    static constexpr int reserve() { return zelStatusOk; }
-    static constexpr int store(int) { return zelStatusOk; }
+    static constexpr int prepare() { return zelStatusOk; }
+    static constexpr int finish(int) { return zelStatusOk; }
 
 private:
     V v_;
 };
-template <class V, vector_as Role>
+
+template <class V, vector_as Role, bool Result>
 class by_copy {
     using T = typename V::value_type;
 
@@ -107,28 +107,33 @@ public:
     by_copy &operator=(const by_copy &) = delete;
     ~by_copy() { std::free(block_); }
     ZelmView view() const { return strided_view_of(block(), Role); }
-    int reserve() {
-        std::ptrdiff_t elements = size_of_one(v_);
-        if (v_.table() == nullptr || elements < 0 || count_of(v_) < 0)
-            return v_.table() == nullptr ? zelStatusNullPointer
-                   : elements < 0        ? zelStatusBadSize
-                                         : zelStatusBadCount;
-        if (__builtin_mul_overflow(elements, count_of(v_), &elements) ||
-            elements > PTRDIFF_MAX / size_of<T>)
+
+    int prepare() {
+        std::ptrdiff_t size = size_of_one(v_);
+        if (v_.table() == nullptr)
+            return zelStatusNullPointer;
+        if (size < 0 || count_of(v_) < 0)
+            return size < 0 ? zelStatusBadSize : zelStatusBadCount;
+        if (v_.shift() < 0 || v_.shift() % size_of<T> != 0)
+            return zelStatusBadOffset;
+        if (count_of(v_) > 1 && (v_.stride0() < 1 || v_.stride0() % size_of<T> != 0))
+            return zelStatusBadStride;
+        if (__builtin_mul_overflow(size, count_of(v_), &size) || size > PTRDIFF_MAX / size_of<T>)
             return zelmSafeNoMemory;
-        block_ = static_cast<T *>(std::malloc(static_cast<std::size_t>(elements) * sizeof(T)));
-        return block_ != nullptr ? int(zelStatusOk) : int(zelmSafeNoMemory);
+        block_ = static_cast<T *>(std::malloc(static_cast<std::size_t>(size) * sizeof(T)));
+        if (block_ == nullptr)
+            return zelmSafeNoMemory;
+        return Result ? int(zelStatusOk) : copy(v_, block()).code();
     }
-    int load() {
-        const int failed = reserve();
-        return failed != zelStatusOk ? failed : copy(v_, block()).code();
-    }
-    /* Results, also those of failed objects; not after a wrong argument, when there are none. */
-    int store(int result) {
+    /* There are results unless an argument was wrong: those of failed objects are results too. */
+    int finish(int result) {
         const bool none = result == zelStatusNullPointer || result == zelStatusBadCount ||
                           result == zelStatusBadSize || result == zelStatusSizeMismatch ||
                           result == zelmSafeNoMemory;
-        return none ? zelStatusOk : copy(block(), v_).code();
+        if constexpr (Result)
+            return none ? int(zelStatusOk) : copy(block(), v_).code();
+        else
+            return zelStatusOk;
     }
 
 private:
@@ -145,13 +150,18 @@ private:
     V v_;
     T *block_ = nullptr;
 };
-template <class V, vector_as Role>
+
+template <class V, vector_as Role, bool Result>
 using safe_operand =
-    std::conditional_t<V::described == description::P, by_copy<V, Role>, in_place<V, Role>>;
+    std::conditional_t<V::described == description::P, by_copy<V, Role, Result>, in_place<V, Role>>;
 
 template <vector_as Role = vector_as::column, class V>
-safe_operand<V, Role> safe(const V &v) {
-    return safe_operand<V, Role>(v);
+safe_operand<V, Role, false> read_from(const V &v) {
+    return safe_operand<V, Role, false>(v);
+}
+template <vector_as Role = vector_as::column, class V>
+safe_operand<V, Role, true> written_to(const V &v) {
+    return safe_operand<V, Role, true>(v);
 }
 
 /* One number per object, or for one object. */
@@ -205,11 +215,11 @@ template <class V>
 inline constexpr bool is_nothing = std::is_same_v<std::remove_cv_t<V>, nothing>;
 struct nowhere {
     static constexpr ZelmView view() { return no_view(); }
-    static constexpr int reserve() { return zelStatusOk; }
-    static constexpr int store(int) { return zelStatusOk; }
+    static constexpr int prepare() { return zelStatusOk; }
+    static constexpr int finish(int) { return zelStatusOk; }
 };
 template <vector_as Role = vector_as::column>
-nowhere safe(nothing) {
+nowhere written_to(nothing) {
     return {};
 }
 
@@ -280,25 +290,21 @@ std::ptrdiff_t columns_of_q_difference(const M &m, int k) {
     return k == m.rows() ? 0 : k ^ least;
 }
 
-/* The call: loads what is read, reserves room for and stores what is written. */
-template <class Call, class... Read, class... Written>
+/* call(statuses) between the copies of its operands, which come in any order. */
+template <class Call, class... Operands>
 status run_safe(std::ptrdiff_t differences, std::ptrdiff_t count, const scalars<int> &statuses,
-                std::tuple<Read &...> sources, std::tuple<Written &...> destinations, Call call) {
+                Call call, Operands &...operands) {
     if ((differences | option_difference(statuses, count)) != 0)
         return zelStatusSizeMismatch;
     if (count == 0)
         return zelStatusOk;
     int failed = zelStatusOk;
-    const auto try_next = [&](int result) { failed = failed != zelStatusOk ? failed : result; };
-    std::apply([&](auto &...s) { (try_next(failed != zelStatusOk ? failed : s.load()), ...); },
-               sources);
-    std::apply([&](auto &...d) { (try_next(failed != zelStatusOk ? failed : d.reserve()), ...); },
-               destinations);
-    if (failed != zelStatusOk)
+    if ((... || ((failed = operands.prepare()) != zelStatusOk)))
         return failed;
     const int result = call(ZelmStatusView{statuses.data(), statuses.stride0()});
-    std::apply([&](auto &...d) { (try_next(d.store(result)), ...); }, destinations);
-    return failed != zelStatusOk ? failed : result;
+    if ((... || ((failed = operands.finish(result)) != zelStatusOk)))
+        return failed;
+    return result;
 }
 
 } // namespace detail
@@ -315,16 +321,19 @@ status solve(const A &a, const B &b, X &&x, const solve_options<detail::value_of
     check_destination<decltype(z), decltype(m), decltype(v)>();
     static_assert(is_matrix(m.used_as), "the first operand of solve() is a matrix or matrices");
     const std::ptrdiff_t count = count_of(z);
-    auto in = safe(m);
-    auto right = safe(v);
-    auto out = safe(z);
-    return run_safe(square_difference(m) | rows_difference(m, v) | difference(v, z) |
-                        count_difference(m, z) | option_difference(o.rcond, count),
-                    count, o.statuses, std::tie(in, right), std::tie(out), [&](ZelmStatusView s) {
-                        return by_type<T>(zelmSafeSolve_32f, zelmSafeSolve_64f)(
-                            in.view(), right.view(), out.view(), m.rows(), columns_of(z), count, s,
-                            option_view(o.rcond));
-                    });
+    auto in = read_from(m);
+    auto right = read_from(v);
+    auto out = written_to(z);
+    return run_safe(
+        square_difference(m) | rows_difference(m, v) | difference(v, z) | count_difference(m, z) |
+            option_difference(o.rcond, count),
+        count, o.statuses,
+        [&](ZelmStatusView s) {
+            return by_type<T>(zelmSafeSolve_32f,
+                              zelmSafeSolve_64f)(in.view(), right.view(), out.view(), m.rows(),
+                                                 columns_of(z), count, s, option_view(o.rcond));
+        },
+        in, right, out);
 }
 
 /* x = the inverse of a. */
@@ -336,13 +345,16 @@ status inverse(const A &a, X &&x, const solve_options<detail::value_of<X>> &o = 
     const auto z = destination(x);
     check_destination<decltype(z), decltype(m)>();
     const std::ptrdiff_t count = count_of(z);
-    auto in = safe(m);
-    auto out = safe(z);
-    return run_safe(square_difference(m) | difference(m, z) | option_difference(o.rcond, count),
-                    count, o.statuses, std::tie(in), std::tie(out), [&](ZelmStatusView s) {
-                        return by_type<T>(zelmSafeInverse_32f, zelmSafeInverse_64f)(
-                            in.view(), out.view(), m.rows(), count, s, option_view(o.rcond));
-                    });
+    auto in = read_from(m);
+    auto out = written_to(z);
+    return run_safe(
+        square_difference(m) | difference(m, z) | option_difference(o.rcond, count), count,
+        o.statuses,
+        [&](ZelmStatusView s) {
+            return by_type<T>(zelmSafeInverse_32f, zelmSafeInverse_64f)(
+                in.view(), out.view(), m.rows(), count, s, option_view(o.rcond));
+        },
+        in, out);
 }
 
 /* determinants[n] = the determinant of a[n]; 0 of a singular matrix, which is no failure. */
@@ -352,13 +364,15 @@ status determinant(const A &a, R &&determinants, const options &o = {}) {
     using T = value_of<const A &>;
     const auto m = plain_operand<T>(a);
     const auto z = per_object<T>(determinants);
-    auto in = safe(m);
-    auto out = safe(z);
-    return run_safe(square_difference(m) | (z.count() ^ count_of(m)), z.count(), o.statuses,
-                    std::tie(in), std::tie(out), [&](ZelmStatusView s) {
-                        return by_type<T>(zelmSafeDeterminant_32f, zelmSafeDeterminant_64f)(
-                            in.view(), out.view(), m.rows(), z.count(), s);
-                    });
+    auto in = read_from(m);
+    auto out = written_to(z);
+    return run_safe(
+        square_difference(m) | (z.count() ^ count_of(m)), z.count(), o.statuses,
+        [&](ZelmStatusView s) {
+            return by_type<T>(zelmSafeDeterminant_32f, zelmSafeDeterminant_64f)(
+                in.view(), out.view(), m.rows(), z.count(), s);
+        },
+        in, out);
 }
 
 /* The sign of the determinants, -1, 0 or 1, and the natural logarithm of their magnitude: 0 and
@@ -370,16 +384,18 @@ status log_determinant(const A &a, Sign &&signs, Logarithm &&logarithms, const o
     const auto m = plain_operand<T>(a);
     const auto first = per_object<T>(signs);
     const auto second = per_object<T>(logarithms);
-    auto in = safe(m);
-    auto sign = safe(first);
-    auto logarithm = safe(second);
+    auto in = read_from(m);
+    auto sign = written_to(first);
+    auto logarithm = written_to(second);
     const std::ptrdiff_t count = count_of(m);
-    return run_safe(square_difference(m) | (first.count() ^ count) | (second.count() ^ count),
-                    count, o.statuses, std::tie(in), std::tie(sign, logarithm),
-                    [&](ZelmStatusView s) {
-                        return by_type<T>(zelmSafeLogDeterminant_32f, zelmSafeLogDeterminant_64f)(
-                            in.view(), sign.view(), logarithm.view(), m.rows(), count, s);
-                    });
+    return run_safe(
+        square_difference(m) | (first.count() ^ count) | (second.count() ^ count), count,
+        o.statuses,
+        [&](ZelmStatusView s) {
+            return by_type<T>(zelmSafeLogDeterminant_32f, zelmSafeLogDeterminant_64f)(
+                in.view(), sign.view(), logarithm.view(), m.rows(), count, s);
+        },
+        in, sign, logarithm);
 }
 
 /* The lower triangular l with l * transpose(l) = a, zeros above the diagonal, for a symmetric
@@ -391,13 +407,15 @@ status cholesky(const A &a, L &&l, const options &o = {}) {
     const auto m = plain_operand<T>(a);
     const auto z = destination(l);
     check_destination<decltype(z), decltype(m)>();
-    auto in = safe(m);
-    auto out = safe(z);
-    return run_safe(square_difference(m) | difference(m, z), count_of(z), o.statuses, std::tie(in),
-                    std::tie(out), [&](ZelmStatusView s) {
-                        return by_type<T>(zelmSafeCholesky_32f, zelmSafeCholesky_64f)(
-                            in.view(), out.view(), m.rows(), count_of(z), s);
-                    });
+    auto in = read_from(m);
+    auto out = written_to(z);
+    return run_safe(
+        square_difference(m) | difference(m, z), count_of(z), o.statuses,
+        [&](ZelmStatusView s) {
+            return by_type<T>(zelmSafeCholesky_32f, zelmSafeCholesky_64f)(in.view(), out.view(),
+                                                                          m.rows(), count_of(z), s);
+        },
+        in, out);
 }
 
 /* a = q * r. a: m x n; q: m x k with orthonormal columns; r: k x n, upper triangular with zeros
@@ -414,17 +432,19 @@ status qr(const A &a, Q &&q, R &&r, const options &o = {}) {
     static_assert(may_be_equal<first.static_columns, second.static_rows>,
                   "q must have as many columns as r has rows");
     const int k = second.rows();
-    auto in = safe(m);
-    auto left = safe(first);
-    auto right = safe(second);
+    auto in = read_from(m);
+    auto left = written_to(first);
+    auto right = written_to(second);
     return run_safe(
         rows_difference(m, first) | columns_difference(m, second) | (first.columns() ^ k) |
             columns_of_q_difference(m, k) | count_difference(m, first) |
             count_difference(m, second),
-        count_of(m), o.statuses, std::tie(in), std::tie(left, right), [&](ZelmStatusView s) {
+        count_of(m), o.statuses,
+        [&](ZelmStatusView s) {
             return by_type<T>(zelmSafeQR_32f, zelmSafeQR_64f)(
                 in.view(), left.view(), right.view(), m.rows(), m.columns(), k, count_of(m), s);
-        });
+        },
+        in, left, right);
 }
 template <class A, class R, class = detail::if_no_options<R>>
 status qr(const A &a, R &&r, const options &o = {}) {
@@ -433,15 +453,17 @@ status qr(const A &a, R &&r, const options &o = {}) {
     const auto m = plain_operand<T>(a);
     const auto z = destination(r);
     check_destination<decltype(z), decltype(m)>();
-    auto in = safe(m);
-    auto right = safe(z);
+    auto in = read_from(m);
+    auto right = written_to(z);
     return run_safe(
         columns_difference(m, z) | columns_of_q_difference(m, z.rows()) | count_difference(m, z),
-        count_of(m), o.statuses, std::tie(in), std::tie(right), [&](ZelmStatusView s) {
+        count_of(m), o.statuses,
+        [&](ZelmStatusView s) {
             return by_type<T>(zelmSafeQR_32f, zelmSafeQR_64f)(in.view(), no_view(), right.view(),
                                                               m.rows(), m.columns(), z.rows(),
                                                               count_of(m), s);
-        });
+        },
+        in, right);
 }
 
 /* The x of least |a * x - b|, for an a of full column rank with at least as many rows as columns. b
@@ -457,17 +479,19 @@ status least_squares(const A &a, const B &b, X &&x, R &&residuals, const options
     check_destination<decltype(z), decltype(m), decltype(v)>();
     const auto rest = residuals_of<T, decltype(z)>(residuals);
     const std::ptrdiff_t count = count_of(z);
-    auto in = safe(m);
-    auto right = safe(v);
-    auto out = safe(z);
-    auto remains = safe<vector_as::row>(rest);
+    auto in = read_from(m);
+    auto right = read_from(v);
+    auto out = written_to(z);
+    auto remains = written_to<vector_as::row>(rest);
     return run_safe(
         rows_difference(m, v) | solution_difference(m, v, z) | residual_difference(rest, z), count,
-        o.statuses, std::tie(in, right), std::tie(out, remains), [&](ZelmStatusView s) {
+        o.statuses,
+        [&](ZelmStatusView s) {
             return by_type<T>(zelmSafeLeastSquares_32f, zelmSafeLeastSquares_64f)(
                 in.view(), right.view(), out.view(), remains.view(), m.rows(), m.columns(),
                 columns_of(z), count, s);
-        });
+        },
+        in, right, out, remains);
 }
 template <class A, class B, class X>
 status least_squares(const A &a, const B &b, X &&x, const options &o = {}) {
@@ -483,16 +507,18 @@ status eigen_symmetric(const A &a, R &&values, D &&vectors, const options &o = {
     const auto m = plain_operand<T>(a);
     const auto w = values_per_object<T>(values, m);
     const auto z = optional_destination(vectors, m);
-    auto in = safe(m);
-    auto first = safe<vector_as::row>(w);
-    auto second = safe(z);
-    return run_safe(square_difference(m) | rows_difference(m, w) | count_difference(m, w) |
-                        optional_difference(m, z),
-                    count_of(m), o.statuses, std::tie(in), std::tie(first, second),
-                    [&](ZelmStatusView s) {
-                        return by_type<T>(zelmSafeEigenSymmetric_32f, zelmSafeEigenSymmetric_64f)(
-                            in.view(), first.view(), second.view(), m.rows(), count_of(m), s);
-                    });
+    auto in = read_from(m);
+    auto first = written_to<vector_as::row>(w);
+    auto second = written_to(z);
+    return run_safe(
+        square_difference(m) | rows_difference(m, w) | count_difference(m, w) |
+            optional_difference(m, z),
+        count_of(m), o.statuses,
+        [&](ZelmStatusView s) {
+            return by_type<T>(zelmSafeEigenSymmetric_32f, zelmSafeEigenSymmetric_64f)(
+                in.view(), first.view(), second.view(), m.rows(), count_of(m), s);
+        },
+        in, first, second);
 }
 template <class A, class R>
 status eigen_symmetric(const A &a, R &&values, const options &o = {}) {
@@ -510,18 +536,19 @@ status eigen(const A &a, Re &&real, Im &&imaginary, D &&vectors, const options &
     const auto re = values_per_object<T>(real, m);
     const auto im = values_per_object<T>(imaginary, m);
     const auto z = optional_destination(vectors, m);
-    auto in = safe(m);
-    auto first = safe<vector_as::row>(re);
-    auto second = safe<vector_as::row>(im);
-    auto third = safe(z);
+    auto in = read_from(m);
+    auto first = written_to<vector_as::row>(re);
+    auto second = written_to<vector_as::row>(im);
+    auto third = written_to(z);
     return run_safe(
         square_difference(m) | rows_difference(m, re) | count_difference(m, re) |
             rows_difference(m, im) | count_difference(m, im) | optional_difference(m, z),
-        count_of(m), o.statuses, std::tie(in), std::tie(first, second, third),
+        count_of(m), o.statuses,
         [&](ZelmStatusView s) {
             return by_type<T>(zelmSafeEigen_32f, zelmSafeEigen_64f)(
                 in.view(), first.view(), second.view(), third.view(), m.rows(), count_of(m), s);
-        });
+        },
+        in, first, second, third);
 }
 template <class A, class Re, class Im>
 status eigen(const A &a, Re &&real, Im &&imaginary, const options &o = {}) {

@@ -71,12 +71,24 @@ constexpr int size_or_bad(std::ptrdiff_t n) {
     return N == dynamic ? size_or_bad(n) : N;
 }
 
-/* The bytes of an object of so many rows without gaps; 0, which is refused, if memory cannot hold
- * it. */
+/* The bytes of an object of so many rows without gaps; 0, which is refused, if there is no such
+ * object. */
 template <class T>
 constexpr std::ptrdiff_t bytes_of(std::ptrdiff_t rows, std::ptrdiff_t columns) {
     const int r = size_or_bad(rows), c = size_or_bad(columns);
-    return c > 0 && r > PTRDIFF_MAX / (c * size_of<T>) ? 0 : r * (c * size_of<T>);
+    return r <= 0 || c <= 0 || r > PTRDIFF_MAX / (c * size_of<T>) ? 0 : r * (c * size_of<T>);
+}
+
+template <std::size_t N>
+constexpr std::ptrdiff_t all_bits(const std::array<std::ptrdiff_t, N> &a) {
+    if constexpr (N == 0)
+        return 0;
+    else if constexpr (N == 1)
+        return a[0];
+    else if constexpr (N == 2)
+        return a[0] | a[1];
+    else
+        return a[0] | a[1] | a[2];
 }
 
 template <class T>
@@ -245,6 +257,7 @@ public:
 
     constexpr T *data() const { return data_; }
     constexpr strided_type elements() const { return {data_, this->extents(), strides_}; }
+    constexpr const auto &strides() const { return strides_; } /* stride0, stride1, stride2 */
 
 protected:
     constexpr std::ptrdiff_t stride(std::size_t i) const { return strides_[i]; }
@@ -299,18 +312,19 @@ public:
 template <class T, int Rows = dynamic, int Columns = dynamic>
 class matrix : public detail::strided_view<T, kind::m, Rows, Columns> {
     using base = detail::strided_view<T, kind::m, Rows, Columns>;
-    using strides = std::array<std::ptrdiff_t, 2>; /* stride1, stride2 */
+    using strides_type = std::array<std::ptrdiff_t, 2>; /* stride1, stride2 */
 
 public:
     using base::base;
     template <int R = Rows, int C = Columns, class = detail::if_unknown<R, C>>
-    constexpr matrix(T *data, std::ptrdiff_t rows, std::ptrdiff_t columns, const strides &s)
+    constexpr matrix(T *data, std::ptrdiff_t rows, std::ptrdiff_t columns, const strides_type &s)
         : base(detail::strided<T, R, C>{data, {rows, columns}, s}) {}
     template <int R = Rows, int C = Columns, class = detail::if_unknown<R, C>>
     constexpr matrix(T *data, std::ptrdiff_t rows, std::ptrdiff_t columns)
         : matrix(data, rows, columns, {detail::bytes_of<T>(1, columns), detail::size_of<T>}) {}
     template <int R = Rows, int C = Columns, class = detail::if_known<R, C>>
-    constexpr matrix(T *data, const strides &s) : base(detail::strided<T, R, C>{data, {R, C}, s}) {}
+    constexpr matrix(T *data, const strides_type &s)
+        : base(detail::strided<T, R, C>{data, {R, C}, s}) {}
     template <int R = Rows, int C = Columns, class = detail::if_known<R, C>>
     constexpr explicit matrix(T *data)
         : matrix(data, {C * detail::size_of<T>, detail::size_of<T>}) {}
@@ -331,18 +345,18 @@ public:
 template <class T, int Length = dynamic>
 class vectors : public detail::strided_view<T, kind::va, dynamic, Length> {
     using base = detail::strided_view<T, kind::va, dynamic, Length>;
-    using strides = std::array<std::ptrdiff_t, 2>;
+    using strides_type = std::array<std::ptrdiff_t, 2>;
 
 public:
     using base::base;
     template <int N = Length, class = detail::if_unknown<N>>
-    constexpr vectors(T *data, std::ptrdiff_t length, std::ptrdiff_t count, const strides &s)
+    constexpr vectors(T *data, std::ptrdiff_t length, std::ptrdiff_t count, const strides_type &s)
         : base(detail::strided<T, dynamic, N>{data, {count, length}, s}) {}
     template <int N = Length, class = detail::if_unknown<N>>
     constexpr vectors(T *data, std::ptrdiff_t length, std::ptrdiff_t count)
         : vectors(data, length, count, {detail::bytes_of<T>(1, length), detail::size_of<T>}) {}
     template <int N = Length, class = detail::if_known<N>>
-    constexpr vectors(T *data, std::ptrdiff_t count, const strides &s)
+    constexpr vectors(T *data, std::ptrdiff_t count, const strides_type &s)
         : base(detail::strided<T, dynamic, N>{data, {count, N}, s}) {}
     template <int N = Length, class = detail::if_known<N>>
     constexpr vectors(T *data, std::ptrdiff_t count)
@@ -369,13 +383,13 @@ public:
 template <class T, int Rows = dynamic, int Columns = dynamic>
 class matrices : public detail::strided_view<T, kind::ma, dynamic, Rows, Columns> {
     using base = detail::strided_view<T, kind::ma, dynamic, Rows, Columns>;
-    using strides = std::array<std::ptrdiff_t, 3>;
+    using strides_type = std::array<std::ptrdiff_t, 3>;
 
 public:
     using base::base;
     template <int R = Rows, int C = Columns, class = detail::if_unknown<R, C>>
     constexpr matrices(T *data, std::ptrdiff_t rows, std::ptrdiff_t columns, std::ptrdiff_t count,
-                       const strides &s)
+                       const strides_type &s)
         : base(detail::strided<T, dynamic, R, C>{data, {count, rows, columns}, s}) {}
     template <int R = Rows, int C = Columns, class = detail::if_unknown<R, C>>
     constexpr matrices(T *data, std::ptrdiff_t rows, std::ptrdiff_t columns, std::ptrdiff_t count)
@@ -383,7 +397,7 @@ public:
                    {detail::bytes_of<T>(rows, columns), detail::bytes_of<T>(1, columns),
                     detail::size_of<T>}) {}
     template <int R = Rows, int C = Columns, class = detail::if_known<R, C>>
-    constexpr matrices(T *data, std::ptrdiff_t count, const strides &s)
+    constexpr matrices(T *data, std::ptrdiff_t count, const strides_type &s)
         : base(detail::strided<T, dynamic, R, C>{data, {count, R, C}, s}) {}
     template <int R = Rows, int C = Columns, class = detail::if_known<R, C>>
     constexpr matrices(T *data, std::ptrdiff_t count)
