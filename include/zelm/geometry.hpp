@@ -23,7 +23,7 @@
 namespace zelm {
 namespace detail {
 
-/* The N floats of one vector or matrix, copied where they are not adjacent. */
+/* The N floats of one vector or matrix, by way of a copy where they are not adjacent. */
 template <class T, int N>
 class floats {
 public:
@@ -37,11 +37,13 @@ public:
         row_ = decltype(all)::rank == 1 ? N : 4;
         is_copied_ = data_ != nullptr &&
                      (step_[1] != size_of<T> || (row_ != N && step_[0] != row_ * size_of<T>));
-        for (int i = 0; is_copied_ && i < N; ++i)
-            __builtin_memcpy(&copy_[i], at(i), sizeof(T));
+        if constexpr (std::is_const_v<T>)
+            for (int i = 0; is_copied_ && i < N; ++i)
+                __builtin_memcpy(&copy_[i], at(i), sizeof(T));
     }
     T *parameter() { return is_copied_ ? copy_ : data_; }
     bool is_null() const { return data_ == nullptr; }
+    /* After a call that did not fail. */
     void store() const {
         if constexpr (!std::is_const_v<T>)
             for (int i = 0; is_copied_ && i < N; ++i)
@@ -126,7 +128,8 @@ ZELM_FRONT status run_fixed(Parameters... parameters) {
     if ((... || parameters.is_null()))
         return zelStatusNullPointer;
     const status result = function(parameters.parameter()...);
-    (parameters.store(), ...);
+    if (result.ok())
+        (parameters.store(), ...);
     return result;
 }
 
