@@ -9,8 +9,9 @@ install(
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(FILES ${PROJECT_SOURCE_DIR}/include/zelm.h ${PROJECT_SOURCE_DIR}/include/zelmsafe.h
-              ${PROJECT_SOURCE_DIR}/include/zelcore.h
+              ${PROJECT_SOURCE_DIR}/include/zelcore.h ${PROJECT_SOURCE_DIR}/include/zelm.hpp
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/zelm DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 set_target_properties(zelm zelmsafe PROPERTIES INSTALL_RPATH "$ORIGIN")
 
 # -lzelm names all libraries. Linkers look for them beside libzelm.so.

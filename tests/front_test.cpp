@@ -116,6 +116,10 @@ TEST(Views, HaveTheShapeOfWhatTheyAreMadeOf) {
     EXPECT_EQ(inertias.stride1(), 24);
     EXPECT_EQ(&inertias[6](2, 1), &bodies[6].inertia[2][1]);
     EXPECT_EQ(zelm::member(std::vector<Body>(), &Body::mass).count(), 0);
+    Body few[2];
+    EXPECT_EQ(&zelm::member(few, &Body::status)[1], &few[1].status);
+    EXPECT_EQ(zelm::planar(run.data(), 3, std::ptrdiff_t(1) << 32).stride2(), std::ptrdiff_t(8)
+                                                                                  << 32);
 
     const zelm::matrices<const double> same_without_sizes = inertias;
     EXPECT_EQ(same_without_sizes.rows(), 3);
@@ -370,7 +374,7 @@ TEST(Errors, LeaveMemoryAlone) {
     refused(zelm::add(a, a, zelm::matrices<double>(p, 3, 3, 4, {72 + far, 24, 8})),
             zelStatusBadStride, __LINE__);
     refused(zelm::load_identity(of(3, 3, far + 1)), zelStatusBadCount, __LINE__);
-    refused(zelm::load_identity(of(far + 1, 3, 1)), zelStatusBadSize, __LINE__);
+    refused(zelm::l2_norm(zelm::vector(p, far + 1), numbers[0]), zelStatusBadSize, __LINE__);
     refused(zelm::add(a, a, zelm::matrices(c).part(1, 4)), zelStatusSizeMismatch, __LINE__);
     refused(zelm::load_identity(zelm::matrices(c).part(1, 4)), zelStatusBadCount, __LINE__);
     refused(zelm::load_identity(zelm::matrices(c)[4]), zelStatusNullPointer, __LINE__);

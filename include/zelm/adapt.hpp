@@ -142,9 +142,14 @@ template <class X, class T>
 using as_const_as = std::conditional_t<std::is_const_v<X>, const T, T>;
 
 template <class X, class = void>
-inline constexpr bool is_view = false; /* of zelm, in standard description */
+inline constexpr bool is_operand = false; /* a view of zelm */
 template <class X>
-inline constexpr bool is_view<X, std::void_t<decltype(std::declval<X &>().elements())>> = true;
+inline constexpr bool is_operand<X, std::void_t<decltype(X::described)>> = true;
+template <class X, class = void>
+inline constexpr bool is_view = false; /* ... in standard description */
+template <class X>
+inline constexpr bool is_view<X, std::void_t<decltype(std::declval<X &>().elements())>> =
+    is_operand<X>;
 
 template <class X, class = void>
 inline constexpr bool is_mdspan = false;
@@ -226,6 +231,22 @@ template <class X>
 inline constexpr bool is_adaptable =
     is_view<X> || is_mdspan<X> || is_object<std::remove_const_t<X>> || is_eigen<X> || is_range<X>;
 
+/* Of a range, which may be an array of the language. */
+template <class X>
+constexpr auto *data_of(X &x) {
+    if constexpr (std::is_array_v<X>)
+        return &x[0];
+    else
+        return x.data();
+}
+template <class X>
+constexpr std::ptrdiff_t length_of_range(const X &x) {
+    if constexpr (std::is_array_v<X>)
+        return std::extent_v<X>;
+    else
+        return static_cast<std::ptrdiff_t>(x.size());
+}
+
 /* The elements of x, with as many indices as it has. */
 template <class X, class = std::enable_if_t<is_adaptable<X>>>
 auto elements(X &x) {
@@ -238,8 +259,13 @@ auto elements(X &x) {
     else if constexpr (is_eigen<X>)
         return elements_of_eigen(x);
     else
-        return elements_of_objects(x.data(), static_cast<std::ptrdiff_t>(x.size()),
-                                   size_of<decltype(*x.data())>);
+        return elements_of_objects(x.data(), length_of_range(x), size_of<decltype(*x.data())>);
+}
+
+/* The product of sizes and bytes; 0 if there is no such number of bytes. */
+constexpr std::ptrdiff_t times(std::ptrdiff_t a, std::ptrdiff_t b) {
+    std::ptrdiff_t result = 0;
+    return a < 0 || b < 0 || __builtin_mul_overflow(a, b, &result) ? 0 : result;
 }
 
 /* The number of objects of n elements each in all of them; -1, which is refused later, if that
@@ -252,7 +278,7 @@ constexpr std::ptrdiff_t divided(std::ptrdiff_t all, std::ptrdiff_t n) {
 template <class T, int N>
 constexpr strided<T, dynamic, dynamic> divided(const strided<T, N> &run, std::ptrdiff_t n) {
     const std::ptrdiff_t step = run.strides[0];
-    return {run.data, {divided(run.extents[0], n), n}, {n * step, step}};
+    return {run.data, {divided(run.extents[0], n), n}, {times(n, step), step}};
 }
 /* ... as one matrix. */
 template <class T, int N>
@@ -261,25 +287,25 @@ constexpr strided<T, dynamic, dynamic> as_rows(const strided<T, N> &run, std::pt
     const std::ptrdiff_t step = run.strides[0];
     return {run.data,
             {divided(run.extents[0], columns) == rows ? rows : -1, columns},
-            {columns * step, step}};
+            {times(columns, step), step}};
 }
 /* ... as an array of matrices. */
 template <class T, int N>
 constexpr strided<T, dynamic, dynamic, dynamic>
 divided(const strided<T, N> &run, std::ptrdiff_t rows, std::ptrdiff_t columns) {
-    const std::ptrdiff_t step = run.strides[0];
+    const std::ptrdiff_t size = times(rows, columns), step = run.strides[0];
     return {run.data,
-            {divided(run.extents[0], rows * columns), rows, columns},
-            {rows * columns * step, columns * step, step}};
+            {divided(run.extents[0], size), rows, columns},
+            {times(size, step), times(columns, step), step}};
 }
 /* An array of vectors, each of them as a matrix. */
 template <class T, int M, int N>
 constexpr strided<T, dynamic, dynamic, dynamic>
 divided(const strided<T, M, N> &runs, std::ptrdiff_t rows, std::ptrdiff_t columns) {
-    const std::ptrdiff_t step = runs.strides[1];
+    const std::ptrdiff_t size = times(rows, columns), step = runs.strides[1];
     return {runs.data,
-            {runs.extents[1] == rows * columns ? runs.extents[0] : -1, rows, columns},
-            {runs.strides[0], columns * step, step}};
+            {runs.extents[1] == size ? runs.extents[0] : -1, rows, columns},
+            {runs.strides[0], times(columns, step), step}};
 }
 
 /* What the elements of x are, if a view can be made of it. */

@@ -71,12 +71,10 @@ constexpr int size_or_bad(std::ptrdiff_t n) {
     return N == dynamic ? size_or_bad(n) : N;
 }
 
-/* The bytes of an object of so many rows without gaps; 0, which is refused, if there is no such
- * object. */
+/* The bytes of so many elements, or rows of elements, without gaps. */
 template <class T>
 constexpr std::ptrdiff_t bytes_of(std::ptrdiff_t rows, std::ptrdiff_t columns) {
-    const int r = size_or_bad(rows), c = size_or_bad(columns);
-    return r <= 0 || c <= 0 || r > PTRDIFF_MAX / (c * size_of<T>) ? 0 : r * (c * size_of<T>);
+    return times(rows, times(columns, size_of<T>));
 }
 
 template <std::size_t N>
@@ -612,11 +610,6 @@ public:
 
 namespace detail {
 
-template <class V, class = void>
-inline constexpr bool is_operand = false;
-template <class V>
-inline constexpr bool is_operand<V, std::void_t<decltype(V::described)>> = true;
-
 /* A matrix or matrices used transposed: kinds t and ta. Where a destination or an operation knows
  * no such kind, strided memory becomes plain again by exchanged strides. */
 template <class V>
@@ -706,13 +699,13 @@ constexpr auto block(X &&x, std::ptrdiff_t row, std::ptrdiff_t column, std::ptrd
         return matrices(a);
 }
 
-/* The member m of every struct of a range: scalars, vectors or matrices. */
+/* The member m of every struct of a range, or of an array: scalars, vectors or matrices. */
 template <class Range, class Class, class M>
 auto member(Range &&range, M Class::*m) {
-    const auto count = static_cast<std::ptrdiff_t>(range.size());
-    auto *const first = count > 0 ? &(range.data()->*m) : nullptr;
-    const auto all =
-        detail::elements_of_objects(first, count, detail::size_of<decltype(*range.data())>);
+    auto *const objects = detail::data_of(range);
+    const std::ptrdiff_t count = detail::length_of_range(range);
+    auto *const first = count > 0 ? &(objects->*m) : nullptr;
+    const auto all = detail::elements_of_objects(first, count, detail::size_of<decltype(*objects)>);
     if constexpr (decltype(all)::rank == 1)
         return scalars(all);
     else if constexpr (decltype(all)::rank == 2)

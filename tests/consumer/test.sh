@@ -20,7 +20,7 @@ consumer() {
     shift
     "$cmake" -S "$here" -B "$directory" -DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx" "$@"
     "$cmake" --build "$directory" --parallel "$(nproc)"
-    for program in c90 c99 cxx17; do run "$directory/$program"; done
+    for program in c90 c99 cxx17 front; do run "$directory/$program"; done
     for program in threads companion; do
         "$directory/$program" || fail "$program: the companion library does not answer"
     done
@@ -37,6 +37,8 @@ each_language() {
             -o "$directory/$language" "$@"
         run "$directory/$language"
     done
+    $cxx -std=c++17 -Wall -Wextra -Wpedantic -Werror "$here/front.cpp" -o "$directory/front" "$@"
+    run "$directory/front"
     $cc "$here/threads.c" -o "$directory/threads" "$@"
     "$directory/threads" || fail "$directory/threads: the companion library does not answer"
     readelf -d "$directory/c99" | grep 'NEEDED.*libzel\(core\|msafe\)' && fail "a library that is not needed"
