@@ -13,7 +13,7 @@ as_owner := cmake/as_owner.sh
 ctest_options := --parallel $(JOBS) --no-tests=error
 # The sanitizers' runtimes do not know the most random of address layouts.
 fixed_addresses := $(shell setarch -R true 2>/dev/null && echo setarch -R)
-sources := api bench core examples include src tests
+sources := api bench core examples include python src tests
 clang_format = find $(sources) \( -name '*.[ch]' -o -name '*.[ch]pp' \) -print0 | \
 	xargs -0 $$(command -v clang-format-14 || echo clang-format)
 
@@ -22,6 +22,9 @@ clang_format = find $(sources) \( -name '*.[ch]' -o -name '*.[ch]pp' \) -print0 
 build = $(as_owner) cmake --preset $(1) -DZELM_WERROR=OFF $(2) $(CMAKE_ARGS) && \
 	$(as_owner) cmake --build --preset $(1) --parallel $(JOBS) $(addprefix --target ,$(3))
 strict := -DZELM_WERROR=ON
+
+# The packages that ZELM_BUILD_PYTHON=ON in CMAKE_ARGS asks for.
+python_group := $(if $(filter -DZELM_BUILD_PYTHON=ON,$(CMAKE_ARGS)),python)
 
 .PHONY: all help demo test bench bench-compare install deb sanitize thread abi format check-format \
 	doc clean
@@ -53,16 +56,16 @@ bench-compare: ## compare results: OLD=file of an earlier `make bench`, NEW=file
 	bench/compare.py '$(OLD)' '$(NEW)'
 
 install: ## install to PREFIX=/usr/local, below DESTDIR if that is set
-	$(packages) build
+	$(packages) build $(python_group)
 	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=OFF \
-		-DCMAKE_INSTALL_PREFIX='$(PREFIX)',zelm zelmsafe zelcore)
+		-DZELM_BUILD_PYTHON=OFF -DCMAKE_INSTALL_PREFIX='$(PREFIX)')
 	$(as_owner) touch build/release/install_manifest.txt
 	DESTDIR='$(DESTDIR)' cmake --install build/release
 
-deb: ## make a Debian package in build/release
-	$(packages) build
+deb: ## make a Debian package in build/release; CMAKE_ARGS=-DZELM_BUILD_PYTHON=ON: python3-zelm too
+	$(packages) build $(python_group)
 	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=OFF \
-		-DCMAKE_INSTALL_PREFIX=/usr)
+		-DZELM_BUILD_PYTHON=OFF -DCMAKE_INSTALL_PREFIX=/usr)
 	cd build/release && ../../$(as_owner) cpack
 
 sanitize: ## run all tests with the address and undefined-behaviour sanitizers

@@ -9,6 +9,7 @@ group() {
     build) echo g++ make cmake ;;
     example) echo libpng-dev ;;
     test) echo libgtest-dev pkg-config python3 ;;
+    python) echo python3-dev python3-numpy ;;
     bench)
         echo libbenchmark-dev python3 libeigen3-dev libglm-dev libcglm-dev liblapacke-dev \
             libopenblas-dev gfortran libxsmm-dev
