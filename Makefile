@@ -43,8 +43,9 @@ demo: ## build and run examples/terrain, ARGS="--refine 14" for a finer grid
 		--map '$(CURDIR)/terrain-map.png' $(ARGS)
 
 test: ## build everything, warnings being errors, and run all tests
-	$(packages) build example test
-	$(call build,release,-DZELM_BUILD_TESTS=ON -DZELM_BUILD_EXAMPLES=ON $(strict))
+	$(packages) build example python test
+	$(call build,release,-DZELM_BUILD_TESTS=ON -DZELM_BUILD_EXAMPLES=ON -DZELM_BUILD_PYTHON=ON \
+		$(strict))
 	$(as_owner) ctest --preset release $(ctest_options) $(ARGS)
 
 bench: ## measure the library beside its peers, ARGS="--filter lu --quick"

@@ -79,3 +79,18 @@ math(EXPR python_next "${Python3_VERSION_MINOR} + 1")
 string(CONCAT CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
        "libzelm (= ${PROJECT_VERSION}), python3 (>= ${python_version}), "
        "python3 (<< ${Python3_VERSION_MAJOR}.${python_next}), python3-numpy (>= 1:1.23)")
+
+if(ZELM_BUILD_TESTS)
+    set(python_tests ${PROJECT_SOURCE_DIR}/python/tests)
+    add_test(NAME python_test COMMAND ${Python3_EXECUTABLE} -m unittest discover -s ${python_tests})
+    set_tests_properties(
+        python_test
+        PROPERTIES ENVIRONMENT
+                   "PYTHONPATH=${python_build};PYTHONDONTWRITEBYTECODE=1;OMP_WAIT_POLICY=passive"
+                   WORKING_DIRECTORY ${PROJECT_BINARY_DIR})
+    if(ZELM_INSTALL AND NOT ZELM_PYTHON_WHEEL)
+        add_test(NAME python_installed_test
+                 COMMAND ${python_tests}/installed.sh ${CMAKE_COMMAND} ${PROJECT_BINARY_DIR}
+                         ${PROJECT_BINARY_DIR}/python_installed ${Python3_EXECUTABLE})
+    endif()
+endif()
