@@ -26,8 +26,8 @@ strict := -DZELM_WERROR=ON
 # The packages that ZELM_BUILD_PYTHON=ON in CMAKE_ARGS asks for.
 python_group := $(if $(filter -DZELM_BUILD_PYTHON=ON,$(CMAKE_ARGS)),python)
 
-.PHONY: all help demo test bench bench-compare install deb sanitize thread abi format check-format \
-	doc clean
+.PHONY: all help demo test bench bench-compare install deb wheel sanitize thread abi \
+	format check-format doc clean
 
 all: ## build the libraries
 	$(packages) build
@@ -68,6 +68,10 @@ deb: ## make a Debian package in build/release; CMAKE_ARGS=-DZELM_BUILD_PYTHON=O
 	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=OFF \
 		-DZELM_BUILD_PYTHON=OFF -DCMAKE_INSTALL_PREFIX=/usr)
 	cd build/release && ../../$(as_owner) cpack
+
+wheel: ## make a wheel of the Python package in build/wheel
+	$(packages) build python wheel
+	$(as_owner) /usr/bin/python3 -m pip wheel --no-deps --wheel-dir build/wheel .
 
 sanitize: ## run all tests with the address and undefined-behaviour sanitizers
 	$(packages) build example test

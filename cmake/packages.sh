@@ -10,6 +10,7 @@ group() {
     example) echo libpng-dev ;;
     test) echo libgtest-dev pkg-config python3 ;;
     python) echo python3-dev python3-numpy ;;
+    wheel) echo python3-pip python3-setuptools python3-wheel ;;
     bench)
         echo libbenchmark-dev python3 libeigen3-dev libglm-dev libcglm-dev liblapacke-dev \
             libopenblas-dev gfortran libxsmm-dev
