@@ -26,7 +26,7 @@ strict := -DZELM_WERROR=ON
 # The packages that ZELM_BUILD_PYTHON=ON in CMAKE_ARGS asks for.
 python_group := $(if $(filter -DZELM_BUILD_PYTHON=ON,$(CMAKE_ARGS)),python)
 
-.PHONY: all help demo test bench bench-compare install deb wheel sanitize thread abi \
+.PHONY: all help demo test bench bench-compare bench-python install deb wheel sanitize thread abi \
 	format check-format doc clean
 
 all: ## build the libraries
@@ -55,6 +55,13 @@ bench: ## measure the library beside its peers, ARGS="--filter lu --quick"
 
 bench-compare: ## compare results: OLD=file of an earlier `make bench`, NEW=file of the last one
 	bench/compare.py '$(OLD)' '$(NEW)'
+
+bench-python: ## measure the Python package beside NumPy, ARGS="--filter inv --orders 3,4"
+	$(packages) build python
+	$(call build,release,-DZELM_BUILD_TESTS=OFF -DZELM_BUILD_EXAMPLES=OFF -DZELM_BUILD_PYTHON=ON)
+	$(as_owner) env PYTHONPATH=build/release/python \
+		$$(sed -n 's/^Python3_EXECUTABLE:.*=//p' build/release/CMakeCache.txt) \
+		python/benchmark/ratios.py $(ARGS)
 
 install: ## install to PREFIX=/usr/local, below DESTDIR if that is set
 	$(packages) build $(python_group)
