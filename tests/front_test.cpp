@@ -366,6 +366,7 @@ TEST(Errors, LeaveMemoryAlone) {
     refused(zelm::determinant(a, five), zelStatusSizeMismatch, __LINE__);
     refused(zelm::qr(of(3, 2, 4), of(3, 1, 4), of(1, 2, 4)), zelStatusSizeMismatch, __LINE__);
     refused(zelm::least_squares(of(3, 2, 4), x, y), zelStatusSizeMismatch, __LINE__);
+    refused(zelm::least_squares(a, x, y, five), zelStatusSizeMismatch, __LINE__);
     refused(zelm::eigen_symmetric(a, five, c), zelStatusSizeMismatch, __LINE__);
     refused(zelm::eigen(a, y, numbers), zelStatusSizeMismatch, __LINE__);
 
@@ -500,6 +501,7 @@ TEST(Solvers, TakeTables) {
     constexpr std::size_t count = 7;
     auto a = random_objects<Matrix3>(count, 1);
     a[2] = Matrix3{};
+    std::vector<Matrix3> flipped(count);
     auto b = random_objects<Vector3>(count, 2);
     std::vector<Vector3> expected(count);
     std::vector<int> statuses(count), same_statuses(count);
@@ -516,6 +518,16 @@ TEST(Solvers, TakeTables) {
               zelStatusSingular);
     for (std::size_t n = 0; n < count; ++n)
         EXPECT_EQ(0, std::memcmp(&x[count - 1 - n], &expected[n], sizeof(Vector3))) << n;
+
+    EXPECT_EQ(zelm::transpose(a, flipped).code(), zelStatusOk);
+    for (std::size_t n = 0; n < count; ++n)
+        matrices[n] = &flipped[count - 1 - n][0][0];
+    x.assign(count, Vector3{});
+    EXPECT_EQ(zelm::solve(zelm::transposed(zelm::layout_matrices(matrices.data(), 3, 3, count)),
+                          listed, x)
+                  .code(),
+              zelStatusSingular);
+    EXPECT_EQ(0, std::memcmp(&x[1], &expected[count - 2], sizeof(Vector3)));
 
     std::vector<double *> elements, places;
     for (std::size_t k = 0; k < 9; ++k)
