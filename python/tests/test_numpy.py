@@ -2,6 +2,7 @@
 
 import itertools
 import unittest
+import unittest.mock
 
 import numpy
 import numpy.linalg
@@ -227,6 +228,17 @@ class Comparison(unittest.TestCase):
         self.same_results(lambda m: m.solve(a[0, 0], b))
         self.same_results(lambda m: m.solve(a[:, 0], b[0, :4, :, 0]))
         self.close(zelm.matmul(a, b), numpy.matmul(a, b))
+
+    def test_vectors_as_numpy_2_has_them(self):
+        a = random.random((3, 3, 3)) + 3 * numpy.eye(3)
+        b = random.random((3, 3))
+        with unittest.mock.patch.object(zelm, "_vectors_by_dimension", False):
+            self.close(zelm.solve(a, b), numpy.linalg.solve(a, numpy.stack([b] * 3)))
+            self.close(zelm.solve(a, b[0]), numpy.linalg.solve(a, numpy.stack([b[0]] * 3)))
+        with unittest.mock.patch.object(zelm, "_vectors_by_dimension", True):
+            x = zelm.solve(a, b)
+            self.close(zelm.solve(a, b[..., None])[..., 0], x)
+            self.close(zelm.solve(a, b[0]), zelm.solve(a, numpy.stack([b[0]] * 3)))
 
     def test_empty_stacks(self):
         for shape in ((0, 3, 3), (2, 0, 4, 4), (0, 0, 0)):
