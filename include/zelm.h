@@ -3985,8 +3985,7 @@ ZELM_API ZelStatus zelmEigenValuesVectorsSym_ma_64f_L(const double *const *ppSrc
  * Matrix Computations, 7.4 and 7.5; Martin, Peters, Wilkinson: Handbook for Automatic Computation
  * II, contribution II/14. Negligible is what is small beside its neighbours. Matrices whose largest
  * element is very large or very small are scaled by a power of two on the way, so that any scale
- * will do; columns of the reduction that are shorter than the square root of the smallest normal
- * number beside that largest element count as zero.
+ * will do.
  *
  * Status, in this order:
  *   null pointer, bad size, bad count, bad offset, bad stride.

@@ -10,6 +10,7 @@
 #include "../frame/element_at.hpp"
 
 #include <cstddef>
+#include <initializer_list>
 #include <limits>
 
 namespace zelm {
@@ -27,6 +28,15 @@ struct EigenLimits {
     static constexpr T least_square = single ? T(0x1p-90) : T(0x1p-900);
     // An eigenvector that grows beyond this is scaled.
     static constexpr T growth = single ? T(0x1p11) : T(0x1p26);
+};
+
+// What the iteration does for its end: subdiagonal elements below `negligible` count as zero,
+// whatever stands beside them; exceptional shifts come as long as it takes, or twice for each
+// value.
+template <class T>
+struct Effort {
+    T negligible = EigenLimits<T>::tiny;
+    bool insists = false;
 };
 
 template <class T>
@@ -72,14 +82,15 @@ public:
     using Limits = EigenLimits<T>;
 
     // `matrix` and, for vectors, `transform` have n * n elements, `work` 5 * n.
-    GeneralEigen(Run matrix, Run transform, Run work, int n)
+    GeneralEigen(Run matrix, Run transform, Run work, int n, Effort<T> effort = {})
         : matrix_(matrix),
           transform_(transform),
           re_(work),
           im_(work + n),
           u_(work + std::ptrdiff_t{2} * n),
           v_(work + std::ptrdiff_t{3} * n),
-          n_(n) {}
+          n_(n),
+          effort_(effort) {}
 
     // Of the matrix given, which may be scaled: its values, its quasi-triangular form and the
     // transformation to it. False where the sweeps do not suffice.
@@ -147,6 +158,18 @@ private:
         return w * square_root(1 + ratio * ratio);
     }
 
+    // Of the elements of column k below the subdiagonal, whose squares may underflow.
+    [[gnu::noinline]] T length_of_small(int k) const {
+        T largest = 0, square = 0;
+        for (int i = k + 2; i < n(); ++i)
+            largest = larger(magnitude(T(row(i)[k])), largest);
+        if (largest < Limits::tiny)
+            return largest;
+        for (int i = k + 2; i < n(); ++i)
+            square = square + (row(i)[k] / largest) * (row(i)[k] / largest);
+        return largest * square_root(square);
+    }
+
     // Hessenberg form; what is below is set to zero.
     void reduce() const {
         if constexpr (vectors)
@@ -159,7 +182,10 @@ private:
             T square = 0;
             for (int i = k + 2; i < n; ++i)
                 square = square + row(i)[k] * row(i)[k];
-            const T rest = square_root(square), alpha = row(k + 1)[k];
+            T rest = square_root(square);
+            if (square < Limits::least_square) [[unlikely]]
+                rest = length_of_small(k);
+            const T alpha = row(k + 1)[k];
             if (rest < Limits::tiny) {
                 for (int i = k + 2; i < n; ++i)
                     row(i)[k] = 0;
@@ -211,7 +237,7 @@ private:
     // The subdiagonal element beside (k, k) is negligible beside its neighbours.
     bool negligible(int k) const {
         const T below = magnitude(T(row(k)[k - 1]));
-        if (below < Limits::tiny)
+        if (below < effort_.negligible)
             return true;
         T beside = magnitude(T(row(k - 1)[k - 1])) + magnitude(T(row(k)[k]));
         if (beside == 0) {
@@ -242,7 +268,8 @@ private:
             } else {
                 if (budget-- == 0)
                     return false;
-                sweep(top, bottom, sweeps == 10 || sweeps == 20);
+                sweep(top, bottom,
+                      effort_.insists ? sweeps % 10 == 9 : sweeps == 10 || sweeps == 20);
                 ++sweeps;
             }
         }
@@ -296,23 +323,37 @@ private:
     // One double-shift sweep over the rows top ... bottom, of which there are three or more.
     void sweep(int top, int bottom, bool exceptional) const {
         T last = row(bottom)[bottom], before = row(bottom - 1)[bottom - 1];
-        T product = row(bottom)[bottom - 1] * row(bottom - 1)[bottom];
+        T left = row(bottom)[bottom - 1], right = row(bottom - 1)[bottom];
         if (exceptional) {
-            const T s =
-                magnitude(T(row(bottom)[bottom - 1])) + magnitude(T(row(bottom - 1)[bottom - 2]));
+            const T s = magnitude(left) + magnitude(T(row(bottom - 1)[bottom - 2]));
             last = before = T(0.75) * s + last;
-            product = T(-0.4375) * s * s;
+            left = T(-0.4375) * s;
+            right = s;
         }
         // The first column of (H - s1)(H - s2), from the lowest row on that may begin.
+        const T product = left * right;
         T p = 0, q = 0, r = 0;
         int first = bottom - 2;
         for (;; --first) {
             const T z = row(first)[first];
             const T x = last - z, y = before - z;
-            const T below = row(first + 1)[first];
-            p = x * y - product + row(first)[first + 1] * below;
-            q = (row(first + 1)[first + 1] - z - x - y) * below;
-            r = row(first + 2)[first + 1] * below;
+            const T beside = row(first)[first + 1], below = row(first + 1)[first];
+            const T sum = row(first + 1)[first + 1] - z - x - y;
+            const T next = row(first + 2)[first + 1];
+            p = x * y - product + beside * below;
+            q = sum * below;
+            r = next * below;
+            if (magnitude(p) + magnitude(q) + magnitude(r) < Limits::least_square) [[unlikely]] {
+                // Their products underflow: the same, divided by the largest of the factors.
+                T s = 0;
+                for (const T of : {x, y, left, right, beside, below, sum, next})
+                    s = larger(magnitude(of), s);
+                if (s >= Limits::tiny) {
+                    p = x / s * y - left / s * right + beside / s * below;
+                    q = sum / s * below;
+                    r = next / s * below;
+                }
+            }
             if (first == top)
                 break;
             const T above = magnitude(T(row(first - 1)[first - 1])) + magnitude(z) +
@@ -577,6 +618,7 @@ private:
 
     const Run matrix_, transform_, re_, im_, u_, v_;
     const int n_;
+    const Effort<T> effort_;
     int exponent_ = 0;
     T divisor_ = 0;
 };

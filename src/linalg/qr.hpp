@@ -15,6 +15,10 @@ constexpr int reflections(int width, int height) { return width < height ? width
 template <class T>
 inline constexpr T column_threshold = epsilon<T>;
 
+// Sums of squares below this have lost accuracy to underflow.
+template <class T>
+inline constexpr T least_square = sizeof(T) == 4 ? T(0x1p-90) : T(0x1p-900);
+
 // The root of the sum of squares, with the sign of the diagonal element; zero counts as negative.
 template <class S>
 ZELM_INLINE S signed_root(S squares, S diagonal) {
@@ -67,19 +71,33 @@ ZELM_INLINE MaskOf<S> factor_qr(int width, int height, const Matrix &d) {
             const S x = d(i, k);
             squares = squares + x * x;
         }
+        // Squares that underflow are formed again of what is lifted by a power of two.
+        S lift = splat<S>(1);
+        if constexpr (any_column)
+            if (const auto low = squares < splat<S>(least_square<ElementOf<S>>);
+                lane_bits(low) != 0) [[unlikely]] {
+                lift = select(low, splat<S>(1 / least_square<ElementOf<S>>), lift);
+                squares = diagonal * lift * (diagonal * lift);
+                for (int i = k + 1; i < height; ++i) {
+                    const S x = d(i, k) * lift;
+                    squares = squares + x * x;
+                }
+            }
         const auto small = any_column
                                ? squares == splat<S>(0)
                                : splat<S>(column_threshold<ElementOf<S>>) > magnitude(squares);
         failing = failing | small;
         if (lanes_of<S> == 1 && lane_bits(failing))
             return failing;
-        const S alpha = signed_root(squares, diagonal);
-        S r = splat<S>(1) / (diagonal + alpha);
-        if constexpr (any_column)
+        S alpha = signed_root(squares, diagonal);
+        S r = splat<S>(1) / (diagonal * lift + alpha);
+        if constexpr (any_column) {
             r = select(small, splat<S>(0), r);
+            alpha = alpha / lift;
+        }
         S length = splat<S>(1);
         for (int i = k + 1; i < height; ++i) {
-            const S x = d(i, k) * r;
+            const S x = d(i, k) * lift * r;
             d(i, k) = x;
             length = length + x * x;
         }

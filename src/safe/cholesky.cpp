@@ -7,8 +7,9 @@ namespace zelm::safe {
 namespace {
 
 // Factors by the kernels of the array functions, whose diagonals are the reciprocals of L's. Their
-// roots are sure within a wide range; an object with a diagonal element outside it is done again,
-// brought there by a power of four.
+// roots are sure within a wide range; an object with a diagonal element outside it is done again.
+// Rows and columns are brought there by powers of two that make every diagonal element nearly 1:
+// the digits are the same, and no element of a positive definite matrix is above 4 then.
 
 template <class T>
 inline constexpr int root_reach = Format<T>::reach / 2;
@@ -55,26 +56,25 @@ template <class T, class A>
     for (int i = 0; i < n; ++i)
         for (int j = 0; j <= i; ++j)
             extent.note(f[i * n + j]);
-    const Scale<T> scale(extent.largest);
-    const auto odd = scale.exponent & 1;
-    const S half = select(odd != 0, splat<S>(T(0.5)), splat<S>(1));
-    const IndexOf<S> root = (odd - scale.exponent) >> 1; // of the inverse of the scale
+    S *const residuals = f + n * n;
+    auto *const root = reinterpret_cast<IndexOf<S> *>(residuals + n); // of each row's scale
+    for (int i = 0; i < n; ++i)
+        root[i] = Scale<T>(magnitude(f[i * n + i]), 1).exponent >> 1;
     for (int i = 0; i < n; ++i)
         for (int j = 0; j <= i; ++j)
-            f[i * n + j] = scale(f[i * n + j]) * half;
+            f[i * n + j] = scaled<T>(f[i * n + j], root[i] + root[j]);
     MaskOf<S> failing;
-    factor_in_memory<T>(f, n, f + n * n, failing);
+    factor_in_memory<T>(f, n, residuals, failing);
     Extent<S> result;
     for (int i = 0; i < n; ++i)
         for (int j = 0; j <= i; ++j) {
             S &x = f[i * n + j];
-            x = scaled<T>(x, root);
+            x = scaled<T>(x, -root[i]);
             result.note(x);
             y[i * n + j] = select(fine, y[i * n + j], x);
         }
     set_status(statuses, ~(fine | extent.finite()), zelmSafeNotFinite);
-    set_status(statuses, ~fine & failing, zelStatusNotPositiveDefinite);
-    set_status(statuses, ~(fine | result.finite()), zelmSafeOutOfRange);
+    set_status(statuses, ~fine & (failing | ~result.finite()), zelStatusNotPositiveDefinite);
     blank_failures(statuses, y, n * n);
 }
 
@@ -114,8 +114,9 @@ int cholesky(const ZelmView &from, const ZelmView &to, int n, Distance count,
     const double order = n;
     const auto elements = static_cast<std::size_t>(n) * static_cast<std::size_t>(n);
     return finish_objects<2 * L>(
-        count, order * order * order / 6, (3 * elements + static_cast<std::size_t>(n)) * sizeof(S),
-        status, [&](const Group &group, char *memory, int *statuses) {
+        count, order * order * order / 6,
+        (3 * elements + 2 * static_cast<std::size_t>(n)) * sizeof(S), status,
+        [&](const Group &group, char *memory, int *statuses) {
             S *const y = reinterpret_cast<S *>(memory), *const scratch = y + 2 * elements;
             const auto a = group.objects<const T, 2 * L>(from);
             const auto l = group.objects<T, 2 * L>(to);
@@ -160,7 +161,7 @@ int cholesky(const ZelmView &from, const ZelmView &to, int n, Distance count,
     extern "C" int zelmSafeCholesky_##suffix(ZelmView a, ZelmView l, int order, ptrdiff_t count,   \
                                              ZelmStatusView status) {                              \
         using namespace zelm::safe;                                                                \
-        if (const int wrong = first_wrong(count, {order}, a, l))                                   \
+        if (const int wrong = first_wrong(count, {order, order}, a, l))                            \
             return wrong;                                                                          \
         return cholesky<T>(a, l, order, count, status);                                            \
     }

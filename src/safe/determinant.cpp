@@ -61,11 +61,16 @@ template <class T, class A>
     using S = Lanes<T>;
     Careful<T> careful(scratch, n);
     load_objects(careful.f, a, n, n);
-    careful.factor(false);
+    careful.factor();
     Product<T> again;
+    for (int i = 0; i < n; ++i) { // a pivot may be subnormal
+        S &pivot = careful.f[i * n + i];
+        const Scale<T> scale(magnitude(pivot), 0);
+        pivot = scale(pivot);
+        again.exponent = again.exponent - scale.exponent - careful.exponent[i];
+    }
     multiply_pivots(careful.f, careful.p, n, again);
     again.normalize();
-    again.exponent = again.exponent - careful.exponent * n;
     again.mantissa = select(careful.singular, splat<S>(0), again.mantissa);
     product.mantissa = select(fine, product.mantissa, again.mantissa);
     product.exponent = select(fine, product.exponent, again.exponent);
@@ -154,7 +159,7 @@ int log_determinant(const ZelmView &a, const ZelmView &sign, const ZelmView &log
     extern "C" int zelmSafeDeterminant_##suffix(ZelmView a, ZelmView to, int order,                \
                                                 ptrdiff_t count, ZelmStatusView status) {          \
         using namespace zelm::safe;                                                                \
-        if (const int wrong = first_wrong(count, {order}, a, to))                                  \
+        if (const int wrong = first_wrong(count, {order, order}, a, to))                           \
             return wrong;                                                                          \
         return determinant<T>(a, to, order, count, status);                                        \
     }                                                                                              \
@@ -162,7 +167,7 @@ int log_determinant(const ZelmView &a, const ZelmView &sign, const ZelmView &log
                                                    int order, ptrdiff_t count,                     \
                                                    ZelmStatusView status) {                        \
         using namespace zelm::safe;                                                                \
-        if (const int wrong = first_wrong(count, {order}, a, sign, logarithm))                     \
+        if (const int wrong = first_wrong(count, {order, order}, a, sign, logarithm))              \
             return wrong;                                                                          \
         return log_determinant<T>(a, sign, logarithm, order, count, status);                       \
     }

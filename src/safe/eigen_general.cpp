@@ -9,11 +9,11 @@ namespace {
 // The array functions' algorithm, one object after another, each brought to one exponent.
 
 template <class T, bool vectors, int order>
-[[gnu::noinline]] bool solve_in_buffer(Unaligned<T> *matrix, int n) {
+[[gnu::noinline]] bool solve_in_buffer(Unaligned<T> *matrix, int n, Effort<T> effort) {
     const std::ptrdiff_t elements = std::ptrdiff_t{n} * n;
     auto *const transform = matrix + elements;
     GeneralEigen<T, vectors, order> eigen(matrix, transform,
-                                          vectors ? transform + elements : transform, n);
+                                          vectors ? transform + elements : transform, n, effort);
     if (!eigen.decompose())
         return false;
     if constexpr (vectors)
@@ -42,17 +42,15 @@ int finish_object(const ZelmView &from, const ZelmView &real, const ZelmView &im
     if (finite) {
         if (largest > 0)
             std::frexp(largest, &exponent);
-        // Squares of elements that are very small beside the largest may underflow and keep the
-        // iteration from its end; then they count as zero.
-        for (const T least : {T{0}, power<T>(-Format<T>::reach * 2 / 3)}) {
+        // Double values may keep the iteration going in circles. Then it is shifted more often, and
+        // what is negligible beside the matrix is negligible anywhere.
+        for (const Effort<T> effort : {Effort<T>{}, Effort<T>{epsilon<T>, true}}) {
             for (int i = 0; i < n; ++i)
-                for (int j = 0; j < n; ++j) {
-                    const T x = std::ldexp(get(a, i, j), -exponent);
-                    matrix[std::ptrdiff_t{i} * n + j] = magnitude(x) < least ? 0 : x;
-                }
+                for (int j = 0; j < n; ++j)
+                    matrix[std::ptrdiff_t{i} * n + j] = std::ldexp(get(a, i, j), -exponent);
             solved = with_order<3, 4>(
-                n, [&](auto N) { return solve_in_buffer<T, vectors, N>(matrix, n); },
-                [&] { return solve_in_buffer<T, vectors, 0>(matrix, n); });
+                n, [&](auto N) { return solve_in_buffer<T, vectors, N>(matrix, n, effort); },
+                [&] { return solve_in_buffer<T, vectors, 0>(matrix, n, effort); });
             if (solved)
                 break;
         }
@@ -99,7 +97,7 @@ int eigen(const ZelmView &a, const ZelmView &real, const ZelmView &imaginary, co
                                           ZelmView vectors, int order, ptrdiff_t count,            \
                                           ZelmStatusView status) {                                 \
         using namespace zelm::safe;                                                                \
-        if (const int wrong = first_wrong(count, {order}, a, real, imaginary))                     \
+        if (const int wrong = first_wrong(count, {order, order}, a, real, imaginary))              \
             return wrong;                                                                          \
         return is_null(vectors)                                                                    \
                    ? eigen<T, false>(a, real, imaginary, vectors, order, count, status)            \

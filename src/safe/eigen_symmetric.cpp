@@ -188,7 +188,7 @@ int eigen_symmetric(const ZelmView &from, const ZelmView &values, const ZelmView
                                                    int order, ptrdiff_t count,                     \
                                                    ZelmStatusView status) {                        \
         using namespace zelm::safe;                                                                \
-        if (const int wrong = first_wrong(count, {order}, a, values))                              \
+        if (const int wrong = first_wrong(count, {order, order}, a, values))                       \
             return wrong;                                                                          \
         return is_null(vectors)                                                                    \
                    ? eigen_symmetric<T, false>(a, values, vectors, order, count, status)           \

@@ -41,6 +41,8 @@ public:
         largest_ = larger(m, largest_);
         nothing_ = nothing_ + (pivot - pivot);
     }
+    // However even the pivots are, elements of the result may overflow.
+    ZELM_INLINE void note_sum(S result) { nothing_ = nothing_ + (result - result); }
     ZELM_INLINE Verdict<S> verdict() const {
         constexpr int reach = Format<T>::reach;
         return {(nothing_ == nothing_) & (largest_ > splat<S>(0)) &
@@ -51,7 +53,7 @@ public:
 
 private:
     S smallest_ = splat<S>(std::numeric_limits<T>::infinity()), largest_ = splat<S>(0);
-    S nothing_ = splat<S>(0); // NaN once a pivot was not finite
+    S nothing_ = splat<S>(0); // NaN once a number was not finite
 };
 
 // Order 2 to 4: x becomes the inverse of a.
@@ -72,6 +74,12 @@ ZELM_INLINE Verdict<S> reduce(S (&t)[N][N], IndexOf<S> (&p)[N]) {
     PivotExtremes<S> pivots;
     gauss_jordan(
         t, p, ElementOf<S>{0}, [&](S pivot) __attribute__((always_inline)) { pivots.note(pivot); });
+    // Multipliers below the pivots are at most 1: of few rows the last one is sure.
+    S sums[N];
+    unroll<N>(ZELM_EACH(j) { sums[j] = t[0][j]; });
+    unroll<1, N - 1>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { sums[j] = sums[j] + t[i][j]; }); });
+    unroll<1, N>(ZELM_EACH(j) { sums[0] = sums[0] + sums[j]; });
+    pivots.note_sum(sums[0]);
     return pivots.verdict();
 }
 template <class S>
@@ -85,6 +93,12 @@ Verdict<S> reduce(S *t, IndexOf<S> *p, int n, S *f) {
         exchange_numbers(p, k, step);
         step.reduce(f, splat<S>(1) / pivot);
         pivots.note(pivot);
+    }
+    for (int i = 0; i < n; ++i) {
+        S sum = t[i * n];
+        for (int j = 1; j < n; ++j)
+            sum = sum + t[i * n + j];
+        pivots.note_sum(sum);
     }
     return pivots.verdict();
 }
@@ -155,16 +169,33 @@ void put_in_order(S *y, const S *t, const IndexOf<S> *p, int n) {
                 y[p[k][l] * n + i][l] = t[i * n + k][l];
 }
 
-// The lanes that are not fine; of those that are, the reduced matrix in m.t is the answer.
+// 1 / (|a| |y|), both near 1 by the same power of two; `scratch` takes n x n elements.
+template <class T, class A>
+Lanes<T> reciprocal_condition(const A &a, const Lanes<T> *y, int n, Lanes<T> *scratch) {
+    using S = Lanes<T>;
+    load_objects(scratch, a, n, n);
+    Extent<S> extent;
+    for (int e = 0; e < n * n; ++e)
+        extent.note(scratch[e]);
+    const Scale<T> scale(extent.largest, 0);
+    for (int e = 0; e < n * n; ++e)
+        scratch[e] = scale(scratch[e]);
+    const S norm = column_norm(scratch, n);
+    for (int e = 0; e < n * n; ++e)
+        scratch[e] = scaled<T>(y[e], -scale.exponent);
+    return splat<S>(1) / norm / column_norm(scratch, n);
+}
+
+// The lanes that are not fine; of those that are, the reduced matrix in m.t is the answer. `rcond`,
+// which may be null, is of those that fail.
 template <class T, class A>
 [[gnu::noinline]] void invert_rest(const A &a, int n, const Verdict<Lanes<T>> &verdict,
-                                   const Memory<Lanes<T>> &m, int *statuses) {
+                                   const Memory<Lanes<T>> &m, Lanes<T> *rcond, int *statuses) {
     using S = Lanes<T>;
     const MaskOf<S> fine = verdict.accurate & verdict.in_reach;
-    put_in_order(m.y, m.t, m.p, n);
     Careful<T> careful(m.rest, n);
     load_objects(careful.f, a, n, n);
-    careful.factor(false);
+    careful.factor(rcond != nullptr);
     set_status(statuses, ~careful.finite, zelmSafeNotFinite);
     set_status(statuses, careful.singular, zelStatusSingular);
     MaskOf<S> open = ~fine & careful.finite & ~careful.singular;
@@ -208,6 +239,8 @@ template <class T, class A>
                 m.y[i * n + c] = select(open, x[i], m.y[i * n + c]);
         }
     }
+    if (rcond != nullptr)
+        *rcond = careful.reciprocal_condition();
     for (int l = 0; l < lanes_of<S>; ++l)
         if (lane_bits(fine) >> l & 1)
             statuses[l] = zelStatusOk;
@@ -229,24 +262,17 @@ int invert(const Call<T> &call, Distance count, ZelmStatusView status) {
             const Memory<S> m(memory, n);
             bool failed = false;
             const auto rest = [&](const Verdict<S> &verdict) {
-                S norm = splat<S>(0);
-                if (wants_rcond) { // of the source, which the destination may be
-                    load_objects(m.rest, a, n, n);
-                    norm = column_norm(m.rest, n);
-                }
+                put_in_order(m.y, m.t, m.p, n);
+                S rcond;
                 failed = !verdict.fine();
                 if (failed)
-                    invert_rest<T>(a, n, verdict, m, statuses);
-                else
-                    put_in_order(m.y, m.t, m.p, n);
-                if (wants_rcond) {
-                    S r = splat<S>(1) / norm / column_norm(m.y, n);
+                    invert_rest<T>(a, n, verdict, m, wants_rcond ? &rcond : nullptr, statuses);
+                if (wants_rcond) { // before the destination, which may be the source
+                    const S r = reciprocal_condition<T>(a, m.y, n, m.rest);
                     for (int l = 0; l < L; ++l)
-                        if (statuses[l] != zelStatusOk)
-                            r[l] = statuses[l] == zelStatusSingular
-                                       ? 0
-                                       : std::numeric_limits<T>::quiet_NaN();
-                    store_objects(group.objects<T, L>(call.rcond), &r, 1, 1);
+                        if (statuses[l] == zelStatusOk)
+                            rcond[l] = r[l];
+                    store_objects(group.objects<T, L>(call.rcond), &rcond, 1, 1);
                 }
                 store_objects(x, m.y, n, n);
             };
@@ -315,7 +341,7 @@ int invert(const Call<T> &call, Distance count, ZelmStatusView status) {
     extern "C" int zelmSafeInverse_##suffix(ZelmView a, ZelmView x, int order, ptrdiff_t count,    \
                                             ZelmStatusView status, ZelmView rcond) {               \
         using namespace zelm::safe;                                                                \
-        if (const int wrong = first_wrong(count, {order}, a, x))                                   \
+        if (const int wrong = first_wrong(count, {order, order}, a, x))                            \
             return wrong;                                                                          \
         return invert<T>({a, x, rcond, order}, count, status);                                     \
     }

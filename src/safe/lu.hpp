@@ -3,7 +3,8 @@
 // An elimination does not feel a power of two. So a group is tried as it stands, by the kernels of
 // the array functions; where a pivot or an answer leaves a wide range around 1 in a lane, the
 // lane's object may have suffered from overflow or underflow, or may not be finite, or is singular:
-// then it is done again, brought to one exponent. Both do the same operations on every element.
+// then it is done again, every column brought to one exponent: the pivots are the same. Both do the
+// same operations on every element.
 #pragma once
 
 #include "objects.hpp"
@@ -50,73 +51,106 @@ struct Factors {
             for (int l = 0; l < lanes_of<S>; ++l)
                 x[i][l] = b[p[i][l]][l];
     }
-    // The sum of magnitudes in the largest column of the inverse. x: n elements of scratch.
-    S inverse_norm(S *x) const {
-        S norm = splat<S>(0);
+    // The sum of magnitudes in the largest column of the inverse, whose row i is weighted by
+    // weight(i, x); infinite where that is more than a number holds. x: n elements of scratch.
+    template <class Weight>
+    S inverse_norm(S *x, const Weight &weight) const {
+        S norm = splat<S>(0), nothing = splat<S>(0);
         for (int c = 0; c < n; ++c) {
             for (int i = 0; i < n; ++i)
                 x[i] = splat<S>(i == c ? 1 : 0);
             substitute(x);
             S sum = splat<S>(0);
             for (int i = 0; i < n; ++i)
-                sum = sum + magnitude(x[i]);
+                sum = sum + magnitude(weight(i, x[i]));
             norm = larger(sum, norm);
+            nothing = nothing + (sum - sum);
         }
-        return norm;
+        return select(nothing == nothing, norm,
+                      splat<S>(std::numeric_limits<ElementOf<S>>::infinity()));
+    }
+    S inverse_norm(S *x) const {
+        return inverse_norm(x, [](int, const S &element) { return element; });
     }
 };
-template <class S>
-S column_norm(const S *a, int n) {
+// The largest of the columns' sums of magnitudes, of which that of column j is weighted by
+// weight(j, sum).
+template <class S, class Weight>
+S column_norm(const S *a, int n, const Weight &weight) {
     S norm = splat<S>(0);
     for (int j = 0; j < n; ++j) {
         S sum = splat<S>(0);
         for (int i = 0; i < n; ++i)
             sum = sum + magnitude(a[i * n + j]);
-        norm = larger(sum, norm);
+        norm = larger(weight(j, sum), norm);
     }
     return norm;
 }
+template <class S>
+S column_norm(const S *a, int n) {
+    return column_norm(a, n, [](int, const S &sum) { return sum; });
+}
 
-// Of a group that is brought to one exponent.
+// Of a group whose columns are brought to one exponent.
 template <class T>
 struct Careful {
     using S = Lanes<T>;
 
     S *f, *x, *b; // n x n, n, n elements of scratch
     IndexOf<S> *p;
+    IndexOf<S> *exponent; // the powers of two by which the columns are larger than the object's
     int n;
 
     MaskOf<S> finite, singular;
-    IndexOf<S> exponent; // the power of two by which the matrix is larger than the object
-    S norm;              // of the matrix
+    IndexOf<S> least; // of the exponents
+    S norm;           // of the object times 2^least
 
     Careful(S *scratch, int order)
         : f(scratch),
           x(f + order * order),
           b(x + order),
           p(reinterpret_cast<IndexOf<S> *>(b + order)),
+          exponent(p + order),
           n(order) {}
 
     // Factors the matrix in f.
-    void factor(bool wants_norm) {
-        Extent<S> extent;
-        for (int e = 0; e < n * n; ++e)
-            extent.note(f[e]);
-        finite = extent.finite();
-        const Scale<T> scale(extent.largest);
-        exponent = scale.exponent;
-        for (int e = 0; e < n * n; ++e)
-            f[e] = scale(f[e]);
-        if (wants_norm)
-            norm = column_norm(f, n);
+    void factor(bool wants_norm = false) {
+        S nothing = splat<S>(0);
+        for (int j = 0; j < n; ++j) {
+            Extent<S> extent;
+            for (int i = 0; i < n; ++i)
+                extent.note(f[i * n + j]);
+            nothing = nothing + extent.nothing;
+            const Scale<T> scale(extent.largest, Format<T>::factor_exponent);
+            exponent[j] = scale.exponent;
+            for (int i = 0; i < n; ++i)
+                f[i * n + j] = scale(f[i * n + j]);
+        }
+        finite = nothing == nothing;
+        if (wants_norm) {
+            least = exponent[0];
+            for (int j = 1; j < n; ++j)
+                least = select(exponent[j] < least, exponent[j], least);
+            norm = column_norm(
+                f, n, [&](int j, const S &sum) { return scaled<T>(sum, least - exponent[j]); });
+        }
         singular = factor_lanes<S>(f, p, n, T{0}, x);
     }
     Factors<S> factors() const { return {f, p, n}; }
+
+    // 1 / (|A| |inverse|), 0 for a singular matrix.
+    S reciprocal_condition() const {
+        const S inverse = factors().inverse_norm(
+            x, [&](int i, const S &element) { return scaled<T>(element, exponent[i] - least); });
+        S r = splat<S>(1) / norm / inverse;
+        r = select(singular, splat<S>(0), r);
+        return select(finite, r, splat<S>(std::numeric_limits<T>::quiet_NaN()));
+    }
 };
 template <class T>
 constexpr std::size_t careful_elements(int n) { // of scratch, in registers
     return static_cast<std::size_t>(n) * static_cast<std::size_t>(n) +
-           3 * static_cast<std::size_t>(n);
+           4 * static_cast<std::size_t>(n);
 }
 
 // The solution of the factored matrix of `careful` for the right-hand side in careful.b, in `to`,
@@ -128,32 +162,39 @@ void solve_carefully(Careful<T> &careful, Lanes<T> *to, int *statuses) {
     Extent<S> extent;
     for (int i = 0; i < n; ++i)
         extent.note(careful.b[i]);
-    set_status(statuses, ~(careful.finite & extent.finite()), zelmSafeNotFinite);
+    const MaskOf<S> finite = careful.finite & extent.finite();
+    for (int l = 0; l < lanes_of<S>; ++l)
+        if ((lane_bits(finite) >> l & 1) == 0)
+            statuses[l] = zelmSafeNotFinite; // whatever another right-hand side met
     set_status(statuses, careful.singular, zelStatusSingular);
     // The first that no lane overflows with: mostly the answer is near 1, of matrices with a wide
     // range it may be far above.
     const Scale<T> scale(extent.largest);
     constexpr int working = Format<T>::working_exponent;
-    MaskOf<S> done = ~(careful.finite & extent.finite()) | careful.singular;
-    for (const int down : {working * 3 / 8, working * 11 / 8, working * 17 / 8}) {
+    MaskOf<S> done = ~finite | careful.singular;
+    constexpr int first = working / 8;
+    for (const int down : {first, working * 9 / 8, working * 17 / 8}) {
         const IndexOf<S> shift = splat_index<S>(-down);
         careful.factors().permute(careful.x, careful.b);
         for (int i = 0; i < n; ++i)
             careful.x[i] = scaled<T>(scale(careful.x[i]), shift);
         careful.factors().substitute(careful.x);
         Extent<S> result;
-        for (int i = 0; i < n; ++i) {
-            careful.x[i] = scaled<T>(careful.x[i], careful.exponent - scale.exponent - shift);
-            result.note(careful.x[i]);
-        }
-        const MaskOf<S> now = result.finite() & ~done;
         for (int i = 0; i < n; ++i)
-            to[i] = down == working * 3 / 8 ? careful.x[i] : select(now, careful.x[i], to[i]);
+            result.note(careful.x[i]);
+        const MaskOf<S> now = result.finite() & ~done;
+        for (int i = 0; i < n; ++i) {
+            const S x = scaled<T>(careful.x[i], careful.exponent[i] - scale.exponent - shift);
+            to[i] = down == first ? x : select(now, x, to[i]);
+        }
         done = done | now;
         if (lane_bits(done) == all_lanes<S>)
             break;
     }
-    set_status(statuses, ~done, zelmSafeOutOfRange);
+    Extent<S> result;
+    for (int i = 0; i < n; ++i)
+        result.note(to[i]);
+    set_status(statuses, ~result.finite(), zelmSafeOutOfRange);
 }
 
 } // namespace zelm::safe

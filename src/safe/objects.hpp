@@ -157,17 +157,19 @@ int finish_objects(Distance count, double work, std::size_t scratch_bytes, ZelmS
     return failure.status();
 }
 
-// The order of checks of every function. Sizes whose scratch would not fit an address are refused.
+// The order of checks of every function. Elements of scratch are numbered by int: a matrix of any
+// two of the sizes may not have more. An order is given twice.
 template <class... Views>
 int first_wrong(Distance count, std::initializer_list<int> sizes, const Views &...views) {
-    constexpr int most = 1 << 20;
+    constexpr Distance most = 1 << 28;
     if ((is_null(views) || ...))
         return zelStatusNullPointer;
     if (count < 0)
         return zelStatusBadCount;
-    for (const int size : sizes)
-        if (size < 1 || size > most)
-            return zelStatusBadSize;
+    for (const int &size : sizes)
+        for (const int &other : sizes)
+            if (size < 1 || (&size != &other && Distance{size} * other > most))
+                return zelStatusBadSize;
     return zelStatusOk;
 }
 

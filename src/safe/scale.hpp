@@ -13,6 +13,9 @@ struct Format {
     // Objects are brought here before they are worked on: as far up as leaves room for the growth
     // of an elimination, so that small elements beside large ones stay normal numbers.
     static constexpr int working_exponent = single ? 96 : 900;
+    // Columns that are to be divided by: quotients of numbers near the working exponent are far
+    // from either end of the range.
+    static constexpr int factor_exponent = single ? 40 : 400;
     // What comes within 2^-reach and 2^reach has been computed without leaving the normal numbers.
     static constexpr int reach = single ? 60 : 500;
 };
@@ -65,16 +68,16 @@ ZELM_INLINE Lanes<T> scaled(Lanes<T> x, IndexOf<Lanes<T>> e) {
     return x;
 }
 
-// The factor that brings the largest magnitude of an object to a working exponent, in two parts
-// that are applied one after the other; subnormal objects come as far as that reaches.
+// The factor that brings the largest magnitude of an object to the exponent `to`, in two parts that
+// are applied one after the other; subnormal objects come as far as that reaches.
 template <class T>
 struct Scale {
     using S = Lanes<T>;
     S first, second;
     IndexOf<S> exponent; // of the product
 
-    ZELM_INLINE explicit Scale(S largest) {
-        constexpr int to = Format<T>::working_exponent, low = to - Format<T>::bias;
+    ZELM_INLINE explicit Scale(S largest, int to = Format<T>::working_exponent) {
+        const int low = to - Format<T>::bias;
         const auto small = largest < splat<S>(power<T>(low));
         first = select(small, splat<S>(power<T>(to)), splat<S>(1));
         const auto e = clamped(exponent_of<T>(largest * first), low, Format<T>::bias);

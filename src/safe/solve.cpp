@@ -110,9 +110,7 @@ template <class T, class A, class B>
             y[i * columns + c] = select(fine, y[i * columns + c], x[i]);
     }
     if (rcond != nullptr) {
-        S r = reciprocal_condition(careful.norm, careful.factors().inverse_norm(careful.x));
-        r = select(careful.singular, splat<S>(0), r);
-        r = select(careful.finite, r, splat<S>(std::numeric_limits<T>::quiet_NaN()));
+        const S r = careful.reciprocal_condition();
         *rcond = select(fine, *rcond, r);
     }
     for (int l = 0; l < lanes_of<S>; ++l)
@@ -165,7 +163,7 @@ int solve(const Call<T> &call, Distance count, ZelmStatusView status) {
                                           int rightHandSides, ptrdiff_t count,                     \
                                           ZelmStatusView status, ZelmView rcond) {                 \
         using namespace zelm::safe;                                                                \
-        if (const int wrong = first_wrong(count, {order, rightHandSides}, a, b, x))                \
+        if (const int wrong = first_wrong(count, {order, order, rightHandSides}, a, b, x))         \
             return wrong;                                                                          \
         return solve<T>({a, b, x, rcond, order, rightHandSides}, count, status);                   \
     }
