@@ -26,7 +26,7 @@ inline constexpr int largest_cofactors_in_lanes = largest_lane_elimination;
 
 // `largest`: of the order; what is on the stack is of that size.
 template <class T, int largest, class Source, class Destination>
-[[gnu::noinline]] ZelStatus invert_by_cofactors(int n, const Source &from, const Destination &to,
+[[gnu::noinline]] ZelStatus invert_by_cofactors(int n, const Source from, const Destination to,
                                                 char *buffer) {
     using S = Lanes<T>;
     constexpr int L = lanes_of<S>, largest_minor = largest - 1;
@@ -283,7 +283,7 @@ private:
 // One object, in every lane; returns whether that inverts it. The stack that this takes is given
 // back.
 template <class T, class Source, class Destination>
-[[gnu::noinline]] bool invert_by_elimination(int n, const Source &from, const Destination &to) {
+[[gnu::noinline]] bool invert_by_elimination(int n, const Source from, const Destination to) {
     LaneInverse<T> m(n);
     for (int i = 0; i < n; ++i)
         for (int j = 0; j < n; ++j)
@@ -302,7 +302,7 @@ ZelStatus invert_general(const Source &source, const Destination &destination, i
     using T = typename Source::Element;
     const auto from = view(source, object, {n, n});
     const auto to = view(destination, object, {n, n});
-    const auto by_cofactors = [&](auto largest) {
+    const auto by_cofactors = [&](auto largest) __attribute__((always_inline)) {
         return invert_by_cofactors<T, largest>(n, from, to, static_cast<char *>(buffer));
     };
     constexpr std::integral_constant<int, largest_elimination_in_lanes> small;
@@ -310,7 +310,7 @@ ZelStatus invert_general(const Source &source, const Destination &destination, i
     // The object in every lane.
     return with_order<2, 4>(
         n,
-        [&](auto N) {
+        [&](auto N) __attribute__((always_inline)) {
             Lanes<T> a[N][N];
             Inverse<N, Lanes<T>> inverse;
             load_splat<T>(a, from);
@@ -321,7 +321,7 @@ ZelStatus invert_general(const Source &source, const Destination &destination, i
                 ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { put(to, i, j, inverse.row[i][j][0]); }); });
             return zelStatusOk;
         },
-        [&] {
+        [&]() __attribute__((always_inline)) {
             if (n > largest_elimination_in_lanes)
                 return by_cofactors(large);
             return invert_by_elimination<T>(n, from, to) ? zelStatusOk : by_cofactors(small);

@@ -22,14 +22,14 @@ ZelStatus factor_object(const Source &source, int *index, const Destination &des
 }
 
 template <class From, class To>
-void copy_object(int n, const From &from, const To &to) {
+ZELM_INLINE void copy_object(int n, const From &from, const To &to) {
     for (int i = 0; i < n; ++i)
         for (int j = 0; j < n; ++j)
             put(to, i, j, get(from, i, j));
 }
 template <int largest, class T, class Source, class Destination>
-[[gnu::noinline]] ZelStatus factor_on_stack(int n, const Source &source, int *index,
-                                            const Destination &destination) {
+[[gnu::noinline]] ZelStatus factor_on_stack(int n, const Source source, int *index,
+                                            const Destination destination) {
     alignas(register_bytes) char tile[largest * largest * sizeof(T)];
     const StridedView<T> t = {tile, n * Distance{sizeof(T)}, sizeof(T)};
     copy_object(n, source, t);
