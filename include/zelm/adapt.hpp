@@ -15,6 +15,8 @@
 #ifndef ZELM_ADAPT_HPP
 #define ZELM_ADAPT_HPP
 
+#include "kinds.hpp"
+
 #include <array>
 #include <climits>
 #include <cstddef>
@@ -54,10 +56,19 @@ struct object_of {
     using array_of = object_of<S, N, Extents...>;
     static constexpr int rank = sizeof...(Extents);
     static constexpr std::array<std::ptrdiff_t, rank> extents = {Extents...};
+    static constexpr std::array<std::ptrdiff_t, rank> row_major_strides() {
+        std::array<std::ptrdiff_t, rank> strides{};
+        std::ptrdiff_t next = size_of<S>;
+        for (std::size_t i = rank; i-- > 0;) {
+            strides[i] = next;
+            next *= extents[i];
+        }
+        return strides;
+    }
 };
 
 template <int Rank>
-constexpr std::array<std::ptrdiff_t, Rank + 1>
+ZELM_FRONT constexpr std::array<std::ptrdiff_t, Rank + 1>
 prepended(std::ptrdiff_t first, const std::array<std::ptrdiff_t, Rank> &rest) {
     std::array<std::ptrdiff_t, Rank + 1> result = {first};
     for (std::size_t i = 0; i < Rank; ++i)
@@ -71,15 +82,7 @@ prepended(std::ptrdiff_t first, const std::array<std::ptrdiff_t, Rank> &rest) {
  * which begins at the object's address. */
 template <class T, int... Extents>
 struct row_major_object : detail::object_of<T, Extents...> {
-    static constexpr std::array<std::ptrdiff_t, sizeof...(Extents)> strides = [] {
-        std::array<std::ptrdiff_t, sizeof...(Extents)> result{};
-        std::ptrdiff_t next = sizeof(T);
-        for (std::size_t i = sizeof...(Extents); i-- > 0;) {
-            result[i] = next;
-            next *= detail::object_of<T, Extents...>::extents[i];
-        }
-        return result;
-    }();
+    static constexpr auto strides = detail::object_of<T, Extents...>::row_major_strides();
 };
 template <class T, int Rows, int Columns>
 struct column_major_object : detail::object_of<T, Rows, Columns> {
@@ -138,6 +141,20 @@ inline constexpr bool is_object = false;
 template <class X>
 inline constexpr bool is_object<X, std::void_t<typename object_traits<X>::element>> = true;
 
+/* Whether it is an object without gaps. */
+template <class X>
+constexpr bool has_row_major_strides() {
+    if constexpr (is_object<X>) {
+        constexpr auto strides = object_traits<X>::row_major_strides();
+        for (std::size_t i = 0; i < strides.size(); ++i)
+            if (strides[i] != object_traits<X>::strides[i])
+                return false;
+    }
+    return is_object<X>;
+}
+template <class X>
+inline constexpr bool is_row_major = has_row_major_strides<X>();
+
 template <class X, class T>
 using as_const_as = std::conditional_t<std::is_const_v<X>, const T, T>;
 
@@ -184,7 +201,7 @@ constexpr int static_extent(std::size_t n) {
 
 /* An object in memory, its own traits known. */
 template <class X>
-auto elements_of_object(X &x) {
+ZELM_FRONT auto elements_of_object(X &x) {
     using traits = object_traits<std::remove_const_t<X>>;
     using T = as_const_as<X, typename traits::element>;
     return typename traits::template strided_as<T>{reinterpret_cast<T *>(&x), traits::extents,
@@ -193,7 +210,7 @@ auto elements_of_object(X &x) {
 
 /* `count` such objects, `stride` bytes apart. */
 template <class X>
-auto elements_of_objects(X *first, std::ptrdiff_t count, std::ptrdiff_t stride) {
+ZELM_FRONT auto elements_of_objects(X *first, std::ptrdiff_t count, std::ptrdiff_t stride) {
     using traits = object_traits<std::remove_const_t<X>>;
     using T = as_const_as<X, typename traits::element>;
     return typename traits::template range_as<T>{reinterpret_cast<T *>(first),
@@ -202,7 +219,7 @@ auto elements_of_objects(X *first, std::ptrdiff_t count, std::ptrdiff_t stride) 
 }
 
 template <class X, std::size_t... I>
-auto elements_of_mdspan(X &x, std::index_sequence<I...>) {
+ZELM_FRONT auto elements_of_mdspan(X &x, std::index_sequence<I...>) {
     using T = std::remove_reference_t<decltype(*x.data_handle())>;
     return strided<T, static_extent(X::static_extent(I))...>{
         x.data_handle(),
@@ -211,7 +228,7 @@ auto elements_of_mdspan(X &x, std::index_sequence<I...>) {
 }
 
 template <class X>
-auto elements_of_eigen(X &x) {
+ZELM_FRONT auto elements_of_eigen(X &x) {
     using T = std::remove_reference_t<decltype(*x.data())>;
     constexpr int rows = X::RowsAtCompileTime, columns = X::ColsAtCompileTime;
     const std::ptrdiff_t inner = x.innerStride() * size_of<T>;
@@ -249,7 +266,7 @@ constexpr std::ptrdiff_t length_of_range(const X &x) {
 
 /* The elements of x, with as many indices as it has. */
 template <class X, class = std::enable_if_t<is_adaptable<X>>>
-auto elements(X &x) {
+ZELM_FRONT auto elements(X &x) {
     if constexpr (is_view<X>)
         return x.elements();
     else if constexpr (is_mdspan<X>)

@@ -49,7 +49,7 @@ using view_t = decltype(view(std::declval<X>()));
 
 /* A source: numbers become constants of the element type. */
 template <class T, class X>
-constexpr auto operand(const X &x) {
+ZELM_FRONT constexpr auto operand(const X &x) {
     if constexpr (is_number<X>) {
         return constant<T>{static_cast<T>(x)};
     } else {
@@ -61,7 +61,7 @@ constexpr auto operand(const X &x) {
 
 /* A transposed view as a plain one: strides exchanged. */
 template <class V>
-constexpr auto plain(const V &v) {
+ZELM_FRONT constexpr auto plain(const V &v) {
     if constexpr (!is_transposed(V::used_as)) {
         return v;
     } else if constexpr (V::described == description::S) {
@@ -82,12 +82,12 @@ constexpr auto plain(const V &v) {
 
 /* A source of an operation that has no transposed kinds. */
 template <class T, class X>
-constexpr auto plain_operand(const X &x) {
+ZELM_FRONT constexpr auto plain_operand(const X &x) {
     return plain(operand<T>(x));
 }
 
 template <class D>
-constexpr auto destination(D &&d) {
+ZELM_FRONT constexpr auto destination(D &&d) {
     static_assert(!is_number<D>, "the result of this operation is a vector or a matrix");
     const auto v = plain(view(d));
     static_assert(!std::is_const_v<typename decltype(v)::element_type>,

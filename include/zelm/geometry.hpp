@@ -23,54 +23,74 @@
 namespace zelm {
 namespace detail {
 
-/* The N floats of one vector or matrix, by way of a copy where they are not adjacent. */
-template <class T, int N>
-class floats {
-public:
-    template <class V>
-    explicit floats(const V &v) : data_(v.data()) {
-        const auto all = v.elements();
-        static_assert(std::is_same_v<typename V::value_type, float>,
-                      "these operations take floats");
-        for (std::size_t i = 0; i < all.strides.size(); ++i)
-            step_[i + 2 - all.strides.size()] = all.strides[i];
-        row_ = decltype(all)::rank == 1 ? N : 4;
-        is_copied_ = data_ != nullptr &&
-                     (step_[1] != size_of<T> || (row_ != N && step_[0] != row_ * size_of<T>));
-        if constexpr (std::is_const_v<T>)
-            for (int i = 0; is_copied_ && i < N; ++i)
-                __builtin_memcpy(&copy_[i], at(i), sizeof(T));
+/* Where the N floats of one vector or matrix are; whether they are adjacent may be known when
+ * compiled. */
+template <class T, int N, bool Adjacent>
+struct floats {
+    static constexpr bool known_adjacent = Adjacent;
+    T *data;
+    std::ptrdiff_t stride1, stride2;
+    int row; /* floats to a row */
+
+    ZELM_FRONT T *parameter() const { return data; }
+    ZELM_FRONT bool is_null() const { return data == nullptr; }
+    ZELM_FRONT bool is_adjacent() const {
+        return Adjacent || (stride2 == size_of<T> && (row == N || stride1 == row * size_of<T>));
     }
-    T *parameter() { return is_copied_ ? copy_ : data_; }
-    bool is_null() const { return data_ == nullptr; }
-    /* After a call that did not fail. */
+    T *at(int i) const { return moved(data, i / row * stride1 + i % row * stride2); }
+};
+
+/* A float by value, or the place of a result of one float. */
+template <class P>
+struct one_float {
+    static constexpr bool known_adjacent = true;
+    P value;
+    ZELM_FRONT P parameter() const { return value; }
+    static constexpr bool is_null() { return false; }
+    static constexpr bool is_adjacent() { return true; }
+    static void store() {}
+};
+using number = one_float<float>;
+using one_result = one_float<float *>;
+
+/* A copy of floats that are not adjacent. Those of a result are not read; they are stored after a
+ * call that did not fail. */
+template <class T, int N>
+struct copied {
+    explicit copied(const floats<T, N, false> &of) : original(of) {
+        if constexpr (std::is_const_v<T>)
+            for (int i = 0; i < N; ++i)
+                __builtin_memcpy(&copy[i], original.at(i), sizeof(T));
+    }
+    T *parameter() { return copy; }
     void store() const {
         if constexpr (!std::is_const_v<T>)
-            for (int i = 0; is_copied_ && i < N; ++i)
-                __builtin_memcpy(at(i), &copy_[i], sizeof(T));
+            for (int i = 0; i < N; ++i)
+                __builtin_memcpy(original.at(i), &copy[i], sizeof(T));
     }
+    floats<T, N, false> original;
+    std::remove_const_t<T> copy[N];
+};
+template <class T, int N, bool Adjacent>
+copied<T, N> copy_of(const floats<T, N, Adjacent> &of) {
+    return copied<T, N>({of.data, of.stride1, of.stride2, of.row});
+}
+template <class P>
+one_float<P> copy_of(one_float<P> value) {
+    return value;
+}
 
-private:
-    T *at(int i) const { return moved(data_, i / row_ * step_[0] + i % row_ * step_[1]); }
-    T *data_;
-    std::ptrdiff_t step_[2] = {0, 0};
-    int row_;
-    bool is_copied_;
-    std::remove_const_t<T> copy_[N];
-};
-
-struct number {
-    float value;
-    float parameter() const { return value; }
-    static constexpr bool is_null() { return false; }
-    static void store() {}
-};
-struct one_result {
-    float *data;
-    float *parameter() const { return data; }
-    static constexpr bool is_null() { return false; }
-    static void store() {}
-};
+template <class Function, class... Copies>
+status call_with(Function function, Copies... copies) {
+    const status result = function(copies.parameter()...);
+    if (result.ok())
+        (copies.store(), ...);
+    return result;
+}
+template <class Function, class... Parameters>
+__attribute__((noinline)) status call_with_copies(Function function, Parameters... parameters) {
+    return call_with(function, copy_of(parameters)...);
+}
 
 template <class V>
 constexpr int known_length() {
@@ -82,24 +102,34 @@ constexpr int known_length() {
                    : V::static_rows * V::static_columns;
 }
 
-/* A vector of N floats, or a matrix of N = 16. */
+/* Of a vector of N floats, or a matrix of N = 16. */
 template <int N, class X>
-auto from(const X &x) {
+ZELM_FRONT auto floats_of(X &x) {
     const auto v = view(x);
-    static_assert(known_length<decltype(v)>() == N,
+    using V = std::remove_const_t<decltype(v)>;
+    static_assert(std::is_same_v<typename V::value_type, float>, "these operations take floats");
+    static_assert(known_length<V>() == N,
                   "the sizes of these operands must be known when compiled, as float[3] or "
                   "zelm::vector<float, 3> say it, and fit the operation");
-    return floats<const float, N>(v);
+    using F = floats<typename V::element_type, N, is_row_major<std::remove_const_t<X>>>;
+    if constexpr (is_vector(V::used_as)) {
+        return F{v.data(), 0, v.stride2(), N};
+    } else {
+        const auto all = v.elements();
+        return F{all.data, all.strides[0], all.strides[1], V::static_columns};
+    }
 }
 template <int N, class X>
-auto to(X &&x) {
-    const auto v = view(x);
-    static_assert(known_length<decltype(v)>() == N,
-                  "the sizes of these operands must be known when compiled, as float[3] or "
-                  "zelm::vector<float, 3> say it, and fit the operation");
-    static_assert(!std::is_const_v<typename decltype(v)::element_type>,
+ZELM_FRONT auto from(const X &x) {
+    const auto f = floats_of<N>(x);
+    return floats<const float, N, f.known_adjacent>{f.data, f.stride1, f.stride2, f.row};
+}
+template <int N, class X>
+ZELM_FRONT auto to(X &&x) {
+    const auto f = floats_of<N>(x);
+    static_assert(!std::is_const_v<std::remove_pointer_t<decltype(f.data)>>,
                   "the destination is read-only");
-    return floats<float, N>(v);
+    return f;
 }
 template <class X>
 inline constexpr int length_of = view_t<X>::static_length;
@@ -127,10 +157,12 @@ ZELM_FRONT status run_fixed(Parameters... parameters) {
                   "there is no such operation for vectors of this length");
     if ((... || parameters.is_null()))
         return zelStatusNullPointer;
-    const status result = function(parameters.parameter()...);
-    if (result.ok())
-        (parameters.store(), ...);
-    return result;
+    if constexpr ((... && Parameters::known_adjacent))
+        return function(parameters.parameter()...);
+    else if ((... && parameters.is_adjacent()))
+        return function(parameters.parameter()...);
+    else
+        return call_with_copies(function, parameters...);
 }
 
 /* Arrays of N floats each: what can be wrong with them. */
@@ -168,14 +200,21 @@ ZELM_FRONT status transform_by(const V &v, D &&d, Through through, Numbers... nu
         const auto function = fixed_function<Op, transformed<n, true>>;
         static_assert(!std::is_same_v<decltype(function), const no_function>,
                       "there is no such operation for vectors of this length");
-        return through([&](auto... m) -> status {
+        const auto call = [&](auto... m) __attribute__((always_inline)) {
+            return status(function(m..., x.data(), as_int(x.stride0()), z.data(),
+                                   as_int(z.stride0()), as_int(x.count()), numbers...));
+        };
+        return through([&](auto... m) __attribute__((always_inline)) {
             if ((... || m.is_null()))
-                return zelStatusNullPointer;
-            return function(m.parameter()..., x.data(), as_int(x.stride0()), z.data(),
-                            as_int(z.stride0()), size_or_bad(x.count()), numbers...);
+                return status(zelStatusNullPointer);
+            if constexpr ((... && decltype(m)::known_adjacent))
+                return call(m.parameter()...);
+            else
+                return (... && m.is_adjacent()) ? call(m.parameter()...)
+                                                : call_with_copies(call, m...);
         });
     } else {
-        return through([&](auto... m) {
+        return through([&](auto... m) __attribute__((always_inline)) {
             return run_fixed<Op, transformed<n, false>>(m..., from<n>(x), to<to_n>(z),
                                                         number{numbers}...);
         });
@@ -334,11 +373,9 @@ ZELM_FRONT status identity(M &&m) {
 template <class M>
 ZELM_FRONT status is_identity(const M &m, bool &result) {
     using namespace detail;
-    auto elements = from<16>(m);
-    if (elements.is_null())
-        return zelStatusNullPointer;
     int is = 0;
-    const status s = fixed_function<operation::IsIdentity, fixed::m4>(elements.parameter(), &is);
+    const status s =
+        run_fixed<operation::IsIdentity, fixed::m4>(from<16>(m), one_float<int *>{&is});
     result = is != 0;
     return s;
 }
@@ -538,16 +575,16 @@ ZELM_FRONT status inverse(const A &a, M &&m, float &determinant) {
 template <class M, class V, class D>
 ZELM_FRONT status transform(const M &m, const V &v, D &&d) {
     using namespace detail;
-    return transform_by<operation::AffineTransform, 4>(v, d,
-                                                       [&](auto f) { return f(from<16>(m)); });
+    return transform_by<operation::AffineTransform, 4>(
+        v, d, [&](auto f) __attribute__((always_inline)) { return f(from<16>(m)); });
 }
 
 /* Points of 2 or 3 floats: the product divided by its w. */
 template <class M, class V, class D>
 ZELM_FRONT status transform_points(const M &m, const V &v, D &&d) {
     using namespace detail;
-    return transform_by<operation::AffineTransformCoord, 0>(v, d,
-                                                            [&](auto f) { return f(from<16>(m)); });
+    return transform_by<operation::AffineTransformCoord, 0>(
+        v, d, [&](auto f) __attribute__((always_inline)) { return f(from<16>(m)); });
 }
 
 /* Directions of 2 or 3 floats: without translation and w. */
@@ -555,7 +592,7 @@ template <class M, class V, class D>
 ZELM_FRONT status transform_directions(const M &m, const V &v, D &&d) {
     using namespace detail;
     return transform_by<operation::AffineTransformNormal, 0>(
-        v, d, [&](auto f) { return f(from<16>(m)); });
+        v, d, [&](auto f) __attribute__((always_inline)) { return f(from<16>(m)); });
 }
 
 /* What is seen is shown on width x height pixels, its depth as min_z to max_z. */
@@ -570,7 +607,10 @@ ZELM_FRONT status project(const Projection &projection, const View &view, const 
                           const viewport &port, const V &v, D &&d) {
     using namespace detail;
     return transform_by<operation::Project, 3>(
-        v, d, [&](auto f) { return f(from<16>(projection), from<16>(view), from<16>(world)); },
+        v, d,
+        [&](auto f) __attribute__((always_inline)) {
+            return f(from<16>(projection), from<16>(view), from<16>(world));
+        },
         port.width, port.height, port.min_z, port.max_z);
 }
 template <class Projection, class View, class World, class V, class D>
@@ -578,7 +618,10 @@ ZELM_FRONT status unproject(const Projection &projection, const View &view, cons
                             const viewport &port, const V &v, D &&d) {
     using namespace detail;
     return transform_by<operation::Unproject, 3>(
-        v, d, [&](auto f) { return f(from<16>(projection), from<16>(view), from<16>(world)); },
+        v, d,
+        [&](auto f) __attribute__((always_inline)) {
+            return f(from<16>(projection), from<16>(view), from<16>(world));
+        },
         port.width, port.height, port.min_z, port.max_z);
 }
 

@@ -58,7 +58,7 @@ ZELM_FRONT status product(const A &a, const B &b, const D &d) {
                stored_size_arguments(b), d, count_arguments(d));
 }
 
-/* Elements without gaps that receive `size` numbers. */
+/* A plain result: elements without gaps. */
 template <class T, class R>
 auto result(R &&r) {
     const auto all = gapless(r);

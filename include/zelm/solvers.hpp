@@ -5,8 +5,8 @@
  * zelStatusOk never comes with an infinity or a NaN; zelmsafe.h says exactly what is promised. The
  * status is that of the first object that failed. More is told where an option gives room:
  *
- *   zelm::solve(a, b, x, {statuses})          one int per object: a range, member(objects, &O::s)
- * ... zelm::solve(a, b, x, {statuses, rcond})   estimates of 1 / condition as well
+ *   zelm::solve(a, b, x, {statuses})         one int per object: a range, member(bodies, &Body::s)
+ *   zelm::solve(a, b, x, {statuses, rcond})  and an estimate of 1 / condition
  *
  * Arrays pair object n with object n; a single source beside arrays is used for every object.
  * Shapes come first: zelStatusSizeMismatch if they do not fit together, zelStatusOk if there are no

@@ -49,8 +49,7 @@ private:
 };
 
 /* The number of threads that a call may use, for the whole process; 0 withdraws an earlier setting.
- * zelStatusBadSize: n is below 0. zelcore.h tells what holds without a setting. These two functions
- * need libzelcore in the link (zelm::zelcore in CMake). */
+ * zelStatusBadSize: n is below 0. zelcore.h tells what holds without a setting. */
 inline status set_threads(int n) { return zelSetNumThreads(n); }
 inline int threads() { return ownGetNumThreads(); }
 

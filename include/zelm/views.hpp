@@ -40,7 +40,6 @@
 #define ZELM_VIEWS_HPP
 
 #include "adapt.hpp"
-#include "kinds.hpp"
 
 namespace zelm {
 
@@ -247,14 +246,16 @@ public:
     using strided_type = strided<T, Extents...>;
 
     template <class From, class = std::enable_if_t<converts<From, strided_type>>>
-    constexpr strided_view(const From &from)
+    ZELM_FRONT constexpr strided_view(const From &from)
         : sizes<Kind, Extents...>(from.extents), data_(from.data), strides_(from.strides) {}
     template <class X, class From = elements_t<X>,
               class = std::enable_if_t<converts<From, strided_type>>>
-    constexpr strided_view(X &&x) : strided_view(detail::elements(x)) {}
+    ZELM_FRONT constexpr strided_view(X &&x) : strided_view(detail::elements(x)) {}
 
     constexpr T *data() const { return data_; }
-    constexpr strided_type elements() const { return {data_, this->extents(), strides_}; }
+    ZELM_FRONT constexpr strided_type elements() const {
+        return {data_, this->extents(), strides_};
+    }
     constexpr const auto &strides() const { return strides_; } /* stride0, stride1, stride2 */
 
 protected:
@@ -644,7 +645,7 @@ private:
 /* The view of x: a view itself; else, by the number of indices that x has, one being a vector, two
  * a matrix, or vectors where x is a range of fixed-size vectors, three matrices. */
 template <class X>
-constexpr auto view(X &&x) {
+ZELM_FRONT constexpr auto view(X &&x) {
     using plain = std::remove_cv_t<std::remove_reference_t<X>>;
     if constexpr (detail::is_operand<plain>) {
         return plain(x);
@@ -667,7 +668,7 @@ constexpr auto view(X &&x) {
 
 /* The same matrix or matrices, used transposed. Twice is not at all. */
 template <class X>
-constexpr auto transposed(X &&x) {
+ZELM_FRONT constexpr auto transposed(X &&x) {
     const auto v = view(x);
     if constexpr (decltype(v)::used_as == kind::t || decltype(v)::used_as == kind::ta)
         return v.stored();
