@@ -5,6 +5,7 @@
 
 #include <cstring>
 #include <functional>
+#include <string>
 #include <string_view>
 #include <type_traits>
 #include <vector>
@@ -17,10 +18,8 @@ inline constexpr int singular = -195, not_definite = -179, not_finite = -301, ou
 template <class T>
 struct Values { // of a matrix
     int rows, columns;
-    std::vector<T> at;
+    std::vector<T> at = std::vector<T>(std::size_t(rows) * std::size_t(columns));
 
-    Values(int height, int width)
-        : rows(height), columns(width), at(std::size_t(height) * std::size_t(width)) {}
     T &operator()(int i, int j) { return at[std::size_t(i * columns + j)]; }
     T operator()(int i, int j) const { return at[std::size_t(i * columns + j)]; }
 };
@@ -31,28 +30,30 @@ struct Size {
     int rows, columns;
     bool operator==(const Size &) const = default;
 };
-
 // How a result grows with the scale of the matrix and of the right-hand sides.
 struct Power {
     double matrix, side;
 };
-
-// How an answer leaves the range: as a quotient, as a product, or by a sum of large elements.
-inline constexpr char no_way = '-';
+// How an answer leaves the range: as a quotient, as a product, by a sum of large elements.
+enum class Way { none, quotient, product, sum };
 
 template <class T>
 struct SafeFamily {
     const char *name;
-    std::vector<Size> sources, results;                                   // of order n
-    std::function<int(const ZelmView *, int count, ZelmStatusView)> call; // sources, then results
-    std::vector<Power> powers; // of the results, the first ones at the least
-    int zero_column;           // the status of a matrix that has one
-    char leaves;
-    bool symmetric = false; // positive definite, and the lower triangle alone is read
+    std::vector<Size> sources, results; // of order n
+    std::vector<Power> powers;          // of the first results
+    int zero_column;                    // the status of a matrix that has one
+    Way out;
+    std::function<int(const ZelmView *, int count, ZelmStatusView)> call; // sources, results
+    int optional = 99;      // the result whose view may be null
+    bool symmetric = false; // positive definite in tests; the lower triangle alone is read
+    int order = 0;
+
+    bool is(std::string_view part) const { return std::string_view(name).find(part) == 0; }
 };
 
-#define ZELM_SAFE(name)                                                                            \
-    [] {                                                                                           \
+#define ZELM_SAFE(f, name)                                                                         \
+    const auto f = [] {                                                                            \
         if constexpr (std::is_same_v<T, float>)                                                    \
             return zelmSafe##name##_32f;                                                           \
         else                                                                                       \
@@ -63,187 +64,122 @@ template <class T>
 std::vector<SafeFamily<T>> safe_families(int n) {
     using V = const ZelmView *;
     using St = ZelmStatusView;
+    ZELM_SAFE(solve, Solve);
+    ZELM_SAFE(inverse, Inverse);
+    ZELM_SAFE(determinant, Determinant);
+    ZELM_SAFE(logarithm, LogDeterminant);
+    ZELM_SAFE(cholesky, Cholesky);
+    ZELM_SAFE(qr, QR);
+    ZELM_SAFE(squares, LeastSquares);
+    ZELM_SAFE(symmetric, EigenSymmetric);
+    ZELM_SAFE(eigen, Eigen);
     const ZelmView no = {};
     const Size a = {n, n}, one = {1, 1}, row = {1, n}, tall = {n + 2, n}, wide = {n, n + 1};
-    const auto solve = ZELM_SAFE(Solve);
-    const auto inverse = ZELM_SAFE(Inverse);
-    const auto determinant = ZELM_SAFE(Determinant);
-    const auto logarithm = ZELM_SAFE(LogDeterminant);
-    const auto cholesky = ZELM_SAFE(Cholesky);
-    const auto qr = ZELM_SAFE(QR);
-    const auto squares = ZELM_SAFE(LeastSquares);
-    const auto symmetric = ZELM_SAFE(EigenSymmetric);
-    const auto eigen = ZELM_SAFE(Eigen);
-    return {
-        {"Solve",
-         {a, {n, 1}},
-         {{n, 1}},
-         [=](V v, int c, St s) { return solve(v[0], v[1], v[2], n, 1, c, s, no); },
-         {{-1, 1}},
-         singular,
-         'q'},
-        {"Solve, three sides",
-         {a, {n, 3}},
-         {{n, 3}, one},
-         [=](V v, int c, St s) { return solve(v[0], v[1], v[2], n, 3, c, s, v[3]); },
-         {{-1, 1}, {0, 0}},
-         singular,
-         'q'},
-        {"Inverse",
-         {a},
-         {a},
-         [=](V v, int c, St s) { return inverse(v[0], v[1], n, c, s, no); },
-         {{-1, 0}},
-         singular,
-         'q'},
-        {"Inverse and condition",
-         {a},
-         {a, one},
-         [=](V v, int c, St s) { return inverse(v[0], v[1], n, c, s, v[2]); },
-         {{-1, 0}, {0, 0}},
-         singular,
-         'q'},
-        {"Determinant",
-         {a},
-         {one},
-         [=](V v, int c, St s) { return determinant(v[0], v[1], n, c, s); },
-         {{double(n), 0}},
-         0,
-         n > 1 ? 'p' : no_way},
-        {"LogDeterminant",
-         {a},
-         {one, one},
-         [=](V v, int c, St s) { return logarithm(v[0], v[1], v[2], n, c, s); },
-         {{0, 0}},
-         singular,
-         no_way},
-        {"Cholesky",
-         {a},
-         {a},
-         [=](V v, int c, St s) { return cholesky(v[0], v[1], n, c, s); },
-         {{.5, 0}},
-         not_definite,
-         no_way,
-         true},
-        {"QR",
-         {tall},
-         {tall, a},
-         [=](V v, int c, St s) { return qr(v[0], v[1], v[2], n + 2, n, n, c, s); },
-         {{0, 0}, {1, 0}},
-         0,
-         's'},
-        {"QR, all of Q",
-         {tall},
-         {{n + 2, n + 2}, tall},
-         [=](V v, int c, St s) { return qr(v[0], v[1], v[2], n + 2, n, n + 2, c, s); },
-         {{0, 0}, {1, 0}},
-         0,
-         's'},
-        {"R",
-         {wide},
-         {wide},
-         [=](V v, int c, St s) { return qr(v[0], no, v[1], n, n + 1, n, c, s); },
-         {{1, 0}},
-         0,
-         n > 1 ? 's' : no_way},
-        {"LeastSquares",
-         {tall, {n + 2, 2}},
-         {{n, 2}, {1, 2}},
-         [=](V v, int c, St s) { return squares(v[0], v[1], v[2], v[3], n + 2, n, 2, c, s); },
-         {{-1, 1}, {0, 2}},
-         singular,
-         'q'},
-        {"LeastSquares, square",
-         {a, {n, 1}},
-         {{n, 1}},
-         [=](V v, int c, St s) { return squares(v[0], v[1], v[2], no, n, n, 1, c, s); },
-         {{-1, 1}},
-         singular,
-         'q'},
-        {"EigenSymmetric",
-         {a},
-         {row, a},
-         [=](V v, int c, St s) { return symmetric(v[0], v[1], v[2], n, c, s); },
-         {{1, 0}, {0, 0}},
-         0,
-         n > 1 ? 's' : no_way,
-         true},
-        {"EigenSymmetric, values",
-         {a},
-         {row},
-         [=](V v, int c, St s) { return symmetric(v[0], v[1], no, n, c, s); },
-         {{1, 0}},
-         0,
-         n > 1 ? 's' : no_way,
-         true},
-        {"Eigen",
-         {a},
-         {row, row, a},
-         [=](V v, int c, St s) { return eigen(v[0], v[1], v[2], v[3], n, c, s); },
-         {{1, 0}, {1, 0}, {0, 0}},
-         0,
-         n > 1 ? 's' : no_way},
-        {"Eigen, values",
-         {a},
-         {row, row},
-         [=](V v, int c, St s) { return eigen(v[0], v[1], v[2], no, n, c, s); },
-         {{1, 0}, {1, 0}},
-         0,
-         n > 1 ? 's' : no_way},
+    const Power p = {1, 0}, q = {-1, 1}, flat = {0, 0}, over = {-1, 0};
+    const Way sum = n > 1 ? Way::sum : Way::none, product = n > 1 ? Way::product : Way::none;
+    // clang-format off
+    std::vector<SafeFamily<T>> all = {
+        {"Solve", {a, {n, 1}}, {{n, 1}}, {q}, singular, Way::quotient,
+         [=](V v, int c, St s) { return solve(v[0], v[1], v[2], n, 1, c, s, no); }},
+        {"Solve three", {a, {n, 3}}, {{n, 3}, one}, {q, flat}, singular, Way::quotient,
+         [=](V v, int c, St s) { return solve(v[0], v[1], v[2], n, 3, c, s, v[3]); }, 1},
+        {"Inverse", {a}, {a}, {over}, singular, Way::quotient,
+         [=](V v, int c, St s) { return inverse(v[0], v[1], n, c, s, no); }},
+        {"Inverse and condition", {a}, {a, one}, {over, flat}, singular, Way::quotient,
+         [=](V v, int c, St s) { return inverse(v[0], v[1], n, c, s, v[2]); }, 1},
+        {"Determinant", {a}, {one}, {{double(n), 0}}, 0, product,
+         [=](V v, int c, St s) { return determinant(v[0], v[1], n, c, s); }},
+        {"LogDeterminant", {a}, {one, one}, {flat}, singular, Way::none,
+         [=](V v, int c, St s) { return logarithm(v[0], v[1], v[2], n, c, s); }},
+        {"Cholesky", {a}, {a}, {{.5, 0}}, not_definite, Way::none,
+         [=](V v, int c, St s) { return cholesky(v[0], v[1], n, c, s); }, 99, true},
+        {"QR", {tall}, {tall, a}, {flat, p}, 0, Way::sum,
+         [=](V v, int c, St s) { return qr(v[0], v[1], v[2], n + 2, n, n, c, s); }, 0},
+        {"QR, all of Q", {tall}, {{n + 2, n + 2}, tall}, {flat, p}, 0, Way::sum,
+         [=](V v, int c, St s) { return qr(v[0], v[1], v[2], n + 2, n, n + 2, c, s); }, 0},
+        {"R", {wide}, {wide}, {p}, 0, sum,
+         [=](V v, int c, St s) { return qr(v[0], no, v[1], n, n + 1, n, c, s); }},
+        {"LeastSquares", {tall, {n + 2, 2}}, {{n, 2}, {1, 2}}, {q, {0, 2}}, singular, Way::quotient,
+         [=](V v, int c, St s) { return squares(v[0], v[1], v[2], v[3], n + 2, n, 2, c, s); }, 1},
+        {"LeastSquares, square", {a, {n, 1}}, {{n, 1}}, {q}, singular, Way::quotient,
+         [=](V v, int c, St s) { return squares(v[0], v[1], v[2], no, n, n, 1, c, s); }},
+        {"EigenSymmetric", {a}, {row, a}, {p, flat}, 0, sum,
+         [=](V v, int c, St s) { return symmetric(v[0], v[1], v[2], n, c, s); }, 1, true},
+        {"EigenSymmetric, values", {a}, {row}, {p}, 0, sum,
+         [=](V v, int c, St s) { return symmetric(v[0], v[1], no, n, c, s); }, 99, true},
+        {"Eigen", {a}, {row, row, a}, {p, p, flat}, 0, sum,
+         [=](V v, int c, St s) { return eigen(v[0], v[1], v[2], v[3], n, c, s); }, 2},
+        {"Eigen, values", {a}, {row, row}, {p, p}, 0, sum,
+         [=](V v, int c, St s) { return eigen(v[0], v[1], v[2], no, n, c, s); }},
     };
+    // clang-format on
+    for (auto &family : all)
+        family.order = n;
+    return all;
 }
 
-// ---- memory ----
+// One object, packed; results are overwritten.
+template <class T>
+int call_once(const SafeFamily<T> &f, Stack<T> sources, Stack<T> &results) {
+    std::vector<ZelmView> views;
+    const auto view = [&](Values<T> &x) {
+        views.push_back({x.at.data(), 0, x.columns * std::ptrdiff_t{sizeof(T)}, sizeof(T), {}});
+    };
+    for (Values<T> &x : sources)
+        view(x);
+    results.clear();
+    for (const Size s : f.results)
+        results.push_back({s.rows, s.columns});
+    for (Values<T> &x : results)
+        view(x);
+    return f.call(views.data(), 1, {});
+}
 
-// A shape of memory, whether its axes run backwards, and whether a table names the objects, which
-// then stand in another order.
+// A shape of memory; whether its axes run backwards, whether a table names the objects, which then
+// stand in another order, and whether all objects are one.
 struct SafeLayout {
     int shape = packed;
     Edge edge = Edge::last;
-    bool backwards = false, tabled = false;
+    bool backwards = false, tabled = false, repeated = false;
 };
 
 template <class T>
 class SafeMemory {
 public:
-    SafeMemory(Size size, int count, SafeLayout layout)
-        : size_(size), count_(count), tabled_(layout.tabled) {
+    SafeMemory(Size size, int count, SafeLayout layout) : size_(size), count_(count) {
+        const std::array lengths = {layout.repeated ? 1 : count, size.rows, size.columns};
         const Shape &shape = shapes[layout.shape];
-        std::ptrdiff_t step = sizeof(T), extent = sizeof(T);
+        std::array<std::ptrdiff_t, 3> stride;
+        std::ptrdiff_t step = sizeof(T), extent = sizeof(T), start = 0;
         for (std::size_t k = 0; k < 3; ++k) {
             const std::size_t axis = std::string_view("nrc").find(shape.axes[k]);
-            const int length = std::array{count, size.rows, size.columns}[axis];
             step += shape.gaps[k] * std::ptrdiff_t{sizeof(T)};
-            stride_[axis] = step;
-            extent += (length - 1) * step;
-            step *= length;
+            const std::ptrdiff_t length = (lengths[axis] - 1) * step;
+            stride[axis] = layout.backwards ? -step : step;
+            start += layout.backwards ? length : 0;
+            extent += length;
+            step *= lengths[axis];
         }
+        stride[0] = layout.repeated ? 0 : stride[0];
         data_ = std::make_shared<GuardedBytes>(std::size_t(extent), layout.edge);
-        base_ = data_->data();
-        if (layout.backwards)
-            for (std::size_t axis = 0; axis < 3; ++axis) {
-                base_ += (std::array{count, size.rows, size.columns}[axis] - 1) * stride_[axis];
-                stride_[axis] = -stride_[axis];
-            }
+        view_ = {data_->data() + start, stride[0], stride[1], stride[2], nullptr};
+        if (!layout.tabled)
+            return;
+        constexpr std::ptrdiff_t shift = 24;
         table_ = std::make_shared<GuardedBytes>(std::size_t(count) * sizeof(void *), Edge::last);
-        for (int n = 0; n < count; ++n) {
-            void *const entry = object(n) - shift;
+        for (int n = 0; n < count; ++n) { // no count divides by 7
+            void *const entry = data_->data() + start + (n * 7 + 3) % count * stride[0] - shift;
             std::memcpy(table_->data() + n * std::ptrdiff_t{sizeof entry}, &entry, sizeof entry);
         }
+        view_ = {nullptr, shift, stride[1], stride[2],
+                 reinterpret_cast<void *const *>(table_->data())};
     }
-    Size size() const { return size_; }
-    ZelmView view() const {
-        auto *const table = reinterpret_cast<void *const *>(table_->data());
-        return tabled_ ? ZelmView{nullptr, shift, stride_[1], stride_[2], table}
-                       : ZelmView{base_, stride_[0], stride_[1], stride_[2], nullptr};
-    }
-    // Every object is the first.
-    void repeat_first() { stride_[0] = 0; }
+    const ZelmView &view() const { return view_; }
 
     void put(const Stack<T> &objects) const {
         each([&](int n, int i, int j, std::byte *p) {
-            std::memcpy(p, &objects[std::size_t(n)].at[std::size_t(i * size_.columns + j)],
-                        sizeof(T));
+            const T x = objects[std::size_t(n)](i, j);
+            std::memcpy(p, &x, sizeof x);
         });
     }
     Stack<T> get() const {
@@ -253,38 +189,33 @@ public:
         });
         return objects;
     }
-    // Everything there is: pages, and the same with elements of all ones.
-    std::vector<std::byte> image() const {
-        return {data_->begin(), data_->begin() + data_->size()};
-    }
-    std::vector<std::byte> gaps() const {
-        auto bytes = image();
-        each([&](int, int, int, std::byte *p) {
-            std::memset(&bytes[std::size_t(p - data_->begin())], 0xFF, sizeof(T));
-        });
+    // All bytes, or those between the elements.
+    std::vector<std::byte> image(bool of_gaps) const {
+        std::vector<std::byte> bytes(data_->begin(), data_->begin() + data_->size());
+        if (of_gaps)
+            each([&](int, int, int, std::byte *p) {
+                std::memset(&bytes[std::size_t(p - data_->begin())], 0xFF, sizeof(T));
+            });
         return bytes;
     }
 
 private:
-    static constexpr std::ptrdiff_t shift = 24;
-
-    std::byte *object(int n) const {
-        return base_ + (tabled_ ? (n * 7 + 3) % count_ : n) * stride_[0]; // no count divides by 7
-    }
     template <class Action>
     void each(const Action &action) const {
-        for (int n = 0; n < count_; ++n)
+        for (int n = 0; n < count_; ++n) {
+            void *const at = view_.table ? view_.table[n] : view_.data;
+            std::byte *const object =
+                static_cast<std::byte *>(at) + (view_.table ? 1 : n) * view_.stride0;
             for (int i = 0; i < size_.rows; ++i)
                 for (int j = 0; j < size_.columns; ++j)
-                    action(n, i, j, object(n) + i * stride_[1] + j * stride_[2]);
+                    action(n, i, j, object + i * view_.stride1 + j * view_.stride2);
+        }
     }
 
     Size size_;
     int count_;
-    bool tabled_;
-    std::array<std::ptrdiff_t, 3> stride_;
+    ZelmView view_;
     std::shared_ptr<GuardedBytes> data_, table_;
-    std::byte *base_;
 };
 
 } // namespace zelm_test
