@@ -7,7 +7,7 @@ rm -rf build/doc
 mkdir -p build/doc
 doxygen docs/Doxyfile
 export LC_ALL=C
-sed -n '/global:/,/local:/s/^ *\([A-Za-z0-9_]*\);.*/\1/p' src/exports.map core/exports.map |
+sed -n '/global:/,/local:/s/^ *\([A-Za-z0-9_]*\);.*/\1/p' src/exports.map src/safe/exports.map core/exports.map |
     sort >build/doc/exported
 sed -n '/kind="function"/,/<\/member>/s/.*<name>\(.*\)<\/name>.*/\1/p' build/doc/zelm.tag |
     sort -u >build/doc/described

@@ -44,6 +44,9 @@ inside {
 /^Z[A-Z]*_API|^enum|^typedef/ && shared {
     print shared
 }
+/^#define ZELM_IN_HEADER/ {
+    print "/** For functions whose code stands in a header. */"
+}
 # A comment behind a declaration.
 {
     sub(/ \/\* /, " /**< ")

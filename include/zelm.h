@@ -94,8 +94,8 @@
  *
  * Results: the result of an object depends neither on its position in an array, nor on the objects
  * beside it, nor on the number of threads. It does not depend on the description and the strides
- * either, except for dot products of 8 and more elements, L2Norm, FrobNorm and Invert: these add, or
- * choose a method, as the memory suggests, and their last bits may differ.
+ * either, except for dot products of 8 and more elements, L2Norm, FrobNorm and Invert: these add,
+ * or choose a method, as the memory suggests, and their last bits may differ.
  *
  *
  * Failures: an array call stops at the first object that fails. When several threads share it, each
@@ -104,24 +104,24 @@
  * zelmsafe.h has solvers that finish every object and have a status for each.
  *
  *
- * Rounding: calls compute in the caller's rounding mode, on all threads. In no mode does the sign of
- * a sum that is zero depend on descriptions and strides, or on whether an object stands alone or in
- * an array; zelmGaxpy says where its sums begin with 0.
+ * Rounding: calls compute in the caller's rounding mode, on all threads. In no mode does the sign
+ * of a sum that is zero depend on descriptions and strides, or on whether an object stands alone or
+ * in an array; zelmGaxpy says where its sums begin with 0.
  *
  *
  * Threads: every function may be called from several threads at once. Large arrays are divided
- * among OpenMP threads; zelcore.h tells how their number is set. A call is divided where an estimate
- * of its work, a product of its sizes and its count, reaches a limit. Estimates wrap to 32 bits:
- * those of 2^31 and more (n * n * count, for example, from order 46341 on, or from a count of 21371
- * at order 317) come out as any number, and the call may stay on one thread.
+ * among OpenMP threads; zelcore.h tells how their number is set. A call is divided where an
+ * estimate of its work, a product of its sizes and its count, reaches a limit. Estimates wrap to 32
+ * bits: those of 2^31 and more (n * n * count, for example, from order 46341 on, or from a count of
+ * 21371 at order 317) come out as any number, and the call may stay on one thread.
  *
  *
  * What a call needs beside its operands: 44 KiB of stack at the most, on the caller's thread and on
  * every worker. Where the stacks of workers are set, OMP_STACKSIZE=64K is enough. On one thread
  * nothing is allocated. Where several share an array, scratch for each of them is; if it cannot be
- * had, the call does its work on one thread. But the OpenMP runtime ends the process where it cannot
- * make its threads, or has no memory of its own for them. Where that must not happen, set their number
- * to 1 as zelcore.h tells: no threads are asked for then.
+ * had, the call does its work on one thread. But the OpenMP runtime ends the process where it
+ * cannot make its threads, or has no memory of its own for them. Where that must not happen, set
+ * their number to 1 as zelcore.h tells: no threads are asked for then.
  */
 #ifndef ZELM_H
 #define ZELM_H
@@ -3095,8 +3095,8 @@ ZELM_API ZelStatus zelmInvert_ma_64f_L(const double *const *ppSrc, int srcRoiShi
  * Orders 3 to 6 are expanded in closed form and give whatever comes of it. Other orders are reduced
  * by elimination with row exchanges: the determinant is 0 when T(n) > |pivot|, or the last element
  * is not above T(n), where T(n) = 2 n^3 m, 2 n^3 wraps to 32 bits, from order 1024 on, and may be
- * negative, and m is the smallest normal number, 2^-126 (32f) or 2^-1022 (64f). A singular matrix is
- * no error.
+ * negative, and m is the smallest normal number, 2^-126 (32f) or 2^-1022 (64f). A singular matrix
+ * is no error.
  *
  * pDst must not overlap a source.
  *

@@ -49,16 +49,19 @@ enum {
     zelmSafeNoMemory = -303    /* there is no memory for the scratch of this call */
 };
 
+/* Where the objects of an operand lie. */
 typedef struct ZelmView {
-    void *data; /* read only, where the operand is a source */
-    ptrdiff_t stride0, stride1, stride2;
+    void *data;         /* read only, where the operand is a source */
+    ptrdiff_t stride0;  /* from an object to the next one; with a table, from its entries on */
+    ptrdiff_t stride1;  /* from a row to the next one */
+    ptrdiff_t stride2;  /* from an element of a row to the next one */
     void *const *table; /* null, or a pointer for each object */
 } ZelmView;
 
 /* Where one int per object lies; `first` may be null. */
 typedef struct ZelmStatusView {
-    int *first;
-    ptrdiff_t stride;
+    int *first;       /* of object 0 */
+    ptrdiff_t stride; /* bytes from one to the next */
 } ZelmStatusView;
 
 /* Solves a[n] * x[n] = b[n] by LU decomposition with partial pivoting. a: order x order; b and x:

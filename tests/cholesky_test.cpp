@@ -167,8 +167,8 @@ TEST(CholeskyDecomp, ReciprocalRootOfAllMagnitudes) {
             const Long exact = 1 / std::sqrt(Long(d));
             worst = std::max(worst, std::fabs(Long(reciprocal_root(true, d)) - exact) / exact);
         }
-    // A processor's approximation is within 1.5 * 2^-12. One Newton step makes 1.5 times its square of
-    // that, 1.7 * 2^-23, and five roundings are on top. Processors differ; one reaches 2.15.
+    // A processor's approximation is within 1.5 * 2^-12. One Newton step makes 1.5 times its square
+    // of that, 1.7 * 2^-23, and five roundings are on top. Processors differ; one reaches 2.15.
     EXPECT_LE(worst, 3 * 0x1p-23L);
     EXPECT_EQ(reciprocal_root(false, 4), 0.5);
 }
