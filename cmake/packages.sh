@@ -7,7 +7,7 @@ set -eu
 group() {
     case $1 in
     build) echo g++ make cmake ;;
-    example) echo libpng-dev ;;
+    example) echo libpng-dev libeigen3-dev ;;
     test) echo libgtest-dev pkg-config python3 ;;
     python) echo python3-dev python3-numpy ;;
     wheel) echo python3-pip python3-setuptools python3-wheel ;;

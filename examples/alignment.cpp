@@ -27,7 +27,7 @@ Square turn(int axis, double angle) {
     return r;
 }
 int main() {
-    const int count = 5000;
+    const std::size_t count = 5000;
     Markers body; // the corners of a box; their mean is 0
     for (int m = 0; m < 8; ++m)
         body(m, 0) = m % 2 ? 1 : -1, body(m, 1) = m % 4 > 1 ? 2 : -2, body(m, 2) = m > 3 ? 3 : -3;
@@ -35,8 +35,8 @@ int main() {
     std::vector<Square> products(count);
     std::vector<Form> forms(count), vectors(count);
     std::vector<Quaternion> truths(count), values(count), others(count);
-    for (int n = 0; n < count; ++n) {
-        const double a = 0.001 * n, b = 1 - a;
+    for (std::size_t n = 0; n < count; ++n) {
+        const double a = 0.001 * double(n), b = 1 - a;
         seen[n] = body * turn(0, 2 * a).transpose() * turn(2, 2 * b).transpose();
         truths[n] = Quaternion{std::cos(b) * std::cos(a), std::cos(b) * std::sin(a),
                                std::sin(b) * std::sin(a), std::sin(b) * std::cos(a)};
@@ -47,7 +47,7 @@ int main() {
         zelm::eigen_symmetric(forms, values, vectors).or_throw();
     };
     const auto usual_way = [&] {
-        for (int n = 0; n < count; ++n)
+        for (std::size_t n = 0; n < count; ++n)
             others[n] = eigenvector(form(body.transpose() * seen[n]), 3);
     };
     compare("turns", zelm_way, usual_way);

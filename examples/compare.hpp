@@ -11,8 +11,8 @@
 #include <cstdio>
 #include <vector>
 
-// Prints how long both ways take on one thread: the best of several runs, taken in turn. One thread
-// it is from then on.
+// Prints how long both ways take, the best of several runs in turn. zelm has one thread then, and
+// keeps it.
 template <class Zelm, class Usual>
 void compare(const char *what, Zelm zelm_way, Usual usual_way) {
     const auto milliseconds = [](auto &way) {

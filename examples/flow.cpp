@@ -22,34 +22,34 @@ std::vector<double> picture(double time) { // hills; nothing of the sky could be
 double slope(const double *p, int step) {
     return (8 * (p[step] - p[-step]) - (p[2 * step] - p[-2 * step])) / 12;
 }
-int middle_x(int window) { return reach + window % columns * 5; }
-int middle_y(int window) { return reach + window / columns * 5; }
+int middle_x(std::size_t window) { return reach + int(window) % columns * 5; }
+int middle_y(std::size_t window) { return reach + int(window) / columns * 5; }
 int main() {
     const auto before = picture(-0.5), after = picture(0.5);
-    const int count = columns * columns;
+    const std::size_t count = columns * columns;
     std::vector<Matrix<double, 6, 6>> tensors(count, Matrix<double, 6, 6>::Zero());
     std::vector<Motion> sides(count, Motion::Zero()), motions(count), others(count);
-    for (int n = 0; n < count; ++n)
+    for (std::size_t n = 0; n < count; ++n)
         for (int k = 0; k < side * side; ++k) {
             const int i = k % side - half, j = k / side - half;
-            const int at = (middle_y(n) + j) * size + middle_x(n) + i;
-            const double fx = (slope(&before[at], 1) + slope(&after[at], 1)) / 2;
-            const double fy = (slope(&before[at], size) + slope(&after[at], size)) / 2;
+            const double *p = before.data() + (middle_y(n) + j) * size + middle_x(n) + i;
+            const double *q = after.data() + (p - before.data());
+            const double fx = (slope(p, 1) + slope(q, 1)) / 2;
+            const double fy = (slope(p, size) + slope(q, size)) / 2;
             const Motion g{fx, fy, i * fx, i * fy, j * fx, j * fy};
             tensors[n] += g * g.transpose();
-            sides[n] += (before[at] - after[at]) * g;
+            sides[n] += (*p - *q) * g;
         }
-    zelm::status first_failure;
+    zelm::status failed; // the first that did
     std::vector<int> statuses(count);
     const auto usual_way = [&] {
-        for (int n = 0; n < count; ++n)
+        for (std::size_t n = 0; n < count; ++n)
             others[n] = solved(tensors[n], sides[n]);
     };
     compare(
-        "motions", [&] { first_failure = zelm::solve(tensors, sides, motions, {statuses}); },
-        usual_way);
-    expect(first_failure == zelStatusSingular);
-    for (int n = 0; n < count; ++n)
+        "motions", [&] { failed = zelm::solve(tensors, sides, motions, {statuses}); }, usual_way);
+    expect(failed == zelStatusSingular);
+    for (std::size_t n = 0; n < count; ++n)
         if (middle_y(n) + reach < horizon)
             expect(statuses[n] == zelStatusSingular && std::isnan(motions[n](0)));
         else if (middle_y(n) - reach >= horizon)

@@ -4,7 +4,7 @@
 #include "usual/kalman.hpp"
 #include "compare.hpp"
 
-constexpr int count = 1000;
+constexpr std::size_t count = 1000;
 constexpr double I[6][3] = {{1}, {0, 1}, {0, 0, 1}};
 template <int Rows, int Columns>
 struct Array : std::vector<Matrix<double, Rows, Columns>> {
@@ -41,19 +41,19 @@ int main() {
     for (int i = 0; i < 3; ++i)
         b.F(i, i + 3) = 1, b.Q(i, i) = 0.25, b.Q(i, i + 3) = b.Q(i + 3, i) = 0.5;
     Array<3, 1> z;
-    for (int n = 0; n < count; ++n) {
-        b.R[n] *= 1 + n % 7;
-        z[n] = Matrix<double, 3, 1>{0.5 * n, -1.0 * n, 3.0}; // they do not move
+    for (std::size_t n = 0; n < count; ++n) {
+        b.R[n] *= double(1 + n % 7);
+        z[n] = Matrix<double, 3, 1>{double(n), 2.0, -double(n)}; // they do not move
     }
     compare(
         "steps", [&] { step(b, z); }, [&] { usual::step(b, z); });
     for (int second = 0; second < 400; ++second)
         step(b, z);
-    for (int n = 0; n < count; ++n) {
-        const double s = std::sqrt(1 + n % 7), r = 1 + (1 - std::sqrt(8 * s + 1)) / (4 * s);
+    for (std::size_t n = 0; n < count; ++n) {
+        const double s = std::sqrt(double(1 + n % 7)), r = 1 + (1 - std::sqrt(8 * s + 1)) / (4 * s);
         const double alpha = 1 - r * r, beta = 2 * (1 - r) * (1 - r);
         expect(std::abs(b.K[n](0, 0) - alpha) < 1e-12 && std::abs(b.K[n](0, 3) - beta) < 1e-12);
-        expect(std::abs(b.x[n](1) - z[n](1)) < 1e-9);
+        expect(std::abs(b.x[n](2) - z[n](2)) < 1e-9);
     }
     return verdict();
 }

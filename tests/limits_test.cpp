@@ -95,8 +95,9 @@ public:
 private:
     static constexpr int tail = 12;
     void put(int k, float value) {
-        std::memcpy(reinterpret_cast<std::byte *>(x_) + (most - tail + std::size_t(k)) * f, &value,
-                    sizeof value);
+        std::memcpy(reinterpret_cast<std::byte *>(x_) +
+                        (most - tail + std::size_t(k)) * sizeof value,
+                    &value, sizeof value);
     }
     float *x_;
 };
@@ -112,7 +113,7 @@ testing::AssertionResult ends_in(const float *d, const std::vector<float> &value
 
 // Odd addresses and all that are whole elements behind a multiple of 16.
 TEST(Limits, TheLongestVectors) {
-    for (const std::size_t shift : {0, 1, 4}) {
+    for (const std::size_t shift : {0u, 1u, 4u}) {
         const Source x(shift);
         float dot = -1;
         EXPECT_EQ(zelmDotProduct_vv_32f(x.data(), f, x.data(), f, &dot, INT_MAX), ok);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #if defined(EXAMPLES_HAVE_EIGEN)
@@ -34,10 +35,10 @@ struct Matrix {
     using Scalar = T; // zelm looks at these three lines
     static constexpr int RowsAtCompileTime = Rows, ColsAtCompileTime = Columns;
     static constexpr bool IsRowMajor = true;
-    T element[Rows][Columns];
+    T element[Rows * Columns];
 
-    T &operator()(int i, int j = 0) { return element[i][j]; }
-    const T &operator()(int i, int j = 0) const { return element[i][j]; }
+    T &operator()(int i, int j = 0) { return element[i * Columns + j]; }
+    const T &operator()(int i, int j = 0) const { return element[i * Columns + j]; }
     static Matrix Zero() { return {}; }
     static Matrix Identity() {
         Matrix m{};
@@ -49,7 +50,7 @@ struct Matrix {
         Matrix<T, Columns, Rows> m;
         for (int i = 0; i < Rows; ++i)
             for (int j = 0; j < Columns; ++j)
-                m(j, i) = element[i][j];
+                m(j, i) = (*this)(i, j);
         return m;
     }
     template <int R, int C>
@@ -57,19 +58,17 @@ struct Matrix {
         Matrix<T, R, C> m;
         for (int i = 0; i < R; ++i)
             for (int j = 0; j < C; ++j)
-                m(i, j) = element[row + i][column + j];
+                m(i, j) = (*this)(row + i, column + j);
         return m;
     }
     Matrix &operator+=(const Matrix &b) {
-        for (int i = 0; i < Rows; ++i)
-            for (int j = 0; j < Columns; ++j)
-                element[i][j] += b(i, j);
+        for (int k = 0; k < Rows * Columns; ++k)
+            element[k] += b.element[k];
         return *this;
     }
     Matrix &operator*=(T by) {
-        for (auto &row : element)
-            for (T &x : row)
-                x *= by;
+        for (T &x : element)
+            x *= by;
         return *this;
     }
     friend Matrix operator*(T by, Matrix a) { return a *= by; }
@@ -94,8 +93,10 @@ Matrix<T, N, C> solved(Matrix<T, N, N> a, Matrix<T, N, C> b) {
         int pivot = k;
         for (int i = k + 1; i < N; ++i)
             pivot = std::abs(a(i, k)) > std::abs(a(pivot, k)) ? i : pivot;
-        std::swap(a.element[k], a.element[pivot]);
-        std::swap(b.element[k], b.element[pivot]);
+        for (int j = 0; j < N; ++j)
+            std::swap(a(k, j), a(pivot, j));
+        for (int j = 0; j < C; ++j)
+            std::swap(b(k, j), b(pivot, j));
         for (int i = k + 1; i < N; ++i) {
             const T factor = a(i, k) / a(k, k);
             for (int j = k + 1; j < N; ++j)
@@ -113,25 +114,35 @@ Matrix<T, N, C> solved(Matrix<T, N, N> a, Matrix<T, N, C> b) {
     return b;
 }
 
-// Jacobi's rotations.
+// Jacobi's rotations: v' * a * v becomes diagonal.
 template <class T, int N>
 Matrix<T, N, 1> eigenvector(Matrix<T, N, N> a, int which) {
     auto v = Matrix<T, N, N>::Identity();
-    for (int sweep = 0; sweep < 12; ++sweep)
+    const auto rotate = [](T &x, T &y, T c, T s) {
+        const T old = x;
+        x = c * old - s * y;
+        y = s * old + c * y;
+    };
+    bool rotated = true;
+    for (int sweep = 0; rotated && sweep < 30; ++sweep) {
+        rotated = false;
         for (int p = 0; p < N; ++p)
             for (int q = p + 1; q < N; ++q) {
-                if (a(p, q) == 0)
+                const T least = std::numeric_limits<T>::epsilon() / 2;
+                if (std::abs(a(p, q)) <= least * (std::abs(a(p, p)) + std::abs(a(q, q))))
                     continue;
+                rotated = true;
                 const T half = (a(q, q) - a(p, p)) / (2 * a(p, q));
                 const T t = std::copysign(1 / (std::abs(half) + std::hypot(half, T(1))), half);
                 const T c = 1 / std::hypot(t, T(1)), s = t * c;
-                auto rotation = Matrix<T, N, N>::Identity();
-                rotation(p, p) = rotation(q, q) = c;
-                rotation(p, q) = s;
-                rotation(q, p) = -s;
-                a = rotation.transpose() * a * rotation;
-                v = v * rotation;
+                for (int k = 0; k < N; ++k) {
+                    rotate(a(k, p), a(k, q), c, s);
+                    rotate(v(k, p), v(k, q), c, s);
+                }
+                for (int k = 0; k < N; ++k)
+                    rotate(a(p, k), a(q, k), c, s);
             }
+    }
     Matrix<T, N, 1> result{};
     for (int j = 0; j < N; ++j) {
         int smaller = 0;
