@@ -74,7 +74,7 @@ ZELM_INLINE MaskOf<S> factor_qr(int width, int height, const Matrix &d) {
         // Squares that underflow are formed again of what is lifted by a power of two.
         S lift = splat<S>(1);
         if constexpr (any_column)
-            if (const auto low = squares < splat<S>(least_square<ElementOf<S>>);
+            if (const MaskOf<S> low = squares < splat<S>(least_square<ElementOf<S>>);
                 lane_bits(low) != 0) [[unlikely]] {
                 lift = select(low, splat<S>(1 / least_square<ElementOf<S>>), lift);
                 squares = diagonal * lift * (diagonal * lift);

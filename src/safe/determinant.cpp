@@ -115,18 +115,17 @@ template <class T>
 int determinant(const ZelmView &a, const ZelmView &to, int n, Distance count,
                 ZelmStatusView status) {
     using S = Lanes<T>;
-    return determinants<T>(a, n, count, status,
-                           [&](const Group &group, const Product<T> &product, int *statuses) {
-                               S d = scaled<T>(product.mantissa, product.exponent);
-                               const S m = magnitude(d);
-                               set_status(statuses,
-                                          ~((m >= splat<S>(smallest_normal<T>)) &
-                                            (m <= splat<S>(std::numeric_limits<T>::max()))) &
-                                              (product.mantissa != splat<S>(0)),
-                                          zelmSafeOutOfRange);
-                               blank_failures(statuses, &d, 1);
-                               store_objects(group.objects<T, lanes_of<S>>(to), &d, 1, 1);
-                           });
+    return determinants<T>(
+        a, n, count, status, [&](const Group &group, const Product<T> &product, int *statuses) {
+            S d = scaled<T>(product.mantissa, product.exponent);
+            const S m = magnitude(d);
+            const MaskOf<S> lost = ~((m >= splat<S>(smallest_normal<T>)) &
+                                     (m <= splat<S>(std::numeric_limits<T>::max()))) &
+                                   (product.mantissa != splat<S>(0));
+            set_status(statuses, lost, zelmSafeOutOfRange);
+            blank_failures(statuses, &d, 1);
+            store_objects(group.objects<T, lanes_of<S>>(to), &d, 1, 1);
+        });
 }
 
 template <class T>
@@ -146,7 +145,8 @@ int log_determinant(const ZelmView &a, const ZelmView &sign, const ZelmView &log
             }
             blank_failures(statuses, &s, 1);
             blank_failures(statuses, &x, 1);
-            set_status(statuses, product.mantissa == splat<S>(0), zelStatusSingular);
+            const MaskOf<S> singular = product.mantissa == splat<S>(0);
+            set_status(statuses, singular, zelStatusSingular);
             store_objects(group.objects<T, L>(sign), &s, 1, 1);
             store_objects(group.objects<T, L>(logarithm), &x, 1, 1);
         });
