@@ -25,7 +25,7 @@
  * Every function returns the status of the first object that failed, the one with the smallest
  * number, or zelStatusOk. Before that it checks its arguments, in this order, and writes nothing if
  * one is wrong: zelStatusNullPointer, zelStatusBadCount (below 0; 0 is an empty array, of which
- * nothing is touched), zelStatusBadSize (an order or size below 1, or beyond what memory can hold).
+ * nothing is touched), zelStatusBadSize (a size below 1, or matrices of more than 2^28 elements).
  *
  * `status` may be null, or points to one int per object, statusStride bytes apart.
  * `rcond` may be null, or is a view of one element per object: an estimate of 1 / (|A| |inverse|)
