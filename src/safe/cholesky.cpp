@@ -47,43 +47,48 @@ MaskOf<Lanes<T>> factor_in_memory(Lanes<T> *a, int n, Lanes<T> *residuals,
     return fine;
 }
 
+// The objects that need care, to y.
 template <class T, class A>
-[[gnu::noinline]] void factor_rest(const A &a, int n, MaskOf<Lanes<T>> fine, Lanes<T> *y,
-                                   Lanes<T> *f, int *statuses) {
+[[gnu::noinline]] void factor_rest(const A &a, int n, Lanes<T> *y, Lanes<T> *residuals,
+                                   int *statuses) {
     using S = Lanes<T>;
-    load_objects(f, a, n, n);
-    Extent<S> extent;
-    for (int i = 0; i < n; ++i)
-        for (int j = 0; j <= i; ++j)
-            extent.note(f[i * n + j]);
-    S *const residuals = f + n * n;
+    load_objects(y, a, n, n);
+    Extent<S> extent, result;
     auto *const root = reinterpret_cast<IndexOf<S> *>(residuals + n); // of each row's scale
     for (int i = 0; i < n; ++i)
-        root[i] = Scale<T>(magnitude(f[i * n + i]), 1).exponent >> 1;
-    for (int i = 0; i < n; ++i)
-        for (int j = 0; j <= i; ++j)
-            f[i * n + j] = scaled<T>(f[i * n + j], root[i] + root[j]);
-    MaskOf<S> failing;
-    factor_in_memory<T>(f, n, residuals, failing);
-    Extent<S> result;
+        root[i] = Scale<T>(magnitude(y[i * n + i]), 1).exponent >> 1;
     for (int i = 0; i < n; ++i)
         for (int j = 0; j <= i; ++j) {
-            S &x = f[i * n + j];
+            S &x = y[i * n + j];
+            extent.note(x);
+            x = scaled<T>(x, root[i] + root[j]);
+        }
+    MaskOf<S> failing;
+    factor_in_memory<T>(y, n, residuals, failing);
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j <= i; ++j) {
+            S &x = y[i * n + j];
             x = scaled<T>(x, -root[i]);
             result.note(x);
-            y[i * n + j] = select(fine, y[i * n + j], x);
         }
-    set_status(statuses, ~(fine | extent.finite()), zelmSafeNotFinite);
-    set_status(statuses, ~fine & (failing | ~result.finite()), zelStatusNotPositiveDefinite);
-    blank_failures(statuses, y, n * n);
+    set_status(statuses, ~extent.finite(), zelmSafeNotFinite);
+    set_status(statuses, failing | ~result.finite(), zelStatusNotPositiveDefinite);
+}
+template <class S>
+void clear_above_diagonal(S *y, int n) {
+    for (int i = 0; i < n; ++i)
+        for (int j = i + 1; j < n; ++j)
+            y[i * n + j] = splat<S>(0);
 }
 
 // Two registers side by side: one's roots wait while the other works, as in the array functions.
 template <class T>
 using Pair = Interleaved<Lanes<T>, 2>;
 
+// A group as it stands: returns the lanes that need no more care. If these are all, or `apart`, the
+// factor is stored, else left in y, register by register.
 template <int N, class T, class From, class To>
-ZELM_INLINE unsigned try_order(const From &a, const To &l, Lanes<T> *y) {
+ZELM_INLINE unsigned try_order(const From &a, const To &l, bool apart, Lanes<T> *y) {
     using S = Pair<T>;
     S f[N][N];
     load_lanes<T, LowerTriangle>(f, a, 0);
@@ -97,12 +102,28 @@ ZELM_INLINE unsigned try_order(const From &a, const To &l, Lanes<T> *y) {
         unroll<i + 1, N>(ZELM_EACH(j) { f[i][j] = splat<S>(0); });
     });
     const unsigned fine = lane_bits(in_reach) & ~lane_bits(failing);
-    if (fine == all_lanes<S>) [[likely]]
+    if (fine == all_lanes<S> || apart) [[likely]]
         store_lanes<T>(l, 0, f);
     else
         unroll<2>(ZELM_EACH(r) {
             unroll<N * N>(ZELM_EACH(e) { y[r * N * N + e] = f[e / N][e % N].r[r]; });
         });
+    return fine;
+}
+// Always left in y.
+template <class T>
+unsigned try_any_order(const Objects<const T, 2 * lanes_per_register<T>> &a, int n, Lanes<T> *y,
+                       Lanes<T> *residuals) {
+    using S = Lanes<T>;
+    unsigned fine = 0;
+    for (int r = 0; r < 2; ++r) {
+        S *const f = y + r * n * n;
+        MaskOf<S> failing;
+        load_objects(f, a.template part<lanes_of<S>>(r * lanes_of<S>), n, n);
+        const MaskOf<S> in_reach = factor_in_memory<T>(f, n, residuals, failing);
+        fine |= lane_bits(in_reach & ~failing) << (r * lanes_of<S>);
+        clear_above_diagonal(f, n);
+    }
     return fine;
 }
 
@@ -113,44 +134,56 @@ int cholesky(const ZelmView &from, const ZelmView &to, int n, Distance count,
     constexpr int L = lanes_of<S>;
     const double order = n;
     const auto elements = static_cast<std::size_t>(n) * static_cast<std::size_t>(n);
-    return finish_objects<2 * L>(
+    const bool apart = are_apart(from, to);
+    const bool dense = is_dense_view<T>(from, n, n) && is_dense_view<T>(to, n, n);
+    return finish_objects<2 * L, L>(
         count, order * order * order / 6,
-        (3 * elements + 2 * static_cast<std::size_t>(n)) * sizeof(S), status,
-        [&](const Group &group, char *memory, int *statuses) {
-            S *const y = reinterpret_cast<S *>(memory), *const scratch = y + 2 * elements;
-            const auto a = group.objects<const T, 2 * L>(from);
-            const auto l = group.objects<T, 2 * L>(to);
-            bool tried = true;
-            const unsigned fine = with_order<2, largest_straight_line_order>(
-                n, [&](auto N) __attribute__((always_inline)) { return try_order<N, T>(a, l, y); },
+        (2 * elements + 2 * static_cast<std::size_t>(n)) * sizeof(S), status,
+        [&](Group &group, int groups, char *memory) {
+            S *const y = reinterpret_cast<S *>(memory);
+            const auto store_halves = [&](const Group &g, unsigned fine) {
+                const auto l = g.objects<T, 2 * L>(to);
+                for (int r = 0; r < 2; ++r)
+                    store_some(l.template part<L>(r * L), fine >> (r * L) & all_lanes<S>,
+                               y + r * n * n, n, n);
+            };
+            const auto run = [&](const auto &trial) __attribute__((always_inline)) {
+                return in_run<2 * L>(
+                    group, groups, [&](const Group &g) __attribute__((always_inline)) {
+                        const unsigned fine = trial(g);
+                        if (fine != all_lanes<Pair<T>> && !apart) [[unlikely]]
+                            store_halves(g, fine);
+                        return fine;
+                    });
+            };
+            return with_order<2, largest_straight_line_order>(
+                n,
+                [&](auto N) __attribute__((always_inline)) {
+                    if (dense && group.live == 2 * L)
+                        return run([&](const Group &g) __attribute__((always_inline)) {
+                            return try_order<N, T>(g.dense<const T, N, N>(from),
+                                                   g.dense<T, N, N>(to), apart, y);
+                        });
+                    return run([&](const Group &g) __attribute__((always_inline)) {
+                        return try_order<N, T>(g.objects<const T, 2 * L>(from),
+                                               g.objects<T, 2 * L>(to), apart, y);
+                    });
+                },
                 [&] {
-                    tried = false;
-                    return 0u;
+                    return in_run<2 * L>(group, groups, [&](const Group &g) {
+                        const auto a = g.objects<const T, 2 * L>(from);
+                        const unsigned fine = try_any_order<T>(a, n, y, y + 2 * elements);
+                        store_halves(g, fine);
+                        return fine;
+                    });
                 });
-            if (fine == all_lanes<Pair<T>>) [[likely]]
-                return false;
-            bool failed = false;
-            for (int r = 0; r < 2; ++r) {
-                S *const result = y + r * n * n;
-                const auto half = a.template part<L>(r * L);
-                auto here = splat_lanes<S>(fine >> (r * L));
-                if (!tried) {
-                    load_objects(result, half, n, n);
-                    MaskOf<S> failing;
-                    here = factor_in_memory<T>(result, n, scratch, failing) & ~failing;
-                    for (int i = 0; i < n; ++i)
-                        for (int j = i + 1; j < n; ++j)
-                            result[i * n + j] = splat<S>(0);
-                }
-                if (lane_bits(here) != all_lanes<S>) {
-                    factor_rest<T>(half, n, here, result, scratch, statuses + r * L);
-                    failed = true;
-                }
-            }
-            // Last of all: a lane behind the last object has the address of one of the other half.
-            for (int r = 0; r < 2; ++r)
-                store_objects(l.template part<L>(r * L), y + r * n * n, n, n);
-            return failed;
+        },
+        [&](const Group &group, char *memory, int *statuses) {
+            S *const y = reinterpret_cast<S *>(memory);
+            factor_rest<T>(group.objects<const T, L>(from), n, y, y + elements, statuses);
+            clear_above_diagonal(y, n);
+            blank_failures(statuses, y, n * n);
+            store_objects(group.objects<T, L>(to), y, n, n);
         });
 }
 

@@ -1,5 +1,7 @@
 #include "lu.hpp"
 
+#include "../linalg/det.hpp"
+
 #include <cmath>
 
 namespace zelm::safe {
@@ -20,24 +22,60 @@ struct Product {
         exponent = exponent + exponent_of<T>(mantissa);
         mantissa = mantissa_of<T>(mantissa);
     }
+    ZELM_INLINE S value() const {
+        const MaskOf<S> as_it_is = exponent == splat_index<S>(0);
+        return lane_bits(as_it_is) == all_lanes<S> ? mantissa : scaled<T>(mantissa, exponent);
+    }
     ZELM_INLINE void negate(MaskOf<S> lanes) { mantissa = select(lanes, -mantissa, mantissa); }
 };
 
-template <int N, class T, class A>
-ZELM_INLINE MaskOf<Lanes<T>> try_order(const A &a, Product<T> &product) {
-    using S = Lanes<T>;
-    S f[N][N];
-    IndexOf<S> p[N];
-    load_lanes<T>(f, a, 0);
-    factor<N>(f, p, T{0}, ZELM_EACH(){});
-    Pivots<S> pivots;
-    unroll<N>(ZELM_EACH(i) {
-        pivots.note(f[i][i]);
-        product.multiply(f[i][i]);
-        unroll<i>(ZELM_EACH(j) { product.negate(p[j] > p[i]); });
-    });
-    return pivots.fine;
+// Closed forms are fast, and as accurate as elimination as long as the determinant is not small
+// beside the product of the columns' largest elements, which bounds every term of its expansion.
+
+template <class S>
+ZELM_INLINE S closed_form(const S (&a)[2][2]) {
+    return a[0][0] * a[1][1] - a[0][1] * a[1][0];
 }
+template <int N, class S>
+ZELM_INLINE S closed_form(const S (&a)[N][N]) {
+    return zelm::determinant(a);
+}
+// Returns the lanes where the closed form is accurate; product is 1 before.
+template <int N, class T>
+ZELM_INLINE MaskOf<Lanes<T>> expand(const Lanes<T> (&a)[N][N], Product<T> &product) {
+    using S = Lanes<T>;
+    S least = splat<S>(power<T>(-determinant_ratio<T>)), smallest, largest;
+    unroll<N>(ZELM_EACH(j) {
+        S column = magnitude(a[0][j]);
+        unroll<1, N>(ZELM_EACH(i) { column = larger(magnitude(a[i][j]), column); });
+        least = least * column;
+        smallest = j == 0 ? column : smaller(column, smallest);
+        largest = j == 0 ? column : larger(column, largest);
+    });
+    product.mantissa = closed_form(a);
+    const S m = magnitude(product.mantissa);
+    return (m >= least) & (m >= splat<S>(smallest_normal<T>)) &
+           (m <= splat<S>(std::numeric_limits<T>::max())) &
+           (smallest >= splat<S>(power<T>(-element_reach<T>))) &
+           (largest <= splat<S>(power<T>(element_reach<T>)));
+}
+// Of n x n elements near 2^exponent.
+template <class T>
+[[gnu::noinline]] MaskOf<Lanes<T>> expand_in_memory(const Lanes<T> *f, int n, int exponent,
+                                                    Product<T> &product) {
+    using S = Lanes<T>;
+    product.exponent = product.exponent + n * exponent;
+    return with_order<2, largest_straight_line_order>(
+        n,
+        [&](auto N) {
+            S a[N][N];
+            for (int e = 0; e < N * N; ++e)
+                a[e / N][e % N] = f[e] * splat<S>(power<T>(-exponent));
+            return expand(a, product);
+        },
+        [] { return no_lane<S>(); });
+}
+
 template <class T>
 Pivots<Lanes<T>> multiply_pivots(const Lanes<T> *f, const IndexOf<Lanes<T>> *p, int n,
                                  Product<T> &product) {
@@ -54,60 +92,106 @@ Pivots<Lanes<T>> multiply_pivots(const Lanes<T> *f, const IndexOf<Lanes<T>> *p, 
     return pivots;
 }
 
-// The lanes that are not fine. A singular one has the product 0.
+// A group as it stands, of any order: returns the lanes that need no more care.
 template <class T, class A>
-[[gnu::noinline]] void multiply_rest(const A &a, int n, MaskOf<Lanes<T>> fine, Product<T> &product,
-                                     Lanes<T> *scratch, int *statuses) {
+unsigned try_any_order(const A &a, int n, Product<T> &product, char *memory) {
     using S = Lanes<T>;
-    Careful<T> careful(scratch, n);
-    load_objects(careful.f, a, n, n);
-    careful.factor();
-    Product<T> again;
-    for (int i = 0; i < n; ++i) { // a pivot may be subnormal
-        S &pivot = careful.f[i * n + i];
-        const Scale<T> scale(magnitude(pivot), 0);
-        pivot = scale(pivot);
-        again.exponent = again.exponent - scale.exponent - careful.exponent[i];
-    }
-    multiply_pivots(careful.f, careful.p, n, again);
-    again.normalize();
-    again.mantissa = select(careful.singular, splat<S>(0), again.mantissa);
-    product.mantissa = select(fine, product.mantissa, again.mantissa);
-    product.exponent = select(fine, product.exponent, again.exponent);
-    set_status(statuses, ~(fine | careful.finite), zelmSafeNotFinite);
+    const Careful<T> m(reinterpret_cast<S *>(memory), n); // its memory
+    load_objects(m.f, a, n, n);
+    factor_lanes<S>(m.f, m.p, n, T{0}, m.x);
+    const MaskOf<S> fine = multiply_pivots(m.f, m.p, n, product).fine;
+    product.normalize();
+    return lane_bits(fine);
 }
 
-template <class T>
-Product<T> multiply_group(const Objects<const T, lanes_of<Lanes<T>>> &a, int n, char *memory,
-                          int *statuses) {
+// The others. The determinant of a singular matrix is the product 0.
+template <class T, class A>
+[[gnu::noinline]] Product<T> multiply_rest(const A &a, int n, char *memory, int *statuses) {
     using S = Lanes<T>;
-    S *const scratch = reinterpret_cast<S *>(memory);
-    Product<T> product;
-    const MaskOf<S> fine = with_order<2, largest_straight_line_order>(
-        n, [&](auto N) { return try_order<N, T>(a, product); },
-        [&] {
-            const Careful<T> m(scratch, n); // its memory
-            load_objects(m.f, a, n, n);
-            factor_lanes<S>(m.f, m.p, n, T{0}, m.x);
-            return multiply_pivots(m.f, m.p, n, product).fine;
-        });
-    product.normalize();
-    if (lane_bits(fine) != all_lanes<S>) [[unlikely]]
-        multiply_rest<T>(a, n, fine, product, scratch, statuses);
+    Careful<T> careful(reinterpret_cast<S *>(memory), n);
+    load_objects(careful.f, a, n, n);
+    careful.scale_columns();
+    Product<T> product, again;
+    for (int j = 0; j < n; ++j)
+        product.exponent = product.exponent - careful.exponent[j];
+    again.exponent = product.exponent;
+    const MaskOf<S> accurate =
+        expand_in_memory(careful.f, n, Format<T>::factor_exponent, product) & careful.finite;
+    if (lane_bits(accurate) != all_lanes<S>) {
+        careful.eliminate();
+        for (int i = 0; i < n; ++i) { // a pivot may be subnormal
+            S &pivot = careful.f[i * n + i];
+            const Scale<T> scale(magnitude(pivot), 0);
+            pivot = scale(pivot);
+            again.exponent = again.exponent - scale.exponent;
+        }
+        multiply_pivots(careful.f, careful.p, n, again);
+        again.normalize();
+        again.mantissa = select(careful.singular, splat<S>(0), again.mantissa);
+        product.mantissa = select(accurate, product.mantissa, again.mantissa);
+        product.exponent = select(accurate, product.exponent, again.exponent);
+    }
+    set_status(statuses, ~careful.finite, zelmSafeNotFinite);
     return product;
 }
 
-template <class T, class Finish>
-int determinants(const ZelmView &a, int n, Distance count, ZelmStatusView status,
-                 const Finish &finish) {
-    constexpr int L = lanes_of<Lanes<T>>;
+// answer(product, out, statuses) computes `results` elements for each lane and returns the lanes
+// that fail; it sets their status where statuses is not null.
+template <class T, int results, class Answer>
+int determinants(const ZelmView &a, const ZelmView (&to)[results], int n, Distance count,
+                 ZelmStatusView status, const Answer &answer) {
+    using S = Lanes<T>;
+    constexpr int L = lanes_of<S>;
     const double order = n;
-    return finish_objects<L>(
-        count, order * order * order / 3, careful_elements<T>(n) * sizeof(Lanes<T>), status,
+    bool apart = true;
+    for (const ZelmView &result : to)
+        apart = apart && are_apart(a, result);
+    const bool dense = is_dense_view<T>(a, n, n);
+    return finish_objects<L, L>(
+        count, order * order * order / 3, careful_elements<T>(n) * sizeof(S), status,
+        [&](Group &group, int groups, char *memory) {
+            const auto run = [&](const auto &trial) __attribute__((always_inline)) {
+                return in_run<L>(
+                    group, groups, [&](const Group &g) __attribute__((always_inline)) {
+                        Product<T> product;
+                        unsigned fine = trial(g, product);
+                        S out[results];
+                        fine &= ~lane_bits(answer(product, out, nullptr));
+                        for (int r = 0; r < results; ++r)
+                            store_some(g.objects<T, L>(to[r]), apart ? all_lanes<S> : fine, out + r,
+                                       1, 1);
+                        return fine;
+                    });
+            };
+            return with_order<2, largest_straight_line_order>(
+                n,
+                [&](auto N) __attribute__((always_inline)) {
+                    constexpr int size = decltype(N)::value;
+                    const auto trial = [](const auto &operand, Product<T> &product)
+                        __attribute__((always_inline)) {
+                        S x[size][size];
+                        load_lanes<T>(x, operand, 0);
+                        return lane_bits(expand<size, T>(x, product));
+                    };
+                    if (dense && group.live == L)
+                        return run([&](const Group &g, Product<T> &product) __attribute__((
+                            always_inline)) { return trial(g.dense<const T, N, N>(a), product); });
+                    return run([&](const Group &g, Product<T> &product) __attribute__((
+                        always_inline)) { return trial(g.objects<const T, L>(a), product); });
+                },
+                [&] {
+                    return run([&](const Group &g, Product<T> &product) {
+                        return try_any_order<T>(g.objects<const T, L>(a), n, product, memory);
+                    });
+                });
+        },
         [&](const Group &group, char *memory, int *statuses) {
-            finish(group, multiply_group<T>(group.objects<const T, L>(a), n, memory, statuses),
-                   statuses);
-            return true;
+            const Product<T> product =
+                multiply_rest<T>(group.objects<const T, L>(a), n, memory, statuses);
+            S out[results];
+            answer(product, out, statuses);
+            for (int r = 0; r < results; ++r)
+                store_objects(group.objects<T, L>(to[r]), out + r, 1, 1);
         });
 }
 
@@ -115,16 +199,19 @@ template <class T>
 int determinant(const ZelmView &a, const ZelmView &to, int n, Distance count,
                 ZelmStatusView status) {
     using S = Lanes<T>;
-    return determinants<T>(
-        a, n, count, status, [&](const Group &group, const Product<T> &product, int *statuses) {
-            S d = scaled<T>(product.mantissa, product.exponent);
-            const S m = magnitude(d);
-            const MaskOf<S> lost = ~((m >= splat<S>(smallest_normal<T>)) &
-                                     (m <= splat<S>(std::numeric_limits<T>::max()))) &
-                                   (product.mantissa != splat<S>(0));
-            set_status(statuses, lost, zelmSafeOutOfRange);
-            blank_failures(statuses, &d, 1);
-            store_objects(group.objects<T, lanes_of<S>>(to), &d, 1, 1);
+    return determinants<T, 1>(
+        a, {to}, n, count, status,
+        [](const Product<T> &product, S(&out)[1], int *statuses) __attribute__((always_inline)) {
+            const S d = product.value(), m = magnitude(d);
+            const MaskOf<S> normal = (m >= splat<S>(smallest_normal<T>)) &
+                                     (m <= splat<S>(std::numeric_limits<T>::max()));
+            const MaskOf<S> lost = ~normal & ~(product.mantissa == splat<S>(0));
+            out[0] = d;
+            if (statuses != nullptr) {
+                set_status(statuses, lost, zelmSafeOutOfRange);
+                blank_failures(statuses, out, 1);
+            }
+            return lost;
         });
 }
 
@@ -133,23 +220,23 @@ int log_determinant(const ZelmView &a, const ZelmView &sign, const ZelmView &log
                     Distance count, ZelmStatusView status) {
     using S = Lanes<T>;
     constexpr int L = lanes_of<S>;
-    return determinants<T>(
-        a, n, count, status, [&](const Group &group, const Product<T> &product, int *statuses) {
-            S s, x;
-            for (int l = 0; l < L; ++l) {
-                const T m = product.mantissa[l];
-                s[l] = static_cast<T>((m > 0) - (m < 0));
-                x[l] =
-                    static_cast<T>(std::log(double{magnitude(m)}) +
-                                   static_cast<double>(product.exponent[l]) * 0x1.62e42fefa39efp-1);
-            }
-            blank_failures(statuses, &s, 1);
-            blank_failures(statuses, &x, 1);
-            const MaskOf<S> singular = product.mantissa == splat<S>(0);
-            set_status(statuses, singular, zelStatusSingular);
-            store_objects(group.objects<T, L>(sign), &s, 1, 1);
-            store_objects(group.objects<T, L>(logarithm), &x, 1, 1);
-        });
+    return determinants<T, 2>(a, {sign, logarithm}, n, count, status,
+                              [](const Product<T> &product, S(&out)[2], int *statuses) {
+                                  for (int l = 0; l < L; ++l) {
+                                      const T m = product.mantissa[l];
+                                      out[0][l] = static_cast<T>((m > 0) - (m < 0));
+                                      out[1][l] =
+                                          static_cast<T>(std::log(double{magnitude(m)}) +
+                                                         static_cast<double>(product.exponent[l]) *
+                                                             0x1.62e42fefa39efp-1);
+                                  }
+                                  const MaskOf<S> singular = product.mantissa == splat<S>(0);
+                                  if (statuses != nullptr) {
+                                      blank_failures(statuses, out, 2);
+                                      set_status(statuses, singular, zelStatusSingular);
+                                  }
+                                  return singular;
+                              });
 }
 
 } // namespace

@@ -85,7 +85,6 @@ int eigen(const ZelmView &a, const ZelmView &real, const ZelmView &imaginary, co
         ((vectors ? 2 : 1) * elements + 5 * static_cast<std::size_t>(n)) * sizeof(T), status,
         [&](const Group &group, char *memory, int *statuses) {
             statuses[0] = finish_object<T, vectors>(a, real, imaginary, to, n, group, memory);
-            return true;
         });
 }
 

@@ -176,7 +176,6 @@ int eigen_symmetric(const ZelmView &from, const ZelmView &values, const ZelmView
                     work.a[k] = select(work.z[k] == splat<S>(0), splat<S>(0), work.z[k]);
                 store_objects(to_columns, work.a, n, n);
             }
-            return true;
         });
 }
 

@@ -14,20 +14,15 @@ namespace {
 
 inline constexpr int largest_closed_form = 4;
 
-// As powers of two: the determinant beside the largest element to the power of the order, the
-// smallest pivot beside the largest, and the elements that no closed form takes out of the range.
-template <class T>
-inline constexpr int determinant_ratio = sizeof(T) == 4 ? 9 : 12;
+// As a power of two: the smallest pivot beside the largest.
 template <class T>
 inline constexpr int pivot_ratio = sizeof(T) == 4 ? 8 : 20;
-template <class T>
-inline constexpr int element_reach = Format<T>::reach / 3;
 
 template <class S>
 struct Verdict {
     MaskOf<S> accurate, in_reach;
 
-    ZELM_INLINE bool fine() const { return lane_bits(accurate & in_reach) == all_lanes<S>; }
+    ZELM_INLINE unsigned fine() const { return lane_bits(accurate & in_reach); }
 };
 
 template <class S>
@@ -157,7 +152,7 @@ struct Memory {
           y(f + n),
           rest(y + n * n + n),
           p(reinterpret_cast<IndexOf<S> *>(y + n * n)) {}
-    static std::size_t bytes(int n) { return 4 * careful_elements<ElementOf<S>>(n) * sizeof(S); }
+    static std::size_t bytes(int n) { return 3 * careful_elements<ElementOf<S>>(n) * sizeof(S); }
 };
 
 // y = the inverse, row by row, from the reduced transposed matrix.
@@ -186,65 +181,113 @@ Lanes<T> reciprocal_condition(const A &a, const Lanes<T> *y, int n, Lanes<T> *sc
     return splat<S>(1) / norm / column_norm(scratch, n);
 }
 
-// The lanes that are not fine; of those that are, the reduced matrix in m.t is the answer. `rcond`,
-// which may be null, is of those that fail.
+// The inverse by the same method of the object brought to an exponent near 1, so that small
+// elements of the inverse stay normal numbers as well, in m.y. Returns the lanes where it is
+// accurate.
 template <class T, class A>
-[[gnu::noinline]] void invert_rest(const A &a, int n, const Verdict<Lanes<T>> &verdict,
-                                   const Memory<Lanes<T>> &m, Lanes<T> *rcond, int *statuses) {
+MaskOf<Lanes<T>> invert_scaled(const A &a, int n, const Memory<Lanes<T>> &m) {
     using S = Lanes<T>;
-    const MaskOf<S> fine = verdict.accurate & verdict.in_reach;
+    constexpr int working = Format<T>::working_exponent;
+    load_objects(m.t, a, n, n);
+    transpose_in_place(m.t, n);
+    Extent<S> extent, result;
+    for (int e = 0; e < n * n; ++e)
+        extent.note(m.t[e]);
+    const Scale<T> scale(extent.largest);
+    for (int e = 0; e < n * n; ++e)
+        m.t[e] = scale(m.t[e]) * splat<S>(power<T>(-working));
+    const MaskOf<S> accurate = reduce_in_memory(m.t, m.p, n, m.f).accurate;
+    for (int e = 0; e < n * n; ++e) {
+        m.t[e] = scaled<T>(m.t[e], scale.exponent - working);
+        result.note(m.t[e]);
+    }
+    put_in_order(m.y, m.t, m.p, n);
+    return accurate & extent.finite() & result.finite();
+}
+
+// The objects that need care, in m.y; `rcond` may be null.
+template <class T, class A>
+[[gnu::noinline]] void invert_rest(const A &a, int n, const Memory<Lanes<T>> &m, Lanes<T> *rcond,
+                                   int *statuses) {
+    using S = Lanes<T>;
+    const MaskOf<S> accurate = invert_scaled<T>(a, n, m);
+    if (rcond != nullptr)
+        *rcond = reciprocal_condition<T>(a, m.y, n, m.rest);
+    if (lane_bits(accurate) == all_lanes<S>)
+        return;
     Careful<T> careful(m.rest, n);
     load_objects(careful.f, a, n, n);
     careful.factor(rcond != nullptr);
-    set_status(statuses, ~careful.finite, zelmSafeNotFinite);
-    set_status(statuses, careful.singular, zelStatusSingular);
-    MaskOf<S> open = ~fine & careful.finite & ~careful.singular;
-    const auto finish = [&](MaskOf<S> lanes) {
-        Extent<S> result;
-        for (int e = 0; e < n * n; ++e)
-            result.note(select(lanes, m.y[e], splat<S>(0)));
-        set_status(statuses, ~result.finite(), zelmSafeOutOfRange);
-    };
-    // Out of reach: the same elimination of the object brought to one exponent.
-    if (lane_bits(open & ~verdict.in_reach) != 0) {
-        load_objects(m.t, a, n, n);
-        transpose_in_place(m.t, n);
-        Extent<S> extent;
-        for (int e = 0; e < n * n; ++e)
-            extent.note(m.t[e]);
-        const Scale<T> scale(extent.largest);
-        // Near 1, so that small elements of the inverse stay normal numbers as well.
-        constexpr int working = Format<T>::working_exponent;
-        for (int e = 0; e < n * n; ++e)
-            m.t[e] = scale(m.t[e]) * splat<S>(power<T>(-working));
-        const MaskOf<S> accurate = reduce_in_memory(m.t, m.p, n, m.f).accurate;
-        for (int e = 0; e < n * n; ++e)
-            m.t[e] = scaled<T>(m.t[e], scale.exponent - working);
-        const MaskOf<S> lanes = open & ~verdict.in_reach & accurate;
-        // In the order of the rows, by way of scratch that the factors do not need.
-        S *const ordered = m.rest + careful_elements<T>(n);
-        put_in_order(ordered, m.t, m.p, n);
-        for (int e = 0; e < n * n; ++e)
-            m.y[e] = select(lanes, ordered[e], m.y[e]);
-        open = open & ~lanes;
-        finish(lanes);
+    for (int c = 0; c < n; ++c) {
+        for (int i = 0; i < n; ++i)
+            careful.b[i] = splat<S>(i == c ? 1 : 0);
+        solve_carefully(careful, m.f, statuses);
+        for (int i = 0; i < n; ++i)
+            m.y[i * n + c] = select(accurate, m.y[i * n + c], m.f[i]);
     }
-    if (lane_bits(open) != 0) {
-        S *const x = m.f;
-        for (int c = 0; c < n; ++c) {
-            for (int i = 0; i < n; ++i)
-                careful.b[i] = splat<S>(i == c ? 1 : 0);
-            solve_carefully(careful, x, statuses);
-            for (int i = 0; i < n; ++i)
-                m.y[i * n + c] = select(open, x[i], m.y[i * n + c]);
-        }
+    if (rcond != nullptr) {
+        const S r = careful.reciprocal_condition();
+        *rcond = select(accurate, *rcond, r);
     }
-    if (rcond != nullptr)
-        *rcond = careful.reciprocal_condition();
     for (int l = 0; l < lanes_of<S>; ++l)
-        if (lane_bits(fine) >> l & 1)
+        if (lane_bits(accurate) >> l & 1)
             statuses[l] = zelStatusOk;
     blank_failures(statuses, m.y, n * n);
+}
+
+// Whether an attempt stores the inverse at once, or leaves it in m.y.
+enum class Store { always, if_all_fine, never };
+template <class S>
+ZELM_INLINE bool stores(Store store, unsigned fine) {
+    return store == Store::always || (store == Store::if_all_fine && fine == all_lanes<S>);
+}
+
+// A group as it stands: returns the lanes that need no more care.
+template <int N, class T, class A, class X>
+ZELM_INLINE unsigned try_order(const A &a, const X &to, Store store, const Memory<Lanes<T>> &m) {
+    using S = Lanes<T>;
+    S in[N][N], t[N][N];
+    load_lanes<T>(in, a, 0);
+    if constexpr (N <= largest_closed_form) {
+        const unsigned fine = invert_directly(t, in).fine();
+        if (stores<S>(store, fine)) [[likely]]
+            store_lanes<T>(to, 0, t);
+        else
+            for (int e = 0; e < N * N; ++e)
+                m.y[e] = t[e / N][e % N];
+        return fine;
+    } else {
+        IndexOf<S> p[N];
+        unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { t[i][j] = in[j][i]; }); });
+        const unsigned fine = reduce<N>(t, p).fine();
+        if (stores<S>(store, fine)) [[likely]] {
+            unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { in[i][j] = t[j][i]; }); });
+            store_lanes<T>(to, 0, in, ComputedRows<T, N>{p});
+        } else {
+            put_in_order(m.y, t[0], p, N);
+        }
+        return fine;
+    }
+}
+template <class T, class A, class X>
+unsigned try_any_order(const A &a, const X &to, int n, Store store, const Memory<Lanes<T>> &m) {
+    using S = Lanes<T>;
+    load_objects(m.t, a, n, n);
+    transpose_in_place(m.t, n);
+    const unsigned fine = reduce(m.t, m.p, n, m.f).fine();
+    if (!stores<S>(store, fine)) {
+        put_in_order(m.y, m.t, m.p, n);
+        return fine;
+    }
+    transpose_in_place(m.t, n);
+    const auto row = [&](int i, int lane) { return static_cast<int>(m.p[i][lane]); };
+    for_each_run<T, lanes_of<S>>(
+        n, n, [&](int i, int j, auto K) __attribute__((always_inline)) {
+            store_row<T>(to, 0, {n, n}, i, j,
+                         *reinterpret_cast<S(*)[decltype(K)::value]>(m.t + i * n + j),
+                         RowNumbers{row});
+        });
+    return fine;
 }
 
 template <class T>
@@ -254,83 +297,61 @@ int invert(const Call<T> &call, Distance count, ZelmStatusView status) {
     const int n = call.n;
     const double order = n;
     const bool wants_rcond = !is_null(call.rcond);
-    return finish_objects<L>(
-        count, order * order * order, Memory<S>::bytes(n), status,
-        [&](const Group &group, char *memory, int *statuses) {
+    const bool dense = is_dense_view<T>(call.a, n, n) && is_dense_view<T>(call.x, n, n);
+    const Store when = wants_rcond                 ? Store::never
+                       : are_apart(call.a, call.x) ? Store::always
+                                                   : Store::if_all_fine;
+    const auto store_inverse = [&](const Group &group, unsigned fine, const Memory<S> &m) {
+        if (wants_rcond) { // before the destination, which may be the source
             const auto a = group.objects<const T, L>(call.a);
-            const auto x = group.objects<T, L>(call.x);
+            const S r = reciprocal_condition<T>(a, m.y, n, m.rest);
+            store_some(group.objects<T, L>(call.rcond), fine, &r, 1, 1);
+        }
+        store_some(group.objects<T, L>(call.x), fine, m.y, n, n);
+    };
+    return finish_objects<L, L>(
+        count, order * order * order, Memory<S>::bytes(n), status,
+        [&](Group &group, int groups, char *memory) {
             const Memory<S> m(memory, n);
-            bool failed = false;
-            const auto rest = [&](const Verdict<S> &verdict) {
-                put_in_order(m.y, m.t, m.p, n);
-                S rcond;
-                failed = !verdict.fine();
-                if (failed)
-                    invert_rest<T>(a, n, verdict, m, wants_rcond ? &rcond : nullptr, statuses);
-                if (wants_rcond) { // before the destination, which may be the source
-                    const S r = reciprocal_condition<T>(a, m.y, n, m.rest);
-                    for (int l = 0; l < L; ++l)
-                        if (statuses[l] == zelStatusOk)
-                            rcond[l] = r[l];
-                    store_objects(group.objects<T, L>(call.rcond), &rcond, 1, 1);
-                }
-                store_objects(x, m.y, n, n);
+            const auto store_trial = [&](const Group &g, unsigned fine)
+                __attribute__((always_inline)) {
+                if (!stores<S>(when, fine)) [[unlikely]]
+                    store_inverse(g, fine, m);
+                return fine;
             };
-            with_order<2, largest_straight_line_order>(
+            return with_order<2, largest_straight_line_order>(
                 n,
                 [&](auto N) __attribute__((always_inline)) {
-                    S in[N][N], t[N][N];
-                    load_lanes<T>(in, a, 0);
-                    if constexpr (N <= largest_closed_form) {
-                        const Verdict<S> verdict = invert_directly(t, in);
-                        if (verdict.fine() && !wants_rcond) [[likely]] {
-                            store_lanes<T>(x, 0, t);
-                            return;
-                        }
-                        for (int e = 0; e < N * N; ++e)
-                            m.t[e] = t[e % N][e / N];
-                        for (int i = 0; i < N; ++i)
-                            m.p[i] = splat_index<S>(i);
-                        rest(verdict);
-                    } else {
-                        IndexOf<S> p[N];
-                        unroll<N>(
-                            ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { t[i][j] = in[j][i]; }); });
-                        const Verdict<S> verdict = reduce<N>(t, p);
-                        if (verdict.fine() && !wants_rcond) [[likely]] {
-                            unroll<N>(
-                                ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { in[i][j] = t[j][i]; }); });
-                            store_lanes<T>(x, 0, in, ComputedRows<T, N>{p});
-                            return;
-                        }
-                        for (int e = 0; e < N * N; ++e)
-                            m.t[e] = t[e / N][e % N];
-                        for (int i = 0; i < N; ++i)
-                            m.p[i] = p[i];
-                        rest(verdict);
-                    }
+                    if (dense && group.live == L)
+                        return in_run<L>(
+                            group, groups, [&](const Group &g) __attribute__((always_inline)) {
+                                return store_trial(
+                                    g, try_order<N, T>(g.dense<const T, N, N>(call.a),
+                                                       g.dense<T, N, N>(call.x), when, m));
+                            });
+                    return in_run<L>(
+                        group, groups, [&](const Group &g) __attribute__((always_inline)) {
+                            return store_trial(g,
+                                               try_order<N, T>(g.objects<const T, L>(call.a),
+                                                               g.objects<T, L>(call.x), when, m));
+                        });
                 },
                 [&] {
-                    load_objects(m.t, a, n, n);
-                    transpose_in_place(m.t, n);
-                    const Verdict<S> verdict = reduce(m.t, m.p, n, m.f);
-                    if (verdict.fine() && !wants_rcond) [[likely]] {
-                        transpose_in_place(m.t, n);
-                        const auto row = [&](int i, int lane) {
-                            return static_cast<int>(m.p[i][lane]);
-                        };
-                        for_each_run<T, L>(
-                            n, n, [&](int i, int j, auto K) __attribute__((always_inline)) {
-                                store_row<T>(
-                                    x, 0, {n, n}, i, j,
-                                    *reinterpret_cast<S(*)[decltype(K)::value]>(m.t + i * n + j),
-                                    RowNumbers{row});
-                            });
-                        return;
-                    }
-                    rest(verdict);
+                    return in_run<L>(group, groups, [&](const Group &g) {
+                        return store_trial(g,
+                                           try_any_order<T>(g.objects<const T, L>(call.a),
+                                                            g.objects<T, L>(call.x), n, when, m));
+                    });
                 });
-            return failed;
+        },
+        [&](const Group &group, char *memory, int *statuses) {
+            const Memory<S> m(memory, n);
+            S rcond;
+            invert_rest<T>(group.objects<const T, L>(call.a), n, m, wants_rcond ? &rcond : nullptr,
+                           statuses);
+            store_objects(group.objects<T, L>(call.x), m.y, n, n);
+            if (wants_rcond)
+                store_objects(group.objects<T, L>(call.rcond), &rcond, 1, 1);
         });
 }
 

@@ -115,6 +115,12 @@ struct Careful {
 
     // Factors the matrix in f.
     void factor(bool wants_norm = false) {
+        scale_columns();
+        if (wants_norm)
+            measure();
+        eliminate();
+    }
+    void scale_columns() {
         S nothing = splat<S>(0);
         for (int j = 0; j < n; ++j) {
             Extent<S> extent;
@@ -127,15 +133,15 @@ struct Careful {
                 f[i * n + j] = scale(f[i * n + j]);
         }
         finite = nothing == nothing;
-        if (wants_norm) {
-            least = exponent[0];
-            for (int j = 1; j < n; ++j)
-                least = select(exponent[j] < least, exponent[j], least);
-            norm = column_norm(
-                f, n, [&](int j, const S &sum) { return scaled<T>(sum, least - exponent[j]); });
-        }
-        singular = factor_lanes<S>(f, p, n, T{0}, x);
     }
+    void measure() {
+        least = exponent[0];
+        for (int j = 1; j < n; ++j)
+            least = select(exponent[j] < least, exponent[j], least);
+        norm = column_norm(
+            f, n, [&](int j, const S &sum) { return scaled<T>(sum, least - exponent[j]); });
+    }
+    void eliminate() { singular = factor_lanes<S>(f, p, n, T{0}, x); }
     Factors<S> factors() const { return {f, p, n}; }
 
     // 1 / (|A| |inverse|), 0 for a singular matrix.
@@ -154,7 +160,7 @@ constexpr std::size_t careful_elements(int n) { // of scratch, in registers
 }
 
 // The solution of the factored matrix of `careful` for the right-hand side in careful.b, in `to`,
-// n elements. Sets the status of lanes that have none.
+// n elements, which have no meaning in lanes that fail. Sets the status of lanes that have none.
 template <class T>
 void solve_carefully(Careful<T> &careful, Lanes<T> *to, int *statuses) {
     using S = Lanes<T>;
@@ -172,6 +178,8 @@ void solve_carefully(Careful<T> &careful, Lanes<T> *to, int *statuses) {
     const Scale<T> scale(extent.largest);
     constexpr int working = Format<T>::working_exponent;
     MaskOf<S> done = ~finite | careful.singular;
+    if (lane_bits(done) == all_lanes<S>)
+        return;
     constexpr int first = working / 8;
     for (const int down : {first, working * 9 / 8, working * 17 / 8}) {
         const IndexOf<S> shift = splat_index<S>(-down);

@@ -57,25 +57,50 @@ struct Objects {
     }
 };
 
-// Objects first ... first + live - 1 of an array.
+// The objects of an array that are worked on at once: first ... first + live - 1, or those that
+// `numbers` lists.
 struct Group {
     Distance first;
     int live;
+    const Distance *numbers = nullptr;
 
+    ZELM_INLINE Distance number(int lane) const {
+        const int l = lane < live ? lane : live - 1;
+        return numbers == nullptr ? first + l : numbers[l];
+    }
     template <class T, int L>
     ZELM_INLINE Objects<T, L> objects(const ZelmView &v) const {
         Objects<T, L> o;
         o.stride1 = v.stride1;
         o.stride2 = v.stride2;
-        o.is_planar = v.table == nullptr && v.stride0 == Distance{sizeof(T)} && live == L;
+        o.is_planar = v.table == nullptr && v.stride0 == Distance{sizeof(T)} && live == L &&
+                      numbers == nullptr;
         unroll<L>(ZELM_EACH(l) {
-            const Distance n = first + (l < live ? l : live - 1);
+            const Distance n = number(l);
             o.at[l] = v.table == nullptr ? static_cast<ByteOf<T> *>(v.data) + n * v.stride0
                                          : static_cast<ByteOf<T> *>(v.table[n]) + v.stride0;
         });
         return o;
     }
+    // Of a full group, where is_dense_view says so.
+    template <class T, int H, int W>
+    ZELM_INLINE Dense<T, H, W> dense(const ZelmView &v) const {
+        return {static_cast<ByteOf<T> *>(v.data) + first * v.stride0, v.stride0};
+    }
 };
+
+// Whether a destination is certainly no source: then objects that need care may be stored before.
+inline bool are_apart(const ZelmView &source, const ZelmView &to) {
+    return source.table == nullptr && to.table == nullptr && source.data != to.data;
+}
+
+// Whether the objects, rows x columns, have no gaps inside.
+template <class T>
+bool is_dense_view(const ZelmView &v, int rows, int columns) {
+    constexpr Distance element = sizeof(T);
+    return v.table == nullptr && (columns == 1 || v.stride2 == element) &&
+           (rows == 1 || v.stride1 == columns * element);
+}
 
 ZELM_INLINE bool is_null(const ZelmView &v) { return v.data == nullptr && v.table == nullptr; }
 
@@ -102,36 +127,67 @@ private:
 inline constexpr double parallel_work = 1e5;
 inline constexpr std::size_t scratch_alignment = 64;
 
-// Runs kernel(group, scratch, statuses) over all objects in groups of L lanes. `scratch` has
-// scratch_bytes, aligned; the kernel sets statuses[lane] where a lane fails and returns whether one
-// may have. `work` counts the operations of one object.
-template <int L, class Kernel>
+// Does groups of L lanes, the first of which is `group`, until one is not `fine` in all lanes;
+// `group` is then the last one done. Returns its lanes that are fine, as bits.
+template <int L, class F>
+ZELM_INLINE unsigned in_run(Group &group, int groups, const F &f) {
+    for (;;) {
+        const unsigned fine = f(group);
+        if (fine != (1u << L) - 1 || --groups == 0) [[unlikely]]
+            return fine;
+        group.first += L;
+    }
+}
+
+// Finishes all objects. attempt(group, groups, scratch) does a run of groups of L lanes as in_run
+// says, and stores the objects that need no more care. The others are collected, so that few of
+// them cost little: rest(group, scratch, statuses) finishes up to R, whose numbers ascend, and sets
+// statuses[lane] where a lane fails. `scratch` has scratch_bytes, aligned; `work` counts the
+// operations of one object.
+template <int L, int R, class Attempt, class Rest>
 int finish_objects(Distance count, double work, std::size_t scratch_bytes, ZelmStatusView status,
-                   const Kernel &kernel) {
+                   const Attempt &attempt, const Rest &rest) {
     FirstFailure failure;
     Distance base = 0; // ranges are numbered by int
+    const auto set = [&](Distance object, int value) {
+        store<int>(reinterpret_cast<char *>(status.first) + object * status.stride, value);
+    };
     const auto range = [&](int first, int n, void *memory) {
         char *const scratch =
             static_cast<char *>(memory) +
             (scratch_alignment - reinterpret_cast<std::uintptr_t>(memory) % scratch_alignment);
-        for (int done = 0; done < n; done += n - done < L ? n - done : L) {
-            const Group group = {base + first + done, n - done < L ? n - done : L};
-            int statuses[L] = {};
-            const bool failed = kernel(group, scratch, statuses);
-            if (failed) [[unlikely]]
-                for (int l = 0; l < group.live; ++l)
-                    if (statuses[l] != zelStatusOk)
-                        failure.note(group.first + l, statuses[l]);
-            if (status.first != nullptr) {
-                char *const at =
-                    reinterpret_cast<char *>(status.first) + group.first * status.stride;
-                if (group.live == L && status.stride == Distance{sizeof(int)})
-                    __builtin_memcpy(at, statuses, sizeof statuses);
-                else
-                    for (int l = 0; l < group.live; ++l)
-                        store<int>(at + l * status.stride, statuses[l]);
+        if (status.first != nullptr)
+            for (int done = 0; done < n; ++done)
+                set(base + first + done, zelStatusOk);
+        Distance numbers[R];
+        int waiting = 0;
+        const auto finish_waiting = [&] {
+            const bool adjacent = numbers[waiting - 1] - numbers[0] == waiting - 1;
+            const Group group = {numbers[0], waiting, adjacent ? nullptr : numbers};
+            int statuses[R] = {};
+            rest(group, scratch, statuses);
+            for (int l = 0; l < waiting; ++l)
+                if (statuses[l] != zelStatusOk) {
+                    failure.note(numbers[l], statuses[l]);
+                    if (status.first != nullptr)
+                        set(numbers[l], statuses[l]);
+                }
+            waiting = 0;
+        };
+        const Distance end = base + first + n;
+        for (Group group = {base + first, L}; group.first < end; group.first += L) {
+            const auto left = static_cast<int>(end - group.first);
+            group.live = left < L ? left : L;
+            const unsigned fine = attempt(group, left < L ? 1 : left / L, scratch);
+            for (unsigned open = ((2u << (group.live - 1)) - 1) & ~fine; open != 0;
+                 open &= open - 1) {
+                numbers[waiting++] = group.first + __builtin_ctz(open);
+                if (waiting == R)
+                    finish_waiting();
             }
         }
+        if (waiting != 0)
+            finish_waiting();
         return zelStatusOk;
     };
     using Range = decltype(range);
@@ -155,6 +211,13 @@ int finish_objects(Distance count, double work, std::size_t scratch_bytes, ZelmS
     if (own != local)
         std::free(own);
     return failure.status();
+}
+// Without an attempt.
+template <int L, class Kernel>
+int finish_objects(Distance count, double work, std::size_t scratch_bytes, ZelmStatusView status,
+                   const Kernel &kernel) {
+    return finish_objects<L, L>(
+        count, work, scratch_bytes, status, [](const Group &, int, char *) { return 0u; }, kernel);
 }
 
 // The order of checks of every function. Elements of scratch are numbered by int: a matrix of any
@@ -185,6 +248,12 @@ template <class S, class T, int L>
 ZELM_INLINE void load_objects(S *a, const Objects<T, L> &from, int rows, int columns) {
     using E = ElementOf<S>;
     constexpr int registers = lanes_of<S> / lanes_per_register<E>;
+    if (from.is_planar && registers == 1) {
+        for (int i = 0; i < rows; ++i)
+            for (int j = 0; j < columns; ++j)
+                a[i * columns + j] = load<S>(from.view(0).at(i, j));
+        return;
+    }
     for_each_run<E, L>(
         rows, columns, [&](int i, int j, auto K) __attribute__((always_inline)) {
             unroll<registers>(ZELM_EACH(r) {
@@ -202,6 +271,12 @@ ZELM_INLINE void load_objects(S *a, const Objects<T, L> &from, int rows, int col
 template <class S, class T, int L>
 ZELM_INLINE void store_objects(const Objects<T, L> &to, const S *a, int rows, int columns) {
     constexpr int registers = lanes_of<S> / lanes_per_register<T>;
+    if (to.is_planar && registers == 1) {
+        for (int i = 0; i < rows; ++i)
+            for (int j = 0; j < columns; ++j)
+                store<S>(to.view(0).at(i, j), a[i * columns + j]);
+        return;
+    }
     for_each_run<T, L>(
         rows, columns, [&](int i, int j, auto K) __attribute__((always_inline)) {
             unroll<registers>(ZELM_EACH(r) {
@@ -215,6 +290,20 @@ ZELM_INLINE void store_objects(const Objects<T, L> &to, const S *a, int rows, in
                 store_row<T>(to, r * lanes_per_register<T>, {rows, columns}, i, j, part);
             });
         });
+}
+// The lanes of `lanes` alone.
+template <class S, class T, int L>
+void store_some(const Objects<T, L> &to, unsigned lanes, const S *a, int rows, int columns) {
+    static_assert(lanes_of<S> == L);
+    if (lanes == all_lanes<S>) [[likely]]
+        return store_objects(to, a, rows, columns);
+    for (; lanes != 0; lanes &= lanes - 1) {
+        const int l = __builtin_ctz(lanes);
+        const auto v = to.view(l);
+        for (int i = 0; i < rows; ++i)
+            for (int j = 0; j < columns; ++j)
+                put(v, i, j, load<T>(reinterpret_cast<const T *>(a + i * columns + j) + l));
+    }
 }
 
 } // namespace zelm::safe

@@ -105,7 +105,6 @@ int qr(const ZelmView &from, const ZelmView &to_q, const ZelmView &to_r, int row
                 blank_failures(statuses, q, rows * k);
                 store_objects(group.objects<T, L>(to_q), q, rows, k);
             }
-            return true;
         });
 }
 
@@ -161,7 +160,6 @@ int least_squares(const ZelmView &from, const ZelmView &b, const ZelmView &x,
                 blank_failures(statuses, rest, sides);
                 store_objects(group.objects<T, L>(residual), rest, 1, sides);
             }
-            return true;
         });
 }
 

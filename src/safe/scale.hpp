@@ -20,6 +20,13 @@ struct Format {
     static constexpr int reach = single ? 60 : 500;
 };
 
+// Of closed forms, as powers of two: the least determinant, beside what bounds it, of which they
+// are accurate, and the elements that no product of a few of them takes out of the range.
+template <class T>
+inline constexpr int determinant_ratio = sizeof(T) == 4 ? 9 : 12;
+template <class T>
+inline constexpr int element_reach = Format<T>::reach / 3;
+
 template <class T>
 constexpr T power(int exponent) { // of two
     return static_cast<T>(__builtin_ldexp(1.0, exponent));
