@@ -79,6 +79,7 @@ int run(const Options &options, char *program) {
     add_geometry_rows(rows);
     add_call_rows(rows);
     add_thread_rows(rows);
+    add_safe_rows(rows);
 
     const Cpus cpus(options.cpu);
     Effort effort;

@@ -677,7 +677,8 @@ Workspace::Workspace(BenchWork work, ElementType type, Shape shape, BenchMemory 
     problem_.a =
         place(a_, work == bench_unpack ? bench_packed : memory, work == bench_mul_mma || gaxpy);
     if (b_.rows > 0)
-        problem_.b = place(b_, memory, work == bench_mul_mam || one_matrix);
+        problem_.b = place(b_, work == bench_symmetric ? bench_packed : memory,
+                           work == bench_mul_mam || one_matrix);
     problem_.c = place(c_, scalars || work == bench_pack ? bench_packed : memory, false);
     if (d_.rows > 0)
         problem_.d = place(d_, memory, work == bench_gaxpy_one);

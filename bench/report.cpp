@@ -46,7 +46,7 @@ std::string against_text(const Outcome &outcome) {
            std::string(floor.against) + " (" + nanoseconds(outcome.floor_time()->min) + ")";
 }
 
-constexpr const char *line = "%-12s %-4s %-5s %-18s %-8s %8s %9s %9s  %-19s %-19s %-26s %-14s %s\n";
+constexpr const char *line = "%-13s %-4s %-5s %-18s %-8s %8s %9s %9s  %-19s %-19s %-26s %-14s %s\n";
 
 void print_head() {
     std::printf(line, "work", "type", "shape", "memory", "data", "count", "ns min", "median",

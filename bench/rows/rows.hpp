@@ -116,6 +116,7 @@ void add_combination_rows(Rows &rows);
 void add_geometry_rows(Rows &rows);
 void add_call_rows(Rows &rows);
 void add_thread_rows(Rows &rows);
+void add_safe_rows(Rows &rows);
 
 } // namespace zelm::bench
 
