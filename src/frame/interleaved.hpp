@@ -80,6 +80,18 @@ ZELM_INLINE Interleaved<R, n> magnitude(const Interleaved<R, n> &x) {
     });
 }
 template <class R, int n>
+ZELM_INLINE Interleaved<R, n> larger(const Interleaved<R, n> &x, const Interleaved<R, n> &y) {
+    return Interleaved<R, n>::each([&](int i) __attribute__((always_inline)) {
+        return larger(x.r[i], y.r[i]);
+    });
+}
+template <class R, int n>
+ZELM_INLINE Interleaved<R, n> smaller(const Interleaved<R, n> &x, const Interleaved<R, n> &y) {
+    return Interleaved<R, n>::each([&](int i) __attribute__((always_inline)) {
+        return smaller(x.r[i], y.r[i]);
+    });
+}
+template <class R, int n>
 ZELM_INLINE Interleaved<R, n> square_root(const Interleaved<R, n> &x) {
     return Interleaved<R, n>::each([&](int i) __attribute__((always_inline)) {
         return square_root(x.r[i]);

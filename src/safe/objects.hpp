@@ -236,29 +236,29 @@ int first_wrong(Distance count, std::initializer_list<int> sizes, const Views &.
     return zelStatusOk;
 }
 
-// ---- whole objects in registers' memory, row by row ----
+// ---- whole objects, or a Part of each, in registers' memory, row by row ----
 
-template <class T, int L, class F>
+template <class T, class Part, class F>
 ZELM_INLINE void for_each_run(int rows, int columns, const F &f) {
     for (int i = 0; i < rows; ++i)
         in_steps<T>(
-            0, columns, [&](int j, auto K) __attribute__((always_inline)) { f(i, j, K); });
+            0, Part::width(i, columns), [&](int j, auto K) __attribute__((always_inline)) {
+                f(i, j, K);
+            });
 }
-template <class S, class T, int L>
+template <class Part = Whole, class S, class T, int L>
 ZELM_INLINE void load_objects(S *a, const Objects<T, L> &from, int rows, int columns) {
     using E = ElementOf<S>;
     constexpr int registers = lanes_of<S> / lanes_per_register<E>;
-    if (from.is_planar && registers == 1) {
-        for (int i = 0; i < rows; ++i)
-            for (int j = 0; j < columns; ++j)
-                a[i * columns + j] = load<S>(from.view(0).at(i, j));
-        return;
-    }
-    for_each_run<E, L>(
+    for_each_run<E, Part>(
         rows, columns, [&](int i, int j, auto K) __attribute__((always_inline)) {
             unroll<registers>(ZELM_EACH(r) {
                 Lanes<E> part[decltype(K)::value];
-                load_row<E>(part, from, r * lanes_per_register<E>, {rows, columns}, i, j);
+                if (registers == 1 && from.is_planar)
+                    unroll<decltype(K)::value>(
+                        ZELM_EACH(k) { part[k] = load<Lanes<E>>(from.view(0).at(i, j + k)); });
+                else
+                    load_row<E>(part, from, r * lanes_per_register<E>, {rows, columns}, i, j);
                 unroll<decltype(K)::value>(ZELM_EACH(k) {
                     if constexpr (registers == 1)
                         a[i * columns + j + k] = part[k];
@@ -268,16 +268,10 @@ ZELM_INLINE void load_objects(S *a, const Objects<T, L> &from, int rows, int col
             });
         });
 }
-template <class S, class T, int L>
+template <class Part = Whole, class S, class T, int L>
 ZELM_INLINE void store_objects(const Objects<T, L> &to, const S *a, int rows, int columns) {
     constexpr int registers = lanes_of<S> / lanes_per_register<T>;
-    if (to.is_planar && registers == 1) {
-        for (int i = 0; i < rows; ++i)
-            for (int j = 0; j < columns; ++j)
-                store<S>(to.view(0).at(i, j), a[i * columns + j]);
-        return;
-    }
-    for_each_run<T, L>(
+    for_each_run<T, Part>(
         rows, columns, [&](int i, int j, auto K) __attribute__((always_inline)) {
             unroll<registers>(ZELM_EACH(r) {
                 Lanes<T> part[decltype(K)::value];
@@ -287,23 +281,35 @@ ZELM_INLINE void store_objects(const Objects<T, L> &to, const S *a, int rows, in
                     else
                         part[k] = a[i * columns + j + k].r[r];
                 });
-                store_row<T>(to, r * lanes_per_register<T>, {rows, columns}, i, j, part);
+                if (registers == 1 && to.is_planar)
+                    unroll<decltype(K)::value>(
+                        ZELM_EACH(k) { store<Lanes<T>>(to.view(0).at(i, j + k), part[k]); });
+                else
+                    store_row<T>(to, r * lanes_per_register<T>, {rows, columns}, i, j, part);
             });
         });
 }
 // The lanes of `lanes` alone.
-template <class S, class T, int L>
+template <class Part = Whole, class S, class T, int L>
 void store_some(const Objects<T, L> &to, unsigned lanes, const S *a, int rows, int columns) {
     static_assert(lanes_of<S> == L);
     if (lanes == all_lanes<S>) [[likely]]
-        return store_objects(to, a, rows, columns);
+        return store_objects<Part>(to, a, rows, columns);
     for (; lanes != 0; lanes &= lanes - 1) {
         const int l = __builtin_ctz(lanes);
         const auto v = to.view(l);
         for (int i = 0; i < rows; ++i)
-            for (int j = 0; j < columns; ++j)
+            for (int j = 0; j < Part::width(i, columns); ++j)
                 put(v, i, j, load<T>(reinterpret_cast<const T *>(a + i * columns + j) + l));
     }
 }
+// The lower triangle, and what completes its last runs of a register's lanes.
+template <class T>
+struct LowerRuns {
+    static constexpr int width(int i, int columns) {
+        const int runs = (i / lanes_per_register<T> + 1) * lanes_per_register<T>;
+        return runs < columns ? runs : columns;
+    }
+};
 
 } // namespace zelm::safe
