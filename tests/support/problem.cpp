@@ -298,10 +298,11 @@ void Problem::clear_destinations() {
                 std::memset(part.data(), 0xFF, part.size());
 }
 
-std::vector<GuardedBytes::Part> Problem::memory() const {
+std::vector<GuardedBytes::Part> Problem::memory(bool with_tables) const {
     std::vector<GuardedBytes::Part> all;
     for (const Placed &operand : operands)
-        for (const GuardedBytes *bytes : {operand.data_.get(), operand.table_.get()})
+        for (const GuardedBytes *bytes :
+             {operand.data_.get(), with_tables ? operand.table_.get() : nullptr})
             for (const GuardedBytes::Part &part :
                  bytes ? bytes->parts() : std::vector<GuardedBytes::Part>{})
                 all.push_back(part);

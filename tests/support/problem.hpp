@@ -139,6 +139,8 @@ public:
     // method is dominated by its diagonal.
     void fill(unsigned seed, bool special = false);
     void clear_destinations();
+    // All memory of the call, of which operands may share parts.
+    std::vector<GuardedBytes::Part> memory(bool with_tables = true) const;
 
     int run();
     // What the last run has changed outside the elements of its destinations, "" if nothing.
@@ -148,7 +150,6 @@ public:
     std::string describe() const;
 
 private:
-    std::vector<GuardedBytes::Part> memory() const;
     std::vector<Placement> placements_;
     std::vector<std::vector<std::byte>> before_;
 };
