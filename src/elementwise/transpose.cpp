@@ -16,14 +16,14 @@ namespace {
 // `dense`, a row may be taken together with the first element of the next one.
 template <int N, bool dense, class T>
 ZELM_INLINE void transpose_square(StridedView<const T> from, StridedView<T> to) {
-    constexpr int L = lanes_per_register<T>, blocks = (N + L - 1) / L;
-    Lanes<T> v[blocks][blocks][L] = {};
+    constexpr int L = lanes_per_row<T>, blocks = (N + L - 1) / L;
+    RowLanes<T> v[blocks][blocks][L] = {};
     unroll<N>(ZELM_EACH(i) {
         unroll<blocks>(ZELM_EACH(c) {
             constexpr int part = N - c * L < L ? N - c * L : L;
             constexpr bool whole_register = part == L || (dense && part == L - 1 && i < N - 1);
             v[i / L][c][i % L] = whole(
-                load_part<(whole_register ? L : part), T>(from.at(i, 0) + c * register_bytes));
+                load_part<(whole_register ? L : part), RowLanes<T>>(from.at(i, 0) + c * row_bytes));
         });
     });
     unroll<blocks>(ZELM_EACH(r) { unroll<blocks>(ZELM_EACH(c) { transpose(v[r][c]); }); });
@@ -31,7 +31,8 @@ ZELM_INLINE void transpose_square(StridedView<const T> from, StridedView<T> to) 
         unroll<blocks>(ZELM_EACH(r) {
             constexpr int part = N - r * L < L ? N - r * L : L;
             constexpr bool whole = part == L || (dense && part == L - 1 && j < N - 1);
-            store_part<whole ? L : part, T>(to.at(j, 0) + r * register_bytes, v[r][j / L][j % L]);
+            store_part<whole ? L : part, RowLanes<T>>(to.at(j, 0) + r * row_bytes,
+                                                      v[r][j / L][j % L]);
         });
     });
 }
@@ -45,15 +46,14 @@ ZELM_INLINE void transpose_dense(const char *from, char *to) {
     const auto source = [](int e) {
         return e / elements * elements + e % elements % N * N + e % elements / N;
     };
-    Lanes<double> v[pairs];
-    unroll<pairs>(ZELM_EACH(p) { v[p] = whole(load<Lanes<double>>(from + p * register_bytes)); });
+    RowLanes<double> v[pairs];
+    unroll<pairs>(ZELM_EACH(p) { v[p] = whole(load<RowLanes<double>>(from + p * row_bytes)); });
     if constexpr (odd)
-        store<double>(to + pairs * register_bytes, load<double>(from + pairs * register_bytes));
+        store<double>(to + pairs * row_bytes, load<double>(from + pairs * row_bytes));
     unroll<pairs>(ZELM_EACH(p) {
         constexpr int low = source(2 * p), high = source(2 * p + 1);
-        store<Lanes<double>>(
-            to + p * register_bytes,
-            __builtin_shufflevector(v[low / 2], v[high / 2], low % 2, 2 + high % 2));
+        store<RowLanes<double>>(to + p * row_bytes, __builtin_shufflevector(v[low / 2], v[high / 2],
+                                                                            low % 2, 2 + high % 2));
     });
 }
 
@@ -106,23 +106,23 @@ struct Plane { // bytes from row to row
 };
 
 template <bool past_cache, class T>
-ZELM_INLINE void put_register(char *p, Lanes<T> v) {
+ZELM_INLINE void put_register(char *p, RowLanes<T> v) {
     if constexpr (past_cache)
-        _mm_stream_si128(reinterpret_cast<__m128i *>(p), (__m128i)v);
+        Primitives<RowLanes<T>>::stream(p, v);
     else
-        store<Lanes<T>>(p, v);
+        store<RowLanes<T>>(p, v);
 }
 
 // A cache line each way: whole lines of the destination are written one after the other.
 template <bool past_cache, class T>
 ZELM_INLINE void transpose_tile(const Plane &p) {
-    constexpr int L = lanes_per_register<T>, B = line_bytes / int{sizeof(T)};
+    constexpr int L = lanes_per_row<T>, B = line_bytes / int{sizeof(T)};
     for (int c = 0; c < B; c += L) {
-        Lanes<T> v[B / L][L];
+        RowLanes<T> v[B / L][L];
         const char *from = p.source + c * Distance{sizeof(T)};
         unroll<B / L>(ZELM_EACH(r) {
             unroll<L>(ZELM_EACH(l) {
-                v[r][l] = load<Lanes<T>>(from);
+                v[r][l] = load<RowLanes<T>>(from);
                 from += p.source_step;
             });
             transpose(v[r]);
@@ -130,7 +130,7 @@ ZELM_INLINE void transpose_tile(const Plane &p) {
         unroll<L>(ZELM_EACH(l) {
             char *const to = p.destination + (c + l) * p.destination_step;
             unroll<B / L>(
-                ZELM_EACH(r) { put_register<past_cache, T>(to + r * register_bytes, v[r][l]); });
+                ZELM_EACH(r) { put_register<past_cache, T>(to + r * row_bytes, v[r][l]); });
         });
     }
 }
@@ -141,16 +141,16 @@ void transpose_far_tile(const Plane &p) {
     constexpr int B = line_bytes / int{sizeof(T)};
     alignas(line_bytes) char near[B * line_bytes];
     for (int i = 0; i < B; ++i)
-        unroll<line_bytes / register_bytes>(ZELM_EACH(r) {
-            store<Lanes<T>>(near + i * line_bytes + r * register_bytes,
-                            load<Lanes<T>>(p.source + i * p.source_step + r * register_bytes));
+        unroll<line_bytes / row_bytes>(ZELM_EACH(r) {
+            store<RowLanes<T>>(near + i * line_bytes + r * row_bytes,
+                               load<RowLanes<T>>(p.source + i * p.source_step + r * row_bytes));
         });
     transpose_tile<past_cache, T>({near, line_bytes, p.destination, p.destination_step});
 }
 
 template <class T>
 void transpose_rest(const Plane &p, int height, int width) {
-    constexpr int L = lanes_per_register<T>;
+    constexpr int L = lanes_per_row<T>;
     const auto element = [&](int i, int j) {
         store<T>(p.at(i, j, sizeof(T)).destination, load<T>(p.at(i, j, sizeof(T)).source));
     };
@@ -159,11 +159,11 @@ void transpose_rest(const Plane &p, int height, int width) {
         int j = 0;
         for (; j <= width - L; j += L) {
             const Plane q = p.at(i, j, sizeof(T));
-            Lanes<T> v[L];
-            unroll<L>(ZELM_EACH(l) { v[l] = load<Lanes<T>>(q.source + l * q.source_step); });
+            RowLanes<T> v[L];
+            unroll<L>(ZELM_EACH(l) { v[l] = load<RowLanes<T>>(q.source + l * q.source_step); });
             transpose(v);
             unroll<L>(
-                ZELM_EACH(l) { store<Lanes<T>>(q.destination + l * q.destination_step, v[l]); });
+                ZELM_EACH(l) { store<RowLanes<T>>(q.destination + l * q.destination_step, v[l]); });
         }
         for (; j < width; ++j)
             for (int l = 0; l < L; ++l)
@@ -221,7 +221,7 @@ void y8_ownm_Transpose_32s(const Plane &p, int width, int height, int hint) {
     // Registers can be written past the cache at their own boundaries only.
     const bool aligned = (reinterpret_cast<std::uintptr_t>(p.destination) |
                           static_cast<std::uintptr_t>(p.destination_step)) %
-                             register_bytes ==
+                             row_bytes ==
                          0;
     for (int row = 0, rows; row < height; row += rows) {
         const Plane part = p.at(row, 0, sizeof(float));
@@ -232,7 +232,7 @@ void y8_ownm_Transpose_32s(const Plane &p, int width, int height, int hint) {
             transpose_stripe<false, float>(part, rows, width);
     }
     if (past_cache)
-        _mm_sfence();
+        finish_streams();
 }
 
 // ---- entries ----

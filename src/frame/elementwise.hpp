@@ -47,10 +47,11 @@ ZELM_INLINE S load_run(const char *p, Distance stride) {
         return load<S>(p);
     else if constexpr (run == Run::repeated)
         return splat<S>(load<T>(p));
-    else if constexpr (lanes_of<S> == 4)
-        return S{load<T>(p), load<T>(p + stride), load<T>(p + 2 * stride), load<T>(p + 3 * stride)};
-    else
-        return S{load<T>(p), load<T>(p + stride)};
+    else {
+        const char *at[lanes_of<S>];
+        unroll<lanes_of<S>>(ZELM_EACH(l) { at[l] = p + l * stride; });
+        return Primitives<S>::gather(at, 0);
+    }
 }
 
 // From the line's first element to its element j.
@@ -149,7 +150,7 @@ ZELM_INLINE void short_row(const Op &op, char *d, const char *const *s, const Di
         const auto part = [&]<Run run>(const char *p, Distance apart)
             __attribute__((always_inline)) {
             if constexpr (run == Run::adjacent)
-                return load_part<rest, T>(p + at);
+                return load_part<rest, S>(p + at);
             else if constexpr (run == Run::repeated)
                 return splat<S>(load<T>(p));
             else {
@@ -158,7 +159,7 @@ ZELM_INLINE void short_row(const Op &op, char *d, const char *const *s, const Di
                 return v;
             }
         };
-        store_part<rest, T>(d + at, op(part.template operator()<runs>(s[k], stride[k + 1])...));
+        store_part<rest, S>(d + at, op(part.template operator()<runs>(s[k], stride[k + 1])...));
     }
 }
 

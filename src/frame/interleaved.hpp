@@ -24,16 +24,13 @@ struct Interleaved {
 };
 
 namespace detail {
-template <>
-struct Traits<Lanes<std::int32_t>> : LaneTraits<std::int32_t, std::int32_t> {};
-template <>
-struct Traits<Lanes<std::int64_t>> : LaneTraits<std::int64_t, std::int64_t> {};
 template <class R, int n>
 struct Traits<Interleaved<R, n>> {
     using Element = ElementOf<R>;
     using Mask = Interleaved<MaskOf<R>, n>;
     using Index = Interleaved<IndexOf<R>, n>;
     static constexpr int lanes = n * lanes_of<R>;
+    static constexpr bool is_register = false;
 };
 } // namespace detail
 

@@ -60,11 +60,7 @@ namespace detail {
 
 template <class T, class Byte>
 ZELM_INLINE Lanes<T> gather(Byte *const (&at)[lanes_per_register<T>], Distance offset) {
-    if constexpr (lanes_per_register<T> == 4)
-        return Lanes<T>{load<T>(at[0] + offset), load<T>(at[1] + offset), load<T>(at[2] + offset),
-                        load<T>(at[3] + offset)};
-    else
-        return Lanes<T>{load<T>(at[0] + offset), load<T>(at[1] + offset)};
+    return Primitives<Lanes<T>>::gather(at, offset);
 }
 template <class T>
 ZELM_INLINE void scatter(char *const (&at)[lanes_per_register<T>], Distance offset, Lanes<T> v) {
@@ -78,7 +74,7 @@ struct Runs {
 
     template <int K>
     ZELM_INLINE Lanes<T> part(int lane, Distance offset) const {
-        return load_part<K, T>(at[lane] + offset);
+        return load_part<K, Lanes<T>>(at[lane] + offset);
     }
     ZELM_INLINE Lanes<T> gathered(Distance offset) const { return gather<T>(at, offset); }
 };
@@ -107,7 +103,7 @@ ZELM_INLINE void load_from(Lanes<T> *out, const From &from) {
     if constexpr (rest == 1)
         out[N - 1] = from.gathered((N - 1) * Distance{sizeof(T)});
     else if constexpr (rest != 0) { // the last run may overlap the one before
-        constexpr int length = N > L && rest == 3 ? L : rest, start = N - length;
+        constexpr int length = N > L && rest == L - 1 && rest > 2 ? L : rest, start = N - length;
         Lanes<T> v[L];
         unroll<L>(
             ZELM_EACH(l) { v[l] = from.template part<length>(l, start * Distance{sizeof(T)}); });
@@ -119,16 +115,6 @@ template <class T, int N>
 ZELM_INLINE void load_runs(Lanes<T> *out, const char *const (&at)[lanes_per_register<T>]) {
     load_from<T, N>(out, Runs<T>{at});
 }
-// Two elements of each lane, side by side.
-ZELM_INLINE void store_pairs(char *const (&at)[4], Distance offset, Lanes<float> a,
-                             Lanes<float> b) {
-    const auto low = (Lanes<double>)_mm_unpacklo_ps((__m128)a, (__m128)b);
-    const auto high = (Lanes<double>)_mm_unpackhi_ps((__m128)a, (__m128)b);
-    unroll<2>(ZELM_EACH(l) {
-        store<double>(at[l] + offset, low[int{l}]);
-        store<double>(at[2 + l] + offset, high[int{l}]);
-    });
-}
 template <class T, int N>
 ZELM_INLINE void store_runs(char *const (&at)[lanes_per_register<T>], const Lanes<T> *in) {
     constexpr int L = lanes_per_register<T>, rest = N % L;
@@ -138,7 +124,7 @@ ZELM_INLINE void store_runs(char *const (&at)[lanes_per_register<T>], const Lane
         transpose(v);
         unroll<L>(ZELM_EACH(l) { store<Lanes<T>>(at[l] + chunk * register_bytes, v[l]); });
     });
-    constexpr bool overlapping = N > L && rest == 3; // the last run overlaps the one before
+    constexpr bool overlapping = N > L && rest == L - 1 && rest > 2; // the run before
     if constexpr (overlapping) {
         constexpr int start = N - L;
         Lanes<T> v[L];
@@ -146,8 +132,10 @@ ZELM_INLINE void store_runs(char *const (&at)[lanes_per_register<T>], const Lane
         transpose(v);
         unroll<L>(ZELM_EACH(l) { store<Lanes<T>>(at[l] + start * sizeof(T), v[l]); });
     } else {
-        if constexpr (rest >= 2)
-            store_pairs(at, (N - rest) * Distance{sizeof(T)}, in[N - rest], in[N - rest + 1]);
+        unroll<rest / 2>(ZELM_EACH(pair) {
+            constexpr int e = N - rest + 2 * pair;
+            Primitives<Lanes<T>>::store_pairs(at, e * Distance{sizeof(T)}, in[e], in[e + 1]);
+        });
         if constexpr (rest % 2 == 1)
             scatter<T>(at, (N - 1) * Distance{sizeof(T)}, in[N - 1]);
     }

@@ -27,7 +27,7 @@ ZelStatus y8_ownOMP_zelm_ranges(RangeKernel kernel, int count, std::size_t scrat
     }
 
     // Workers round and flush as the caller does, so that a split changes no result.
-    const unsigned control = _mm_getcsr();
+    const unsigned control = floating_point_control();
     ZelStatus status = zelStatusOk;
     int quotient = 0, remainder = 0;
 #pragma omp parallel num_threads(request)
@@ -44,14 +44,14 @@ ZelStatus y8_ownOMP_zelm_ranges(RangeKernel kernel, int count, std::size_t scrat
         const int n = longer ? quotient + 1 : quotient;
         const int first = longer ? n * thread : quotient * thread + remainder;
         if (n > 0) {
-            const unsigned own_control = _mm_getcsr();
-            _mm_setcsr(control);
+            const unsigned own_control = floating_point_control();
+            set_floating_point_control(control);
             char *scratch = block == nullptr
                                 ? nullptr
                                 : block + static_cast<std::size_t>(thread) * scratch_bytes;
             const ZelStatus result = kernel.run(kernel.context, first, n, scratch);
             if (thread != 0)
-                _mm_setcsr(own_control);
+                set_floating_point_control(own_control);
 #pragma omp critical(zelm_status)
             if (status == zelStatusOk)
                 status = result;

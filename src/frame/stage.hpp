@@ -111,7 +111,7 @@ public:
     }
 
 private:
-    static constexpr int lanes = registers * register_bytes / 4; // of the smallest element
+    static constexpr int lanes = registers * lanes_per_register<float>; // of the smallest element
     int data_[lanes * elements];
 };
 

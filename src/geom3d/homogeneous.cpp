@@ -60,8 +60,7 @@ ZelStatus y8_ownzelmAffineTransform3DH_mva_32f(int count, const Matrix &matrix, 
             return zelStatusOk; // the vectors behind a failure are done all the same
         },
         walked<1, 3>(v), walked<1, 3>(result));
-    constexpr unsigned all_lanes = (1u << lanes_per_register<float>)-1;
-    return (divided & all_lanes) == all_lanes ? zelStatusOk : zelStatusDivByZero;
+    return (divided & all_lanes<S>) == all_lanes<S> ? zelStatusOk : zelStatusDivByZero;
 }
 
 template <class Matrix, class Vector, class Result>

@@ -65,7 +65,7 @@ ZELM_INLINE void exchange_back(Row (&v)[3]) {
 // Four points at any distance.
 ZELM_INLINE void load_points(Row (&v)[3], const char *at, Distance step) {
     const auto two = [](const char *p, const char *q) __attribute__((always_inline)) {
-        return (Row)Lanes<double>{load<double>(p), load<double>(q)};
+        return (Row)RowLanes<double>{load<double>(p), load<double>(q)};
     };
     const Row low = two(at, at + step), high = two(at + 2 * step, at + 3 * step);
     v[0] = __builtin_shufflevector(low, high, 0, 2, 4, 6);
@@ -75,8 +75,8 @@ ZELM_INLINE void load_points(Row (&v)[3], const char *at, Distance step) {
                load<float>(z + 3 * step)};
 }
 ZELM_INLINE void store_points(char *at, Distance step, const Row (&v)[3]) {
-    const auto low = (Lanes<double>)__builtin_shufflevector(v[0], v[1], 0, 4, 1, 5);
-    const auto high = (Lanes<double>)__builtin_shufflevector(v[0], v[1], 2, 6, 3, 7);
+    const auto low = (RowLanes<double>)__builtin_shufflevector(v[0], v[1], 0, 4, 1, 5);
+    const auto high = (RowLanes<double>)__builtin_shufflevector(v[0], v[1], 2, 6, 3, 7);
     store<double>(at, low[0]);
     store<double>(at + step, low[1]);
     store<double>(at + 2 * step, high[0]);
@@ -94,11 +94,11 @@ ZELM_INLINE void each_point(const Source &src, const Destination &dst, int count
         Row v[3];
         if (src.stride == packed_point && dst.stride == packed_point)
             for (; k <= count - 4; k += 4) {
-                unroll<3>(ZELM_EACH(i) { v[i] = load<Row>(src.at(k) + i * register_bytes); });
+                unroll<3>(ZELM_EACH(i) { v[i] = load<Row>(src.at(k) + i * row_bytes); });
                 exchange(v);
                 kernel(v);
                 exchange_back(v);
-                unroll<3>(ZELM_EACH(i) { store<Row>(dst.at(k) + i * register_bytes, v[i]); });
+                unroll<3>(ZELM_EACH(i) { store<Row>(dst.at(k) + i * row_bytes, v[i]); });
             }
         else
             for (; k <= count - 4; k += 4) {

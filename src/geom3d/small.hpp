@@ -6,7 +6,7 @@
 
 namespace zelm::geom3d {
 
-using Row = Lanes<float>; // four columns of a matrix, or one value of four points
+using Row = RowLanes<float>; // four columns of a matrix, or one value of four points
 
 template <int n>
 struct Small {

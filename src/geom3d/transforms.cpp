@@ -65,7 +65,7 @@ template <int n, bool by_pairs>
 ZELM_INLINE void load_point(Row (&p)[n], const char *at) {
     if constexpr (by_pairs) {
         unroll<n / 2>(ZELM_EACH(pair) {
-            const Row v = (Row)splat<Lanes<double>>(load<double>(at + pair * sizeof(double)));
+            const Row v = (Row)splat<RowLanes<double>>(load<double>(at + pair * sizeof(double)));
             p[2 * pair] = v;
             p[2 * pair + 1] = __builtin_shufflevector(v, v, 1, 0, 3, 2);
         });
@@ -98,13 +98,13 @@ ZELM_INLINE void all_points(const Source &src, const Destination &dst, int count
                 Row p[4][n];
                 unroll<4>(ZELM_EACH(l) { load_point<n, by_pairs>(p[l], src.at(k + l)); });
                 unroll<3>(ZELM_EACH(l) { store<Row>(dst.at(k + l), image(p[l])); });
-                store_part<size, float>(dst.at(k + 3), image(p[3]));
+                store_part<size, Row>(dst.at(k + 3), image(p[3]));
             }
 #pragma GCC unroll 4
     for (; k < count; ++k) {
         Row p[n];
         load_point<n, by_pairs>(p, src.at(k));
-        store_part<size, float>(dst.at(k), image(p));
+        store_part<size, Row>(dst.at(k), image(p));
     }
 }
 
@@ -113,7 +113,7 @@ ZELM_INLINE void one_point(const void *src, void *dst, const Image &image) {
     const Small<n> v = load_small<n>(src);
     Row p[n];
     unroll<n>(ZELM_EACH(i) { p[i] = splat<Row>(v.e[i]); });
-    store_part<size, float>(static_cast<char *>(dst), image(p));
+    store_part<size, Row>(static_cast<char *>(dst), image(p));
 }
 
 template <class Transform, int n>

@@ -80,7 +80,8 @@ ZelStatus invert_array(const Source &source, const Destination &destination, int
                     return lane_bits(invert(inverse, a));
                 },
                 [](unsigned failing) {
-                    return by_pairs<T, N> ? failing | (failing & 0x55) << 1 | (failing & 0xaa) >> 1
+                    constexpr unsigned even = 0x55555555;
+                    return by_pairs<T, N> ? failing | (failing & even) << 1 | (failing & ~even) >> 1
                                           : failing;
                 });
         },

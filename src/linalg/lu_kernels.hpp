@@ -30,7 +30,7 @@ ZELM_INLINE void copy_object(int n, const From &from, const To &to) {
 template <int largest, class T, class Source, class Destination>
 [[gnu::noinline]] ZelStatus factor_on_stack(int n, const Source source, int *index,
                                             const Destination destination) {
-    alignas(register_bytes) char tile[largest * largest * sizeof(T)];
+    alignas(row_bytes) char tile[largest * largest * sizeof(T)];
     const StridedView<T> t = {tile, n * Distance{sizeof(T)}, sizeof(T)};
     copy_object(n, source, t);
     const ZelStatus status = factor_in_place<T, true>(t, index, n);

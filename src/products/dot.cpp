@@ -20,6 +20,8 @@ constexpr Limits limits = d == Description::pointer
 // them.
 template <class T, class A, class B>
 int leading_singles(const A &a, const B &b, int len) {
+    constexpr std::uintptr_t boundary =
+        16; // of registers of four floats, whatever others there are
     std::uintptr_t at = 0, step = 1;
     if constexpr (B::is_tabled) {
         at = reinterpret_cast<std::uintptr_t>(b.table);
@@ -30,7 +32,7 @@ int leading_singles(const A &a, const B &b, int len) {
     }
     if (at % step != 0)
         return len;
-    return static_cast<int>(-at % register_bytes / step);
+    return static_cast<int>(-at % boundary / step);
 }
 
 template <class T, class A, class B>

@@ -117,7 +117,7 @@ void gaxpy_squares(int count, const A &a, const X &x, const B &b, const D &d) {
 template <int N, class A, class X, class B, class D>
 void gaxpy_columns(int count, const A a, const X x, const B b, const D d) {
     using T = typename D::Element;
-    using S = Lanes<T>;
+    using S = RowLanes<T>;
     constexpr int L = lanes_of<S>, registers = N / L;
     S column[N][registers], addend[registers];
     const auto matrix = view(a, 0, {N, N});
@@ -127,7 +127,7 @@ void gaxpy_columns(int count, const A a, const X x, const B b, const D d) {
         });
     });
     const auto load_addend = [&](int n) __attribute__((always_inline)) {
-        unroll<registers>(ZELM_EACH(r) { addend[r] = load<S>(b.object(n) + r * register_bytes); });
+        unroll<registers>(ZELM_EACH(r) { addend[r] = load<S>(b.object(n) + r * row_bytes); });
     };
     if constexpr (!B::is_array)
         load_addend(0);
@@ -148,7 +148,7 @@ void gaxpy_columns(int count, const A a, const X x, const B b, const D d) {
         if constexpr (B::is_array)
             load_addend(n);
         unroll<registers>(
-            ZELM_EACH(r) { store<S>(d.object(n) + r * register_bytes, sum[r] + addend[r]); });
+            ZELM_EACH(r) { store<S>(d.object(n) + r * row_bytes, sum[r] + addend[r]); });
     };
     int n = 0;
     for (; n <= count - 4; n += 4)
@@ -174,7 +174,7 @@ ZELM_INLINE void gaxpy_gapless(int count, const A &a, const X &x, const B &b, co
 
 template <int N, class A, class X, class B, class D>
 ZELM_INLINE void gaxpy_fixed(int count, const A &a, const X &x, const B &b, const D &d) {
-    if constexpr (D::is_array && N % lanes_per_register<typename D::Element> == 0)
+    if constexpr (D::is_array && N % lanes_per_row<typename D::Element> == 0)
         gaxpy_gapless<N>(count, a, x, b, d);
     else if constexpr (D::is_array)
         gaxpy_squares<N>(count, a, x, b, d);

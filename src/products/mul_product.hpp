@@ -51,7 +51,7 @@ ZELM_INLINE void along_rows(int count, const A a, const B b, const D d) {
 // make up a column. A matrix that serves all vectors is kept as columns. Pairs of lanes are too few
 // to pay for one object in each, so doubles go this way in odd orders too.
 template <class T, int n>
-inline constexpr bool columns_win = n % lanes_per_register<T> == 0;
+inline constexpr bool columns_win = n % lanes_per_row<T> == 0;
 template <class T, int n>
 inline constexpr bool products_win = columns_win<T, n> || sizeof(T) == 8;
 

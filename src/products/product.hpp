@@ -22,27 +22,27 @@ ZELM_INLINE void multiply(const S (&a)[M][K], const S (&b)[K][N], S (&d)[M][N]) 
 // N adjacent elements: whole registers and one that is partly used.
 template <class T, int N>
 struct RowOf {
-    static constexpr int L = lanes_per_register<T>, full = N / L, rest = N % L;
+    static constexpr int L = lanes_per_row<T>, full = N / L, rest = N % L;
     static constexpr int registers = full + (rest != 0);
-    Lanes<T> v[registers];
+    RowLanes<T> v[registers];
 
     ZELM_INLINE void load(const char *p) {
-        unroll<full>(ZELM_EACH(c) { v[c] = zelm::load<Lanes<T>>(p + c * register_bytes); });
+        unroll<full>(ZELM_EACH(c) { v[c] = zelm::load<RowLanes<T>>(p + c * row_bytes); });
         if constexpr (rest != 0)
-            v[full] = load_part<rest, T>(p + full * register_bytes);
+            v[full] = load_part<rest, RowLanes<T>>(p + full * row_bytes);
     }
     ZELM_INLINE void store(char *p) const {
-        unroll<full>(ZELM_EACH(c) { zelm::store<Lanes<T>>(p + c * register_bytes, v[c]); });
+        unroll<full>(ZELM_EACH(c) { zelm::store<RowLanes<T>>(p + c * row_bytes, v[c]); });
         if constexpr (rest != 0)
-            store_part<rest, T>(p + full * register_bytes, v[full]);
+            store_part<rest, RowLanes<T>>(p + full * row_bytes, v[full]);
     }
 };
 
 // Element k of a row of a, in every lane. From memory a double costs no shuffle.
 template <class T, int K, int k>
-ZELM_INLINE Lanes<T> splat_element(const RowOf<T, K> &row, const char *p) {
+ZELM_INLINE RowLanes<T> splat_element(const RowOf<T, K> &row, const char *p) {
     if constexpr (sizeof(T) == 8)
-        return splat<Lanes<T>>(load<T>(p + k * sizeof(T)));
+        return splat<RowLanes<T>>(load<T>(p + k * sizeof(T)));
     else
         return splat_lane<k % RowOf<T, K>::L>(row.v[k / RowOf<T, K>::L]);
 }
@@ -59,7 +59,7 @@ ZELM_INLINE void multiply_row_tile(const StridedView<const T> &a, const StridedV
         RowOf<T, N> right;
         right.load(b.at(k, 0));
         unroll<R>(ZELM_EACH(r) {
-            const Lanes<T> x = splat_element<T, K, k>(left[r], a.at(i + r, 0));
+            const RowLanes<T> x = splat_element<T, K, k>(left[r], a.at(i + r, 0));
             unroll<RowOf<T, N>::registers>(ZELM_EACH(c) {
                 if constexpr (k == 0)
                     row[r].v[c] = x * right.v[c];
@@ -86,15 +86,15 @@ ZELM_INLINE void multiply_rows(const StridedView<const T> &a, const StridedView<
 // The columns of an N x N matrix with adjacent rows, N a multiple of the lanes.
 template <class T, int N>
 struct ColumnsOf {
-    static constexpr int L = lanes_per_register<T>;
-    Lanes<T> v[N][N / L];
+    static constexpr int L = lanes_per_row<T>;
+    RowLanes<T> v[N][N / L];
 
     ZELM_INLINE void load(const StridedView<const T> &a) {
         unroll<N / L>(ZELM_EACH(i) {
             unroll<N / L>(ZELM_EACH(k) {
-                Lanes<T> block[L];
+                RowLanes<T> block[L];
                 unroll<L>(
-                    ZELM_EACH(e) { block[e] = zelm::load<Lanes<T>>(a.at(i * L + e, k * L)); });
+                    ZELM_EACH(e) { block[e] = zelm::load<RowLanes<T>>(a.at(i * L + e, k * L)); });
                 transpose(block);
                 unroll<L>(ZELM_EACH(e) { v[k * L + e][i] = block[e]; });
             });
@@ -107,7 +107,7 @@ ZELM_INLINE void multiply_columns(const ColumnsOf<T, N> &a, const char *x, char 
     RowOf<T, N> vector, sum;
     vector.load(x);
     unroll<N>(ZELM_EACH(k) {
-        const Lanes<T> element = splat_element<T, N, k>(vector, x);
+        const RowLanes<T> element = splat_element<T, N, k>(vector, x);
         unroll<RowOf<T, N>::registers>(ZELM_EACH(c) {
             if constexpr (k == 0)
                 sum.v[c] = a.v[k][c] * element;
@@ -122,15 +122,15 @@ ZELM_INLINE void multiply_columns(const ColumnsOf<T, N> &a, const char *x, char 
 // multiple of the lanes, or one more.
 template <int N, class T>
 ZELM_INLINE void multiply_row_products(const StridedView<const T> &a, const char *x, char *y) {
-    constexpr int L = lanes_per_register<T>, blocks = N / L;
+    constexpr int L = lanes_per_row<T>, blocks = N / L;
     static_assert(N % L <= 1);
     RowOf<T, N> vector, sum;
     vector.load(x);
     const auto products = [&](int i, auto k) __attribute__((always_inline)) {
-        return load<Lanes<T>>(a.at(i, k * L)) * vector.v[k];
+        return load<RowLanes<T>>(a.at(i, k * L)) * vector.v[k];
     };
     unroll<blocks>(ZELM_EACH(i) {
-        Lanes<T> terms[blocks][L];
+        RowLanes<T> terms[blocks][L];
         unroll<blocks>(
             ZELM_EACH(k) { unroll<L>(ZELM_EACH(e) { terms[k][e] = products(i * L + e, k); }); });
         unroll<blocks>(ZELM_EACH(k) {
@@ -140,7 +140,7 @@ ZELM_INLINE void multiply_row_products(const StridedView<const T> &a, const char
             });
         });
         if constexpr (N % L == 1) {
-            Lanes<T> column;
+            RowLanes<T> column;
             unroll<L>(ZELM_EACH(e) { column[int{e}] = load<T>(a.at(i * L + e, N - 1)); });
             sum.v[i] = sum.v[i] + column * splat_lane<0>(vector.v[blocks]);
         }
@@ -148,11 +148,11 @@ ZELM_INLINE void multiply_row_products(const StridedView<const T> &a, const char
     if constexpr (N % L == 1) {
         T last = 0;
         unroll<blocks>(ZELM_EACH(k) {
-            const Lanes<T> terms = products(N - 1, k);
+            const RowLanes<T> terms = products(N - 1, k);
             unroll<L>(ZELM_EACH(e) { last = k == 0 && e == 0 ? terms[0] : last + terms[int{e}]; });
         });
         last = last + load<T>(a.at(N - 1, N - 1)) * vector.v[blocks][0];
-        sum.v[blocks] = Lanes<T>{last};
+        sum.v[blocks] = RowLanes<T>{last};
     }
     sum.store(y);
 }

@@ -67,14 +67,13 @@ inline constexpr bool is_adjacent<AdjacentRow<T>> = true;
 
 // Elements k ... k + 3 of a row.
 template <class T, class View>
-ZELM_INLINE void load_four(Lanes<T> (&out)[4 / lanes_per_register<T>], const View &v, int i,
-                           int k) {
-    constexpr int L = lanes_per_register<T>;
+ZELM_INLINE void load_four(RowLanes<T> (&out)[4 / lanes_per_row<T>], const View &v, int i, int k) {
+    constexpr int L = lanes_per_row<T>;
     unroll<4 / L>(ZELM_EACH(r) {
         if constexpr (is_adjacent<View>)
-            out[r] = load<Lanes<T>>(v.at(i, k) + r * register_bytes);
+            out[r] = load<RowLanes<T>>(v.at(i, k) + r * row_bytes);
         else {
-            Lanes<T> lanes = {};
+            RowLanes<T> lanes = {};
             unroll<L>(ZELM_EACH(l) { lanes[int{l}] = get(v, i, k + r * L + l); });
             out[r] = lanes;
         }
@@ -82,12 +81,12 @@ ZELM_INLINE void load_four(Lanes<T> (&out)[4 / lanes_per_register<T>], const Vie
 }
 
 // Lanes 0 and 2, 1 and 3, then those two.
-ZELM_INLINE float sum_of_four(const Lanes<float> (&v)[1]) {
-    const Lanes<float> half = v[0] + __builtin_shufflevector(v[0], v[0], 2, 3, 2, 3);
+ZELM_INLINE float sum_of_four(const RowLanes<float> (&v)[1]) {
+    const RowLanes<float> half = v[0] + __builtin_shufflevector(v[0], v[0], 2, 3, 2, 3);
     return half[0] + half[1];
 }
-ZELM_INLINE double sum_of_four(const Lanes<double> (&v)[2]) {
-    const Lanes<double> half = v[0] + v[1];
+ZELM_INLINE double sum_of_four(const RowLanes<double> (&v)[2]) {
+    const RowLanes<double> half = v[0] + v[1];
     return half[0] + half[1];
 }
 
@@ -100,7 +99,7 @@ ZELM_INLINE double sum_of_four(const Lanes<double> (&v)[2]) {
 template <bool squares, int objects, class T, class A, class B>
 ZELM_INLINE void add_products(T (&sum)[objects], const A (&a)[objects], const B (&b)[objects],
                               int i, int len, int singles = 0) {
-    constexpr int registers = 4 / lanes_per_register<T>;
+    constexpr int registers = 4 / lanes_per_row<T>;
     const auto product = [&](int o, int k) __attribute__((always_inline)) {
         return get(a[o], i, k) * get(b[o], i, k);
     };
@@ -117,10 +116,10 @@ ZELM_INLINE void add_products(T (&sum)[objects], const A (&a)[objects], const B 
     for (; k < before; ++k)
         add_one(k);
     if (len - k >= block_length) {
-        Lanes<T> even[objects][registers], odd[objects][registers];
+        RowLanes<T> even[objects][registers], odd[objects][registers];
         const auto add_four = [&](auto &to, int from, auto added) __attribute__((always_inline)) {
             unroll<objects>(ZELM_EACH(o) {
-                Lanes<T> x[registers], y[registers];
+                RowLanes<T> x[registers], y[registers];
                 load_four<T>(x, a[o], i, from);
                 load_four<T>(y, b[o], i, from);
                 unroll<registers>(ZELM_EACH(r) {
@@ -133,7 +132,7 @@ ZELM_INLINE void add_products(T (&sum)[objects], const A (&a)[objects], const B 
         };
         if constexpr (squares) {
             unroll<objects>(ZELM_EACH(o) {
-                unroll<registers>(ZELM_EACH(r) { even[o][r] = odd[o][r] = splat<Lanes<T>>(0); });
+                unroll<registers>(ZELM_EACH(r) { even[o][r] = odd[o][r] = splat<RowLanes<T>>(0); });
             });
         } else {
             add_four(even, k, std::false_type{});
