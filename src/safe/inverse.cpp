@@ -34,7 +34,6 @@ public:
         const S m = magnitude(pivot);
         smallest_ = smaller(m, smallest_);
         largest_ = larger(m, largest_);
-        nothing_ = nothing_ + (pivot - pivot);
     }
     // However even the pivots are, elements of the result may overflow.
     ZELM_INLINE void note_sum(S result) { nothing_ = nothing_ + (result - result); }
@@ -48,7 +47,7 @@ public:
 
 private:
     S smallest_ = splat<S>(std::numeric_limits<T>::infinity()), largest_ = splat<S>(0);
-    S nothing_ = splat<S>(0); // NaN once a number was not finite
+    S nothing_ = splat<S>(0); // NaN once a number of the result was not finite
 };
 
 // Order 2 to 4: x becomes the inverse of a.
@@ -210,28 +209,34 @@ template <class T, class A>
 [[gnu::noinline]] void invert_rest(const A &a, int n, const Memory<Lanes<T>> &m, Lanes<T> *rcond,
                                    int *statuses) {
     using S = Lanes<T>;
-    const MaskOf<S> accurate = invert_scaled<T>(a, n, m);
-    if (rcond != nullptr)
-        *rcond = reciprocal_condition<T>(a, m.y, n, m.rest);
-    if (lane_bits(accurate) == all_lanes<S>)
-        return;
     Careful<T> careful(m.rest, n);
     load_objects(careful.f, a, n, n);
     careful.factor(rcond != nullptr);
-    for (int c = 0; c < n; ++c) {
-        for (int i = 0; i < n; ++i)
-            careful.b[i] = splat<S>(i == c ? 1 : 0);
-        solve_carefully(careful, m.f, statuses);
-        for (int i = 0; i < n; ++i)
-            m.y[i * n + c] = select(accurate, m.y[i * n + c], m.f[i]);
+    if (rcond != nullptr)
+        *rcond = careful.reciprocal_condition();
+    const unsigned settled = lane_bits(~careful.finite | careful.singular);
+    if (settled == all_lanes<S>) {
+        set_status(statuses, ~careful.finite, zelmSafeNotFinite);
+        set_status(statuses, careful.singular, zelStatusSingular);
+    } else {
+        const MaskOf<S> accurate = invert_scaled<T>(a, n, m);
+        if (rcond != nullptr) {
+            const S r = reciprocal_condition<T>(a, m.y, n, m.t);
+            *rcond = select(accurate, r, *rcond);
+        }
+        for (int c = 0; c < n && (lane_bits(accurate) | settled) != all_lanes<S>; ++c) {
+            for (int i = 0; i < n; ++i)
+                careful.b[i] = splat<S>(i == c ? 1 : 0);
+            solve_carefully(careful, m.f, statuses);
+            for (int i = 0; i < n; ++i)
+                m.y[i * n + c] = select(accurate, m.y[i * n + c], m.f[i]);
+        }
+        set_status(statuses, ~careful.finite, zelmSafeNotFinite);
+        set_status(statuses, careful.singular, zelStatusSingular);
+        for (int l = 0; l < lanes_of<S>; ++l)
+            if (lane_bits(accurate) >> l & 1)
+                statuses[l] = zelStatusOk;
     }
-    if (rcond != nullptr) {
-        const S r = careful.reciprocal_condition();
-        *rcond = select(accurate, *rcond, r);
-    }
-    for (int l = 0; l < lanes_of<S>; ++l)
-        if (lane_bits(accurate) >> l & 1)
-            statuses[l] = zelStatusOk;
     blank_failures(statuses, m.y, n * n);
 }
 

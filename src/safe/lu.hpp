@@ -91,6 +91,28 @@ S column_norm(const S *a, int n) {
     return column_norm(a, n, [](int, const S &sum) { return sum; });
 }
 
+// Factors n x n registers, straight-line where that is kept in registers; x: n of scratch. Returns
+// the lanes with a pivot of zero.
+template <class S>
+[[gnu::noinline]] MaskOf<S> factor_in_memory(S *f, IndexOf<S> *p, int n, S *x) {
+    return with_order<2, largest_straight_line_order>(
+        n,
+        [&](auto N) {
+            S a[N][N];
+            IndexOf<S> q[N];
+            MaskOf<S> singular = no_lane<S>();
+            unroll<N * N>(ZELM_EACH(e) { a[e / N][e % N] = f[e]; });
+            factor<N>(a, q, ElementOf<S>{0}, ZELM_EACH(){});
+            unroll<N>(ZELM_EACH(i) {
+                singular = singular | (a[i][i] == splat<S>(0));
+                p[i] = q[i];
+                unroll<N>(ZELM_EACH(j) { f[i * N + j] = a[i][j]; });
+            });
+            return singular;
+        },
+        [&] { return factor_lanes<S>(f, p, n, ElementOf<S>{0}, x); });
+}
+
 // Of a group whose columns are brought to one exponent.
 template <class T>
 struct Careful {
@@ -141,7 +163,7 @@ struct Careful {
         norm = column_norm(
             f, n, [&](int j, const S &sum) { return scaled<T>(sum, least - exponent[j]); });
     }
-    void eliminate() { singular = factor_lanes<S>(f, p, n, T{0}, x); }
+    void eliminate() { singular = factor_in_memory(f, p, n, x); }
     Factors<S> factors() const { return {f, p, n}; }
 
     // 1 / (|A| |inverse|), 0 for a singular matrix.
