@@ -88,6 +88,14 @@ template <class M, class V>
 ZELM_INLINE V select(M mask, V yes, V no) {
     return mask ? yes : no;
 }
+template <class Int, int N, class V>
+ZELM_INLINE V select(Mask<Int, N> mask, V yes, V no) {
+    return mask.lanes ? yes : no;
+}
+template <class Int, int N>
+ZELM_INLINE Mask<Int, N> select(Mask<Int, N> mask, Mask<Int, N> yes, Mask<Int, N> no) {
+    return mask.lanes ? yes.lanes : no.lanes;
+}
 
 ZELM_INLINE float magnitude(float x) { return __builtin_fabsf(x); }
 ZELM_INLINE double magnitude(double x) { return __builtin_fabs(x); }
@@ -165,8 +173,12 @@ ZELM_INLINE M complement(M mask) {
 }
 ZELM_INLINE unsigned lane_bits(bool mask) { return mask; }
 template <Register M>
-ZELM_INLINE unsigned lane_bits(M mask) {
-    return Primitives<M>::bits(mask);
+ZELM_INLINE unsigned lane_bits(M comparison) {
+    return Primitives<M>::bits(comparison);
+}
+template <class Int, int N>
+ZELM_INLINE unsigned lane_bits(Mask<Int, N> mask) {
+    return lane_bits(mask.lanes);
 }
 
 // v, loaded as a whole: the compiler may not take its load apart into loads of elements.

@@ -26,6 +26,21 @@ struct Register {
 template <class T, int N>
 using Simd = typename detail::Register<T, N>::type;
 
+// Which lanes: what comparisons give, converted.
+template <class Int, int N>
+struct Mask {
+    Simd<Int, N> lanes; // all bits of a lane or none
+
+    Mask() = default;
+    template <class Comparison>
+        requires(!std::is_class_v<Comparison> && sizeof(Comparison) == N * sizeof(Int))
+    ZELM_INLINE Mask(Comparison c) : lanes((Simd<Int, N>)c) {}
+
+    ZELM_INLINE friend Mask operator&(Mask a, Mask b) { return a.lanes & b.lanes; }
+    ZELM_INLINE friend Mask operator|(Mask a, Mask b) { return a.lanes | b.lanes; }
+    ZELM_INLINE friend Mask operator~(Mask a) { return ~a.lanes; }
+};
+
 namespace detail {
 template <class S>
 struct Traits;
@@ -38,11 +53,19 @@ struct Traits<S> { // a plain element: one lane
     static constexpr int lanes = 1;
     static constexpr bool is_register = false;
 };
+template <class Int, int N>
+struct Traits<Mask<Int, N>> {
+    using Element = Int;
+    using Mask = zelm::Mask<Int, N>;
+    using Index = Simd<Int, N>;
+    static constexpr int lanes = N;
+    static constexpr bool is_register = false;
+};
 // Of a register of N elements; its lanes are numbered by Int, as wide as an element.
 template <class T, class Int, int N>
 struct RegisterTraits {
     using Element = T;
-    using Mask = Simd<Int, N>;
+    using Mask = zelm::Mask<Int, N>;
     using Index = Simd<Int, N>;
     static constexpr int lanes = N;
     static constexpr bool is_register = true;

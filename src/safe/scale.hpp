@@ -107,15 +107,6 @@ struct Extent {
     ZELM_INLINE MaskOf<S> finite() const { return nothing == nothing; }
 };
 
-// The lanes whose bits are set.
-template <class S>
-MaskOf<S> splat_lanes(unsigned bits) {
-    MaskOf<S> mask = no_lane<S>();
-    for (int l = 0; l < lanes_of<S>; ++l)
-        mask[l] = (bits >> l & 1) != 0 ? -1 : 0;
-    return mask;
-}
-
 // Sets the status of the lanes of `mask` that have none.
 template <class M>
 ZELM_INLINE void set_status(int *statuses, const M &mask, int status) {
