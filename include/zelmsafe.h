@@ -45,7 +45,7 @@ extern "C" {
 /* Statuses that the functions of zelm.h do not have. */
 enum {
     zelmSafeNotFinite = -301,  /* the object contains a NaN or an infinity */
-    zelmSafeOutOfRange = -302, /* the answer does not fit the element type */
+    zelmSafeOutOfRange = -302, /* the answer, or what leads to it, does not fit the element type */
     zelmSafeNoMemory = -303    /* there is no memory for the scratch of this call */
 };
 

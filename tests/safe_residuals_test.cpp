@@ -373,6 +373,29 @@ void hold_at_the_ends() {
         EXPECT_EQ(answer<T>("Inverse", n, {a}).first, out_of_range) << n;
         EXPECT_NE(answer<T>("Inverse", n, {transposed}).first, 0) << n;
     }
+    const double half = two(top) / 2;
+    expect(answer<T>("Inverse and condition", 1, {{1.5 * two(top)}}), {1 / 1.5 / two(top), 1});
+    expect(answer<T>("Inverse and condition", 2, {{half, half, half, -half}}),
+           {two(-top), two(-top), two(-top), -two(-top), .5});
+    // The last column doubles in every step of the elimination, until no number holds it.
+    for (const int n :
+         single ? std::vector{87, 88, 89, 90, 126, 129, 170} : std::vector{624, 625}) {
+        std::vector<double> a(std::size_t(n * n)), b(std::size_t(n), 1.);
+        for (int i = 0; i < n; ++i)
+            for (int j = 0; j < n; ++j)
+                a[std::size_t(i * n + j)] = i == j || j == n - 1 ? 1 : -(j < i);
+        const auto determinant = answer<T>("Determinant", n, {a});
+        const auto logarithm = answer<T>("LogDeterminant", n, {a});
+        const auto x = answer<T>("Solve", n, {a, b});
+        if (single && n > 128) {
+            for (const int status : {determinant.first, logarithm.first, x.first})
+                EXPECT_EQ(status, out_of_range) << n;
+            continue;
+        }
+        expect(determinant, {two(n - 1)});
+        expect(logarithm, {1, (n - 1) * std::numbers::ln2});
+        EXPECT_TRUE(x.first == 0 && x.second.front() == 0 && x.second.back() == 1) << n;
+    }
     // 1 on the diagonal, -1 above it: 2^(n - 2) in the corner of the inverse.
     for (const int n : {129, 130}) {
         std::vector<double> a(std::size_t(n * n));

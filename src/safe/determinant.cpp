@@ -117,6 +117,7 @@ template <class T, class A>
     again.exponent = product.exponent;
     const MaskOf<S> accurate =
         expand_in_memory(careful.f, n, Format<T>::factor_exponent, product) & careful.finite;
+    MaskOf<S> overgrown = no_lane<S>();
     if (lane_bits(accurate) != all_lanes<S>) {
         careful.eliminate();
         for (int i = 0; i < n; ++i) { // a pivot may be subnormal
@@ -130,8 +131,10 @@ template <class T, class A>
         again.mantissa = select(careful.singular, splat<S>(0), again.mantissa);
         product.mantissa = select(accurate, product.mantissa, again.mantissa);
         product.exponent = select(accurate, product.exponent, again.exponent);
+        overgrown = careful.overgrown & ~accurate & ~careful.singular;
     }
     set_status(statuses, ~careful.finite, zelmSafeNotFinite);
+    set_status(statuses, overgrown, zelmSafeOutOfRange);
     return product;
 }
 

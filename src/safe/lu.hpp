@@ -124,8 +124,9 @@ struct Careful {
     int n;
 
     MaskOf<S> finite, singular;
-    IndexOf<S> least; // of the exponents
-    S norm;           // of the object times 2^least
+    MaskOf<S> overgrown; // an element left the range during the elimination
+    IndexOf<S> least;    // of the exponents
+    S norm;              // of the object times 2^least
 
     Careful(S *scratch, int order)
         : f(scratch),
@@ -143,13 +144,16 @@ struct Careful {
         eliminate();
     }
     void scale_columns() {
+        // Elements may grow by 2^(n - 1).
+        const int room = Format<T>::bias - 1 - n;
+        const int start = clamped(room, 0, Format<T>::factor_exponent);
         S nothing = splat<S>(0);
         for (int j = 0; j < n; ++j) {
             Extent<S> extent;
             for (int i = 0; i < n; ++i)
                 extent.note(f[i * n + j]);
             nothing = nothing + extent.nothing;
-            const Scale<T> scale(extent.largest, Format<T>::factor_exponent);
+            const Scale<T> scale(extent.largest, start);
             exponent[j] = scale.exponent;
             for (int i = 0; i < n; ++i)
                 f[i * n + j] = scale(f[i * n + j]);
@@ -163,7 +167,13 @@ struct Careful {
         norm = column_norm(
             f, n, [&](int j, const S &sum) { return scaled<T>(sum, least - exponent[j]); });
     }
-    void eliminate() { singular = factor_in_memory(f, p, n, x); }
+    void eliminate() {
+        singular = factor_in_memory(f, p, n, x);
+        Extent<S> pivots;
+        for (int i = 0; i < n; ++i)
+            pivots.note(f[i * n + i]);
+        overgrown = ~pivots.finite();
+    }
     Factors<S> factors() const { return {f, p, n}; }
 
     // 1 / (|A| |inverse|), 0 for a singular matrix.
@@ -171,7 +181,7 @@ struct Careful {
         const S inverse = factors().inverse_norm(
             x, [&](int i, const S &element) { return scaled<T>(element, exponent[i] - least); });
         S r = splat<S>(1) / norm / inverse;
-        r = select(singular, splat<S>(0), r);
+        r = select(singular | overgrown, splat<S>(0), r);
         return select(finite, r, splat<S>(std::numeric_limits<T>::quiet_NaN()));
     }
 };
@@ -195,6 +205,7 @@ void solve_carefully(Careful<T> &careful, Lanes<T> *to, int *statuses) {
         if ((lane_bits(finite) >> l & 1) == 0)
             statuses[l] = zelmSafeNotFinite; // whatever another right-hand side met
     set_status(statuses, careful.singular, zelStatusSingular);
+    set_status(statuses, careful.overgrown, zelmSafeOutOfRange);
     // The first that no lane overflows with: mostly the answer is near 1, of matrices with a wide
     // range it may be far above.
     const Scale<T> scale(extent.largest);

@@ -87,7 +87,9 @@ struct Scale {
         const int low = to - Format<T>::bias;
         const auto small = largest < splat<S>(power<T>(low));
         first = select(small, splat<S>(power<T>(to)), splat<S>(1));
-        const auto e = clamped(exponent_of<T>(largest * first), low, Format<T>::bias);
+        // The factor is no smaller than the smallest normal number.
+        const int high = to < 1 ? to + Format<T>::bias - 1 : Format<T>::bias;
+        const auto e = clamped(exponent_of<T>(largest * first), low, high);
         second = power_of_two<T>(to - e);
         exponent = to - e + select(small, splat_index<S>(to), splat_index<S>(0));
     }
