@@ -184,6 +184,34 @@ TEST(Safe, AFailureAtAnyPlaceIsItsObjectsAlone) {
                                             : same_object(is, l, well, l))
                         << about(f, what) << ", objects " << k << " and " << l << ", status "
                         << is.statuses[l];
+                expect_same(f, run(f, sources, what, {{}}, 0), is, what + " in place");
+            }
+        }
+    });
+}
+
+TEST(Safe, AnyFailuresTogetherLeaveTheOthers) {
+    constexpr int count = 43; // several groups of 8 lanes and a tail, which is failures in part
+    every_family({2, 3, 4, 5, 6, 7}, [&]<class T>(const SafeFamily<T> &f) {
+        const Outcome<T> well = run(f, good(f, count), "all well");
+        for (const int share : {1, 2, 3, 4, 9, 31}) { // of 32
+            Sources<T> sources = good(f, count);
+            std::vector<int> statuses(count);
+            std::vector<bool> spoilt(count);
+            for (int k = 0; k < count; ++k)
+                if ((spoilt[std::size_t(k)] = (k * k * 7 + k * 5) % 32 < share || k % 29 == 12))
+                    statuses[std::size_t(k)] = spoil(f, sources, k, (k / 2 + share) % 4);
+            const std::string what = "shares of 32: " + std::to_string(share);
+            const Outcome<T> apart = run(f, sources, what);
+            EXPECT_EQ(apart.statuses, statuses) << about(f, what);
+            for (std::size_t k = 0; k < count; ++k)
+                ASSERT_TRUE(spoilt[k] || same_object(apart, k, well, k))
+                    << about(f, what) << ", object " << k;
+            for (const SafeLayout &layout :
+                 {SafeLayout{packed}, {planar}, {1, Edge::odd}, {packed, Edge::odd, false, true}}) {
+                expect_same(f, run(f, sources, what, {layout}), apart, what + ", layout");
+                for (int s = 0; s < int(sources.size()); ++s)
+                    expect_same(f, run(f, sources, what, {layout}, s), apart, what + ", in place");
             }
         }
     });
