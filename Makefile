@@ -26,7 +26,7 @@ strict := -DZELM_WERROR=ON
 # The packages that ZELM_BUILD_PYTHON=ON in CMAKE_ARGS asks for.
 python_group := $(if $(filter -DZELM_BUILD_PYTHON=ON,$(CMAKE_ARGS)),python)
 
-.PHONY: all help demo test bench bench-compare bench-python install deb wheel sanitize thread abi \
+.PHONY: all help demo test wide bench bench-compare bench-python install deb wheel sanitize thread abi \
 	format check-format doc clean
 
 all: ## build the libraries
@@ -47,6 +47,13 @@ test: ## build everything, warnings being errors, and run all tests
 	$(call build,release,-DZELM_BUILD_TESTS=ON -DZELM_BUILD_EXAMPLES=ON -DZELM_BUILD_PYTHON=ON \
 		$(strict))
 	$(as_owner) ctest --preset release $(ctest_options) $(ARGS)
+
+wide: ## build for registers of 32 bytes (AVX2), run the tests, compare all members with build/release
+	$(packages) build test
+	@grep -qw avx2 /proc/cpuinfo || { echo 'This processor has no AVX2.' >&2; exit 1; }
+	$(call build,release,,zelm)
+	$(call build,wide,$(strict))
+	$(as_owner) ctest --preset wide $(ctest_options) $(ARGS)
 
 bench: ## measure the library beside its peers, ARGS="--filter lu --quick"
 	$(packages) build bench
