@@ -83,14 +83,11 @@ int decomposed(Problem &problem) {
     return gives(problem, status, 1, {to}) ? status : wrong;
 }
 
-// Out of place into numbers that show what has not been written. Above the diagonal of the source
-// stand NaNs, below it numbers that make it definite.
+// Above the diagonal of the source stand NaNs, below it numbers that make it definite.
 Problem decomposition(const Member &m, int n, int count, const std::vector<Placement> &placements,
                       int seed, bool in_place, bool special = false) {
-    Problem problem(m, {n, n, 1, count}, placements, in_place ? std::optional(0) : std::nullopt);
-    Placed &to = problem.destination(), &from = problem.operands[0];
-    to.for_each_element([&](int k, int i, int j) { to.put(k, i, j, 7777); });
-    problem.fill(unsigned(seed), special);
+    Problem problem = filled(m, {n, n, 1, count}, placements, seed, in_place, special);
+    Placed &from = problem.operands[0];
     from.for_each_element([&](int k, int i, int j) {
         if (i == j)
             from.put(k, i, j, std::fabs(from.get(k, i, j)) + n);
@@ -100,30 +97,20 @@ Problem decomposition(const Member &m, int n, int count, const std::vector<Place
     return problem;
 }
 
-// At most so many objects are decomposed by one thread, in order.
-int serial_count(const Member &m, int n) {
-    return m.is_array() ? std::clamp(2000 / (n * n), 1, 9) : 1;
-}
-
 TEST(CholeskyDecomp, EveryOrderAndCountInEveryMixOfMemoryShapes) {
     for (const Member *m : family("CholeskyDecomp", 10)) {
         int step = 0;
         for (const int n : orders)
             for (const int count : counts(*m, n))
                 for (int shape = 0; shape < 6; ++shape, ++step) {
-                    const bool special = shape > 3 && count <= serial_count(*m, n);
-                    const auto placements = placed(*m, shape, step);
-                    // Objects that overlap one another are factored in order and may fail.
-                    const bool may_fail =
-                        special || (step / 2 % 2 == 0 && placements[0].shape == overlapping);
-                    if (may_fail && count > serial_count(*m, n))
-                        continue;
-                    Problem problem =
-                        decomposition(*m, n, count, placements, step, step / 2 % 2 == 0, special);
+                    const Threads threads(threads_for(count));
+                    const bool special = shape > 3 && count != many;
+                    Problem problem = decomposition(*m, n, count, placed(*m, shape, step), step,
+                                                    step / 2 % 2 == 0, special);
                     if (step % 3 != 0)
                         cut_tables(problem);
                     const int status = decomposed(problem);
-                    ASSERT_TRUE(status == ok || (status == not_definite && may_fail));
+                    ASSERT_TRUE(status == ok || (status == not_definite && special));
                 }
     }
 }
@@ -131,6 +118,7 @@ TEST(CholeskyDecomp, EveryOrderAndCountInEveryMixOfMemoryShapes) {
 // The residual of one diagonal element has a given value. Behind the failing object come one of
 // NaNs and one that fails too.
 TEST(CholeskyDecomp, StateAfterAFailureAtEveryObjectAndRow) {
+    const Threads threads(1);
     for (const Member *m : family("CholeskyDecomp", 10)) {
         const double least = m->is_float ? 0x1p-149 : 0x1p-1074;
         const std::pair<double, int> cases[] = {{0, not_definite},  {-0., not_definite},
@@ -138,9 +126,8 @@ TEST(CholeskyDecomp, StateAfterAFailureAtEveryObjectAndRow) {
                                                 {least, ok},        {not_a_number, ok}};
         int step = 0;
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 16, 17})
-            for (int e = 0; e < serial_count(*m, n) * n; ++e, ++step) {
-                const int count = serial_count(*m, n), failing = e / n, row = e % n;
-                const auto &[value, status] = cases[step % 6];
+            for (const auto &[count, failing, row] : failures(*m, n, n)) {
+                const auto &[value, status] = cases[++step % 6];
                 Problem problem = decomposition(*m, n, count, mixed(*m, step), step, false);
                 Placed &from = problem.operands[0];
                 set_source(problem, [&](int k, int i, int j) {
@@ -151,10 +138,7 @@ TEST(CholeskyDecomp, StateAfterAFailureAtEveryObjectAndRow) {
                                               : from.get(k, i, j);
                 });
                 cut_tables(problem);
-                if (from.objects() > 1 && mixed(*m, step)[0].shape == overlapping)
-                    ASSERT_NE(decomposed(problem), wrong);
-                else
-                    ASSERT_EQ(decomposed(problem), status) << value << " in row " << row;
+                ASSERT_EQ(decomposed(problem), status) << value << " in row " << row;
             }
     }
 }
@@ -179,10 +163,9 @@ TEST(CholeskyBackSubst, EveryOrderAndCountInEveryMixOfMemoryShapes) {
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 13, 16, 17, 33, 65, 256, 257})
             for (const int count : counts(*m, n))
                 for (int shape = 0; shape < 6; ++shape, ++step) {
-                    const auto placements = placed(*m, shape, step);
-                    const bool in_place = step / 2 % 2 == 0 && placements[1].shape != overlapping;
-                    Problem problem(*m, {n, n, 1, count}, placements,
-                                    in_place ? std::optional(1) : std::nullopt);
+                    const Threads threads(threads_for(count));
+                    Problem problem(*m, {n, n, 1, count}, placed(*m, shape, step),
+                                    step / 2 % 2 == 0 ? std::optional(1) : std::nullopt);
                     problem.fill(unsigned(step), shape == 4);
                     Placed &f = problem.operands[0];
                     set_source(problem, [&](int k, int i, int j) {
@@ -202,7 +185,7 @@ TEST(CholeskyBackSubst, EveryOrderAndCountInEveryMixOfMemoryShapes) {
 // behind it.
 TEST(CholeskyTogether, SourcesAndDestinationsAmongOneAnother) {
     constexpr int turns[][3] = {{0, 1, 2}, {1, 0, 2}, {0, 1, 1}, {1, 0, 1}}; // from, to, step
-    constexpr int count = 9;
+    const Threads threads(1);
     const auto shared_by = those(members(), 18, [](const Member &m) {
         return m.is_array() && among(m.family, "CholeskyDecomp CholeskyBackSubst");
     });
@@ -210,6 +193,7 @@ TEST(CholeskyTogether, SourcesAndDestinationsAmongOneAnother) {
         for (int n = 1; n <= 9; ++n)
             for (int c = 0; c < 28; ++c) {
                 const Member &m = *member;
+                const int count = widest_group(m) + 1;
                 const bool decomposes = m.family == "CholeskyDecomp";
                 const auto &[from, to, step] = turns[c % 4];
                 const int shared = decomposes ? 0 : 1;

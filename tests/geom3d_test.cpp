@@ -787,7 +787,7 @@ bool homogeneous(const Floats &m, Floats &p) {
 TEST(Geometry, HomogeneousTransformFillsWhatItCannotDivide) {
     const Member &m = member("zelmAffineTransform3DH_mva_32f");
     int step = 0;
-    for (const int count : {1, 2, 3, 4, 5, 8, 11})
+    for (const int count : {1, 2, 3, 4, 5, 8, 11, two_groups_and_tail(m)})
         for (int failing = -1; failing < count; ++failing)
             for (const bool in_place : {false, true})
                 for (const float w :

@@ -103,14 +103,9 @@ bool substituted(Problem &problem) {
     return gives(problem, ok, 3, {solutions});
 }
 
-// Out of place into numbers that show what has not been written.
 Problem decomposition(const Member &m, int n, int count, const std::vector<Placement> &placements,
                       int seed, bool in_place, bool special = false) {
-    Problem problem(m, {n, n, 1, count}, placements, in_place ? std::optional(0) : std::nullopt);
-    Placed &to = problem.destination();
-    to.for_each_element([&](int k, int i, int j) { to.put(k, i, j, 7777); });
-    problem.fill(unsigned(seed), special);
-    return problem;
+    return filled(m, {n, n, 1, count}, placements, seed, in_place, special);
 }
 
 // Factors with exchanged rows whose solutions do not grow.
@@ -127,11 +122,6 @@ void fill_substitution(Problem &problem, int seed, bool special = false) {
     }
 }
 
-// At most so many objects are decomposed by one thread, in order.
-int serial_count(const Member &m, int n) {
-    return m.is_array() ? std::clamp(1000 / (n * n), 1, 9) : 1;
-}
-
 // Matrices that are random, whose columns tie, of NaNs, and with special values, which may fail,
 // where one thread has all objects.
 TEST(LUDecomp, EveryOrderAndCountInEveryMixOfMemoryShapes) {
@@ -141,7 +131,8 @@ TEST(LUDecomp, EveryOrderAndCountInEveryMixOfMemoryShapes) {
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 33, 64, 65, 100})
             for (const int count : counts(*m, n))
                 for (int shape = 0; shape < 6; ++shape, ++step) {
-                    const bool special = shape > 3 && count <= serial_count(*m, n);
+                    const Threads threads(threads_for(count));
+                    const bool special = shape > 3 && count != many;
                     Problem problem = decomposition(*m, n, count, placed(*m, shape, step), step,
                                                     step / 2 % 2 == 0, special);
                     if (shape % 2 == 0 && n <= 16 && !special) // columns tie
@@ -180,6 +171,7 @@ TEST(LUDecomp, TiesGoToTheEarliestInPivotOrder) {
 // A diagonal matrix whose candidate for pivot k has a given value, in row k or, behind a zero, in
 // the last row. A NaN fails no comparison and is not preferred to a number.
 TEST(LUDecomp, ThresholdsAtEveryPivot) {
+    const Threads threads(1);
     for (const Member *m : family("LUDecomp", 10))
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 16, 17}) {
             const double limit = threshold(m->is_float, n);
@@ -189,7 +181,7 @@ TEST(LUDecomp, ThresholdsAtEveryPivot) {
                 {limit + ulp, ok}, {limit, is_straight_line(n) ? ok : singular},
                 {infinite, ok},    {not_a_number, ok},
             };
-            const int count = serial_count(*m, n);
+            const int count = m->is_array() ? 9 : 1;
             for (int step = 0; step < 4 * n; ++step)
                 for (const auto &[value, status] : cases) {
                     const int k = step / 4, end = step % 4 < 2 ? k : n - 1;
@@ -209,22 +201,21 @@ TEST(LUDecomp, ThresholdsAtEveryPivot) {
 // A column of zeros fails when all columns before it have been eliminated. Behind the failing
 // object come one of NaNs or infinities and one that fails too.
 TEST(LUDecomp, StateAfterAFailureAtEveryObjectAndColumn) {
+    const Threads threads(1);
     for (const Member *m : family("LUDecomp", 10)) {
         int step = 0;
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 16, 17, 65})
-            for (int count = 1; count <= serial_count(*m, n); ++count)
-                for (int e = 0; e < count * n; ++e, ++step) {
-                    const int failing = e / n, column = e % n;
-                    Problem problem =
-                        decomposition(*m, n, count, mixed(*m, step), step, step % 2 == 0);
-                    set_source(problem, [&](int k, int i, int j) {
-                        const bool zero = (k == failing || k == failing + 2) && j == column;
-                        return zero               ? 0
-                               : k == failing + 1 ? (step % 3 == 0 ? infinite : not_a_number)
-                                                  : problem.operands[0].get(k, i, j);
-                    });
-                    ASSERT_EQ(decomposed(problem), singular) << failing << " column " << column;
-                }
+            for (const auto &[count, failing, column] : failures(*m, n, n)) {
+                ++step;
+                Problem problem = decomposition(*m, n, count, mixed(*m, step), step, step % 2 == 0);
+                set_source(problem, [&](int k, int i, int j) {
+                    const bool zero = (k == failing || k == failing + 2) && j == column;
+                    return zero               ? 0
+                           : k == failing + 1 ? (step % 3 == 0 ? infinite : not_a_number)
+                                              : problem.operands[0].get(k, i, j);
+                });
+                ASSERT_EQ(decomposed(problem), singular) << failing << " column " << column;
+            }
     }
 }
 
@@ -235,6 +226,7 @@ TEST(LUBackSubst, EveryOrderAndCountInEveryMixOfMemoryShapes) {
         for (const int n : {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 13, 16, 17, 33, 64, 65, 100, 256, 257})
             for (const int count : counts(*m, n))
                 for (int shape = 0; shape < 6; ++shape, ++step) {
+                    const Threads threads(threads_for(count));
                     Problem problem(*m, {n, n, 1, count}, placed(*m, shape, step));
                     fill_substitution(problem, step, shape == 4);
                     Placed &factors = problem.operands[0], &rows = problem.operands[1];
@@ -252,7 +244,7 @@ TEST(LUBackSubst, EveryOrderAndCountInEveryMixOfMemoryShapes) {
 // behind it.
 TEST(LUTogether, SourcesAndDestinationsAmongOneAnother) {
     constexpr int turns[][3] = {{0, 1, 2}, {1, 0, 2}, {0, 1, 1}, {1, 0, 1}}; // from, to, step
-    constexpr int count = 9;
+    const Threads threads(1);
     const auto shared_by = those(members(), 18, [](const Member &m) {
         return m.is_array() && among(m.family, "LUDecomp LUBackSubst");
     });
@@ -260,6 +252,7 @@ TEST(LUTogether, SourcesAndDestinationsAmongOneAnother) {
         for (int n = 1; n <= 9; ++n)
             for (int c = 0; c < 28; ++c) {
                 const Member &m = *member;
+                const int count = widest_group(m) + 1;
                 const bool decomposes = m.family == "LUDecomp";
                 const auto &[from, to, step] = turns[c % 4];
                 const int shared = decomposes ? 0 : 2;
@@ -289,11 +282,13 @@ TEST(LUTogether, SourcesAndDestinationsAmongOneAnother) {
 
 // Object k is the n*n elements from the k-th on.
 TEST(LUTogether, SourcesOverlapOneAnother) {
+    const Threads threads(1);
     const auto arrays =
         those(members(), 6, [](const Member &m) { return m.is_array() && m.family == "LUDecomp"; });
     for (const Member *m : arrays)
         for (int n = 1; n <= 9; ++n) {
-            Problem problem = decomposition(*m, n, 9, all_in(*m, packed), 1, false);
+            Problem problem =
+                decomposition(*m, n, widest_group(*m) + 1, all_in(*m, packed), 1, false);
             Objects to = all_objects(problem.destination()),
                     rows = all_objects(problem.operands[1]);
             std::vector<double> all;

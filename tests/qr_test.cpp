@@ -94,16 +94,7 @@ int decomposed(Problem &problem) {
 Problem decomposition(const Member &m, int h, int w, int count,
                       const std::vector<Placement> &placements, int seed, bool in_place,
                       bool special = false) {
-    Problem problem(m, {h, w, 1, count}, placements, in_place ? std::optional(0) : std::nullopt);
-    Placed &to = problem.destination();
-    to.for_each_element([&](int k, int i, int j) { to.put(k, i, j, 7777); });
-    problem.fill(unsigned(seed), special);
-    return problem;
-}
-
-// At most so many objects are decomposed by one thread, in order.
-int serial_count(const Member &m, int h, int w) {
-    return m.is_array() ? std::clamp(900 / (h * w), 1, 9) : 1;
+    return filled(m, {h, w, 1, count}, placements, seed, in_place, special);
 }
 
 TEST(QRDecomp, EveryShapeAndCountInEveryMixOfMemoryShapes) {
@@ -112,11 +103,10 @@ TEST(QRDecomp, EveryShapeAndCountInEveryMixOfMemoryShapes) {
         for (const auto &[h, w] : shapes_of_matrices)
             for (const int count : counts(*m, h * w > 64 ? 17 : w))
                 for (int shape = 0; shape < 6; ++shape, ++step) {
-                    const bool special = shape > 3 && count <= serial_count(*m, h, w);
-                    const auto placements = placed(*m, shape, step);
-                    const bool in_place = step / 2 % 2 == 0 && placements[0].shape != overlapping;
-                    Problem problem =
-                        decomposition(*m, h, w, count, placements, step, in_place, special);
+                    const Threads threads(threads_for(count));
+                    const bool special = shape > 3 && count != many;
+                    Problem problem = decomposition(*m, h, w, count, placed(*m, shape, step), step,
+                                                    step / 2 % 2 == 0, special);
                     if (shape == 3) // zeros of both signs on the diagonal
                         set_source(problem, [&](int k, int i, int j) {
                             const double zero = (i + k) % 2 == 0 ? 0. : -0.;
@@ -131,6 +121,7 @@ TEST(QRDecomp, EveryShapeAndCountInEveryMixOfMemoryShapes) {
 // The sum of squares of one column, from the diagonal down, has a given value; it stands on the
 // diagonal or in the last row. Behind the failing object come one of NaNs and one that fails too.
 TEST(QRDecomp, StateAfterAFailureAtEveryObjectAndColumn) {
+    const Threads threads(1);
     for (const Member *m : family("QRDecomp", 10)) {
         const double limit = double(epsilon(m->is_float)), ulp = m->is_float ? 0x1p-23 : 0x1p-52;
         // 2^-23 is no square: 2^-24 twice.
@@ -143,15 +134,15 @@ TEST(QRDecomp, StateAfterAFailureAtEveryObjectAndColumn) {
                                                 {not_a_number, ok}};
         int step = 0;
         for (const auto &[h, w] : shapes_of_matrices)
-            for (int e = 0; e < serial_count(*m, h, w) * reflections(w, h); ++e)
+            for (const auto &[count, failing, k] :
+                 failures(*m, h * w > 256 ? 18 : w, reflections(w, h)))
                 for (const auto &[value, status] : cases) {
+                    if (count > 5 && value != 0)
+                        continue;
                     ++step;
-                    const int count = serial_count(*m, h, w), failing = e % count, k = e / count;
                     const bool pair = m->is_float; // two elements make the sum
                     Problem problem =
                         decomposition(*m, h, w, count, mixed(*m, step), step, step % 2 == 0);
-                    if (mixed(*m, step)[0].shape == overlapping)
-                        continue;
                     set_source(problem, [&](int object, int i, int j) {
                         if (object == failing + 1)
                             return not_a_number;
@@ -179,10 +170,9 @@ TEST(QRBackSubst, EveryShapeAndCountInEveryMixOfMemoryShapes) {
         for (const auto &[h, w] : shapes_of_matrices)
             for (const int count : counts(*m, h * w > 64 ? 17 : w))
                 for (int shape = 0; shape < 6; ++shape, ++step) {
-                    const auto placements = placed(*m, shape, step);
-                    const bool in_place =
-                        h == w && step / 2 % 2 == 0 && placements[2].shape != overlapping;
-                    Problem problem(*m, {h, w, 1, count}, placements,
+                    const Threads threads(threads_for(count));
+                    const bool in_place = h == w && step / 2 % 2 == 0;
+                    Problem problem(*m, {h, w, 1, count}, placed(*m, shape, step),
                                     in_place ? std::optional(2) : std::nullopt);
                     problem.fill(unsigned(step), shape == 4);
                     Placed &f = problem.operands[0];

@@ -162,6 +162,13 @@ std::vector<Placement> all_in(const Member &member, int shape);
 // Elements of scratch that a member needs for order n.
 int buffer_elements(const Member &member, int n);
 
+// The most objects that a kernel takes at once in any build: a lane each, of two registers.
+inline int widest_group(const Member &m) { return 2 * 32 / m.element(); }
+// What has every place of full groups and of the longest tail.
+inline int two_groups_and_tail(const Member &m) {
+    return m.is_array() ? 3 * widest_group(m) - 1 : 1;
+}
+
 // Sizes of an array call that is beyond every limit of the serial path.
 Sizes parallel_sizes(const Member &member);
 

@@ -6,8 +6,8 @@
 
 #include <cmath>
 #include <limits>
-#include <string>
 #include <vector>
+#include <zelcore.h>
 
 namespace zelm_test {
 
@@ -39,8 +39,12 @@ void put(Placed &operand, int k, Grid a);
 inline double rounded(bool single, double x) { return single ? static_cast<float>(x) : x; }
 double noise(int n, int i, int j); // in [-1, 1)
 
+// Sources at random, results of numbers that show what has not been written.
+Problem filled(const Member &m, const Sizes &sizes, const std::vector<Placement> &placements,
+               int seed, bool in_place = false, bool special = false);
+
 // Runs the problem; expects the status, the objects of the operands from number `first` on, and
-// that nothing else has changed.
+// that nothing else has changed. Of an object without values nothing is expected.
 bool gives(Problem &problem, int expected, std::size_t first, const std::vector<Objects> &values);
 
 template <class Value>
@@ -49,7 +53,26 @@ void set_source(Problem &problem, Value value) {
     from.for_each_element([&](int k, int i, int j) { from.put(k, i, j, value(k, i, j)); });
 }
 
+// All tails of narrow groups, one and two of the widest and their neighbours, and many.
 std::vector<int> counts(const Member &m, int n);
+inline constexpr int many = 101;
+
+// So many threads until it goes: one has all objects, in order and in full groups.
+struct Threads {
+    explicit Threads(int number) { zelSetNumThreads(number); }
+    ~Threads() { zelSetNumThreads(0); }
+    Threads(const Threads &) = delete;
+    Threads &operator=(const Threads &) = delete;
+};
+inline int threads_for(int count) { return count == many ? 3 : 1; }
+
+// Arrays in which one object fails, in one of so many columns: few objects in every column, two
+// groups and a tail in one column each. Orders above 16 are not done in lanes.
+struct Failure {
+    int count, object, column;
+};
+std::vector<Failure> failures(const Member &m, int n, int columns);
+
 // All packed, all planar, or a mix.
 std::vector<Placement> placed(const Member &m, int shape, int step);
 
@@ -66,7 +89,7 @@ extern const std::vector<KnownMatrix> known_matrices;
 using Long = long double;
 inline Long epsilon(bool single) { return single ? 0x1p-23L : 0x1p-52L; }
 
-// The largest sum of magnitudes of a column.
+// The largest sum of magnitudes of a column; NaN if there is one.
 template <class Element>
 Long norm(int rows, int columns, Element element) {
     Long largest = 0;
@@ -74,7 +97,7 @@ Long norm(int rows, int columns, Element element) {
         Long sum = 0;
         for (int i = 0; i < rows; ++i)
             sum += std::fabs(Long(element(i, j)));
-        largest = std::max(largest, sum);
+        largest = std::isnan(sum) || sum > largest ? sum : largest;
     }
     return largest;
 }
