@@ -25,6 +25,8 @@ struct Grid {
         return values[std::size_t(int(i) * columns + int(j))];
     }
     double &operator()(auto j) { return (*this)(0, j); }
+    double operator()(auto j) const { return (*this)(0, j); }
+    bool operator==(const Grid &) const = default;
     template <class T>
     std::vector<T> as() const {
         return {values.begin(), values.end()};
