@@ -301,7 +301,11 @@ ZELM_INLINE ZelStatus eigen_symmetric(const Source &source, T *buffer,
         scratch_of(buffer, order, order), serial,
         [n](void *scratch, int objects, const Source &from, const Destination &to,
             const Values<T> &d) {
-            return y8_ownzelmEigenValuesSym_ma(objects, scratch, from, to, d, n);
+            return with_strides(
+                [&](const auto &x, const auto &y) {
+                    return y8_ownzelmEigenValuesSym_ma(objects, scratch, x, y, d, n);
+                },
+                shaped(from, {n, n}), shaped(to, {n, n}));
         },
         count, source, destination, packed_values(values, n));
 }

@@ -58,11 +58,6 @@ ZELM_INLINE ZelStatus extract(const S &source, T *dst, Shape shape, int count) {
 template <class D>
 void y8_ownzelmLoadIdentity(int count, Shape shape, const D &destination) {
     using T = typename D::Element;
-    if constexpr (D::is_tabled) {
-        Standard<T, 2, true> same;
-        if (is_regular(destination, shape, same))
-            return y8_ownzelmLoadIdentity(count, shape, same);
-    }
     y8_ownzelm_elementwise(count, shape, Unchanged{}, destination, Constant<T>{0});
     const int ones = shape.width < shape.height ? shape.width : shape.height;
     for (int n = 0; n < count; ++n) {
@@ -74,7 +69,8 @@ void y8_ownzelmLoadIdentity(int count, Shape shape, const D &destination) {
 template <class D>
 ZELM_INLINE ZelStatus loaded(ZelStatus failure, const D &destination, Shape shape, int count) {
     if (failure == zelStatusOk)
-        y8_ownzelmLoadIdentity(count, shape, destination);
+        with_strides([&](const auto &d) { y8_ownzelmLoadIdentity(count, shape, d); },
+                     shaped(destination, shape));
     return failure;
 }
 template <class D>

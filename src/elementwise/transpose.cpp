@@ -241,28 +241,21 @@ void y8_ownm_Transpose_32s(const Plane &p, int width, int height, int hint) {
 template <class S, class D>
 void y8_ownzelmTranspose(int count, const S &source, const D &destination, int width, int height) {
     using T = typename D::Element;
-    if constexpr (D::is_tabled) {
-        Standard<typename S::Type, 2, S::is_array> from;
-        Standard<typename D::Type, 2, D::is_array> to;
-        if (is_regular(source, {height, width}, from) &&
-            is_regular(destination, {width, height}, to))
-            return y8_ownzelmTranspose(count, from, to, width, height);
-    } else if (source.packed() && destination.packed()) {
-        with_order<3, 6>(
-            width == height ? width : 0,
-            [&](auto N) { transpose_squares<N>(count, source, destination); },
-            [&] {
-                for (int n = 0; n < count; ++n) {
-                    const Plane p = {source.object(n), source.view(0).stride1,
-                                     destination.object(n), destination.view(0).stride1};
-                    if constexpr (sizeof(T) == 4)
-                        y8_ownm_Transpose_32s(p, width, height, 0);
-                    else
-                        transpose_stripe<false, T>(p, height, width);
-                }
-            });
-        return;
-    }
+    if constexpr (!D::is_tabled)
+        if (source.packed() && destination.packed())
+            return with_order<3, 6>(
+                width == height ? width : 0,
+                [&](auto N) { transpose_squares<N>(count, source, destination); },
+                [&] {
+                    for (int n = 0; n < count; ++n) {
+                        const Plane p = {source.object(n), source.view(0).stride1,
+                                         destination.object(n), destination.view(0).stride1};
+                        if constexpr (sizeof(T) == 4)
+                            y8_ownm_Transpose_32s(p, width, height, 0);
+                        else
+                            transpose_stripe<false, T>(p, height, width);
+                    }
+                });
     move_elements(count, {width, height}, destination, source.transposed());
 }
 
@@ -273,7 +266,9 @@ ZELM_INLINE ZelStatus transpose_objects(const S &source, const D &destination, i
             first_failure(pointers(source, destination), counts(count), sizes(width, height),
                           strides(source, destination), shifts(source, destination)))
         return s;
-    y8_ownzelmTranspose(count, source, destination, width, height);
+    with_strides([&](const auto &from,
+                     const auto &to) { y8_ownzelmTranspose(count, from, to, width, height); },
+                 shaped(source, {height, width}), shaped(destination, {width, height}));
     return zelStatusOk;
 }
 

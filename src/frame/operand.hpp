@@ -16,6 +16,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <tuple>
 
 namespace zelm {
 
@@ -402,7 +403,8 @@ ZELM_INLINE auto resolved(const Operand &op) {
 // A table whose entries are rows and columns at even distances says the same as two strides.
 // Returns whether it does, and the standard operand.
 template <class T, int rank, bool array>
-inline bool is_regular(const Tabled<T, rank, array> &op, Shape shape, Standard<T, 2, array> &same) {
+inline bool is_regular(const Tabled<T, rank, array> &op, Shape shape,
+                       Standard<T, rank, array> &same) {
     const auto v = op.view(0, shape);
     const auto at = [&](int i, int j) { return v.number(i, j); };
     const auto origin = at(0, 0);
@@ -421,6 +423,49 @@ inline bool is_regular(const Tabled<T, rank, array> &op, Shape shape, Standard<T
     same = {reinterpret_cast<T *>(v.at(0, 0)), op.stride0, static_cast<int>(stride1),
             static_cast<int>(stride2)};
     return true;
+}
+
+// An operand and the shape of its objects.
+template <class Operand>
+struct Shaped {
+    const Operand &operand;
+    Shape shape;
+};
+template <class Operand>
+ZELM_INLINE Shaped<Operand> shaped(const Operand &op, Shape shape) {
+    return {op, shape};
+}
+namespace detail {
+template <class Operand>
+struct Strided { // what is no table
+    using Type = Operand;
+    static constexpr bool was_table = false;
+    ZELM_INLINE static bool find(const Shaped<Operand> &op, Operand &same) {
+        same = op.operand;
+        return true;
+    }
+};
+template <class T, int rank, bool array>
+struct Strided<Tabled<T, rank, array>> {
+    using Type = Standard<T, rank, array>;
+    static constexpr bool was_table = true;
+    static bool find(const Shaped<Tabled<T, rank, array>> &op, Type &same) {
+        return is_regular(op.operand, op.shape, same);
+    }
+};
+} // namespace detail
+
+// f(operands...), with strided operands in the place of tables if all tables are regular.
+template <class F, class... Operands>
+ZELM_INLINE auto with_strides(const F &f, const Shaped<Operands> &...op) {
+    if constexpr ((detail::Strided<Operands>::was_table || ...)) {
+        std::tuple<typename detail::Strided<Operands>::Type...> same;
+        const bool regular = std::apply(
+            [&](auto &...to) { return (detail::Strided<Operands>::find(op, to) && ...); }, same);
+        if (regular)
+            return std::apply(f, same);
+    }
+    return f(op.operand...);
 }
 
 } // namespace zelm

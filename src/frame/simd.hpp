@@ -32,8 +32,8 @@ struct Mask {
     Simd<Int, N> lanes; // all bits of a lane or none
 
     Mask() = default;
-    template <class Comparison>
-        requires(!std::is_class_v<Comparison> && sizeof(Comparison) == N * sizeof(Int))
+    template <class Comparison, class = std::enable_if_t<!std::is_class_v<Comparison> &&
+                                                         sizeof(Comparison) == N * sizeof(Int)>>
     ZELM_INLINE Mask(Comparison c) : lanes((Simd<Int, N>)c) {}
 
     ZELM_INLINE friend Mask operator&(Mask a, Mask b) { return a.lanes & b.lanes; }

@@ -203,7 +203,11 @@ ZELM_INLINE ZelStatus cholesky_backsubst(const Factor &factor, const Vector &b, 
     return run_objects(
         limits.serial(work, factor.packed() && b.packed() && x.packed()),
         [n](int objects, const Factor &f, const Vector &from, const Result &to) {
-            return y8_ownzelmCholeskyBackSubst(objects, f, from, to, n);
+            return with_strides(
+                [&](const auto &p, const auto &v, const auto &y) {
+                    return y8_ownzelmCholeskyBackSubst(objects, p, v, y, n);
+                },
+                shaped(f, {n, n}), shaped(from, {1, n}), shaped(to, {1, n}));
         },
         count, factor, b, x);
 }

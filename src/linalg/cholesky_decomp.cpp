@@ -121,12 +121,6 @@ ZelStatus factor_array(int n, const Source &source, const Destination &destinati
 template <class Source, class Destination>
 ZelStatus y8_ownzelmCholeskyDecomp_ma(int count, const Source &source,
                                       const Destination &destination, int n) {
-    if constexpr (Destination::is_tabled) {
-        Standard<typename Source::Type, 2, true> from;
-        Standard<typename Destination::Type, 2, true> to;
-        if (is_regular(source, {n, n}, from) && is_regular(destination, {n, n}, to))
-            return y8_ownzelmCholeskyDecomp_ma(count, from, to, n);
-    }
     return with_order<3, 6>(
         n, [&](auto N) { return factor_array<N>(source, destination, count); },
         [&] {
@@ -159,7 +153,11 @@ ZELM_INLINE ZelStatus cholesky_decomp(const Source &source, const Destination &d
     return run_objects(
         limits.serial(Estimate(n) * n * count, true),
         [n](int objects, const Source &from, const Destination &to) {
-            return y8_ownzelmCholeskyDecomp_ma(objects, from, to, n);
+            return with_strides(
+                [&](const auto &x, const auto &y) {
+                    return y8_ownzelmCholeskyDecomp_ma(objects, x, y, n);
+                },
+                shaped(from, {n, n}), shaped(to, {n, n}));
         },
         count, source, destination);
 }

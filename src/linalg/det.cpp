@@ -86,11 +86,6 @@ void det_array(int n, const Source &source, const Scalars<T> &results, int count
 template <class Source, class T>
 ZelStatus y8_ownzelmDet_ma(void *buffer, int count, const Source &source, const Scalars<T> &results,
                            int n) {
-    if constexpr (Source::is_tabled) {
-        Standard<const T, 2, true> same;
-        if (is_regular(source, {n, n}, same))
-            return y8_ownzelmDet_ma(buffer, count, same, results, n);
-    }
     const auto single = [&](int k) __attribute__((noinline)) {
         store<T>(results.object(k), y8_ownzelmDet_m<T>(source, n, k, buffer));
         return zelStatusOk;
@@ -123,7 +118,9 @@ ZELM_INLINE ZelStatus det(const Source &source, int n, T *buffer, T *result, int
     return run_objects_in(
         scratch_matrix(buffer, n), limits.serial(Estimate(n) * count, true),
         [n](void *scratch, int objects, const Source &from, const Scalars<T> &to) {
-            return y8_ownzelmDet_ma<Source, T>(scratch, objects, from, to, n);
+            return with_strides(
+                [&](const auto &x) { return y8_ownzelmDet_ma(scratch, objects, x, to, n); },
+                shaped(from, {n, n}));
         },
         count, source, Scalars<T>{result});
 }

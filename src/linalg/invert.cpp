@@ -124,8 +124,12 @@ ZelStatus y8_ownzelmInvert_m(const Source &source, const Destination &destinatio
 template <class Source, class Destination>
 ZelStatus y8_ownzelmInvert_ma(void *buffer, int count, const Source &source,
                               const Destination &destination, int n) {
-    const auto general = [&] {
-        return invert_array_general(source, destination, n, count, buffer);
+    const auto general = [&] { // tables too: their method does not depend on what they say
+        return with_strides(
+            [&](const auto &from, const auto &to) {
+                return invert_array_general(from, to, n, count, buffer);
+            },
+            shaped(source, {n, n}), shaped(destination, {n, n}));
     };
     if constexpr (!Destination::is_tabled)
         if (source.packed() && destination.packed())

@@ -386,12 +386,6 @@ ZelStatus invert_array_general(int n, const Source &source, const Destination &d
 template <class Source, class Destination>
 ZelStatus invert_array_general(const Source &source, const Destination &destination, int n,
                                int count, void *buffer) {
-    if constexpr (Destination::is_tabled) {
-        Standard<typename Source::Type, 2, true> from;
-        Standard<typename Destination::Type, 2, true> to;
-        if (is_regular(source, {n, n}, from) && is_regular(destination, {n, n}, to))
-            return invert_array_general(from, to, n, count, buffer);
-    }
     const auto single = [&](int k) __attribute__((noinline)) {
         return invert_general(source, destination, n, k, buffer);
     };

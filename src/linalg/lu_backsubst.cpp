@@ -201,7 +201,13 @@ ZELM_INLINE ZelStatus lu_backsubst(const Factor &factor, const int *index, const
     return run_objects(
         serial,
         [n](int objects, const Factor &f, const IndexRows<const int> &i, const Vector &from,
-            const Result &to) { return y8_ownzelmLUBackSubst(objects, f, i, from, to, n); },
+            const Result &to) {
+            return with_strides(
+                [&](const auto &p, const auto &v, const auto &y) {
+                    return y8_ownzelmLUBackSubst(objects, p, i, v, y, n);
+                },
+                shaped(f, {n, n}), shaped(from, {1, n}), shaped(to, {1, n}));
+        },
         count, factor, rows, b, x);
 }
 

@@ -59,13 +59,6 @@ ZelStatus factor_array_general(const Source &source, const IndexRows<int> &index
 template <class Source, class Destination>
 ZelStatus y8_ownzelmLUDecomp_ma(int count, const Source &source, const IndexRows<int> &index,
                                 const Destination &destination) {
-    if constexpr (Destination::is_tabled) {
-        Standard<typename Source::Type, 2, true> from;
-        Standard<typename Destination::Type, 2, true> to;
-        const Shape shape = {index.length, index.length};
-        if (is_regular(source, shape, from) && is_regular(destination, shape, to))
-            return y8_ownzelmLUDecomp_ma(count, from, index, to);
-    }
     return with_order<3, 6>(
         index.length, [&](auto N) { return factor_array<N>(source, index, destination, count); },
         [&] {
@@ -94,9 +87,16 @@ ZELM_INLINE ZelStatus lu_decomp(const Source &source, int *index, const Destinat
             first_failure(pointers(source, index, destination), counts(count), sizes(n),
                           strides(source, destination), shifts(source, destination)))
         return s;
-    return run_objects(limits.serial(Estimate(n) * n * count, true),
-                       y8_ownzelmLUDecomp_ma<Source, Destination>, count, source,
-                       IndexRows<int>{index, n}, destination);
+    return run_objects(
+        limits.serial(Estimate(n) * n * count, true),
+        [n](int objects, const Source &from, const IndexRows<int> &rows, const Destination &to) {
+            return with_strides(
+                [&](const auto &x, const auto &y) {
+                    return y8_ownzelmLUDecomp_ma(objects, x, rows, y);
+                },
+                shaped(from, {n, n}), shaped(to, {n, n}));
+        },
+        count, source, IndexRows<int>{index, n}, destination);
 }
 
 } // namespace

@@ -187,7 +187,12 @@ ZELM_INLINE ZelStatus qr_backsubst(const Factor &factor, T *buffer, const Vector
         Scratch{buffer, static_cast<std::size_t>(height) * sizeof(T)}, limits.serial(work, true),
         [width, height](void *scratch, int objects, const Factor &f, const Vector &from,
                         const Result &to) {
-            return y8_ownzelmQRBackSubst(scratch, objects, f, from, to, Shape{height, width});
+            const Shape shape = {height, width};
+            return with_strides(
+                [&](const auto &p, const auto &v, const auto &y) {
+                    return y8_ownzelmQRBackSubst(scratch, objects, p, v, y, shape);
+                },
+                shaped(f, shape), shaped(from, {1, height}), shaped(to, {1, width}));
         },
         count, factor, b, x);
 }

@@ -81,12 +81,6 @@ ZelStatus factor_array(Shape shape, const Source &source, const Destination &des
 template <class Source, class Destination>
 ZelStatus y8_ownzelmQRDecomp_ma(int count, const Source &source, const Destination &destination,
                                 Shape shape) {
-    if constexpr (Destination::is_tabled) {
-        Standard<typename Source::Type, 2, true> from;
-        Standard<typename Destination::Type, 2, true> to;
-        if (is_regular(source, shape, from) && is_regular(destination, shape, to))
-            return y8_ownzelmQRDecomp_ma(count, from, to, shape);
-    }
     const auto single = [&](int k) __attribute__((noinline)) {
         return y8_ownzelmQRDecomp_m(source, destination, shape, k);
     };
@@ -133,7 +127,12 @@ ZELM_INLINE ZelStatus qr_decomp(const Source &source, T *buffer, const Destinati
     return run_objects(
         limits.serial(Estimate(2) * width * height * count, true),
         [width, height](int objects, const Source &from, const Destination &to) {
-            return y8_ownzelmQRDecomp_ma(objects, from, to, Shape{height, width});
+            const Shape shape = {height, width};
+            return with_strides(
+                [&](const auto &x, const auto &y) {
+                    return y8_ownzelmQRDecomp_ma(objects, x, y, shape);
+                },
+                shaped(from, shape), shaped(to, shape));
         },
         count, source, destination);
 }

@@ -196,14 +196,6 @@ void square(int count, const A &a, const B &b, const D &d) {
 
 template <bool vector, class A, class B, class D>
 ZelStatus y8_ownzelmMul(int count, Sizes s, const A &a, const B &b, const D &d) {
-    if constexpr (D::is_tabled && D::is_array) {
-        Standard<typename A::Type, 2, A::is_array> x;
-        Standard<typename B::Type, 2, B::is_array> y;
-        Standard<typename D::Type, 2, D::is_array> z;
-        if (is_regular(a, {s.M, s.K}, x) && is_regular(b, {s.K, s.N}, y) &&
-            is_regular(d, {s.M, s.N}, z))
-            return y8_ownzelmMul<vector>(count, s, x, y, z);
-    }
     if (s.M == s.K && (vector || s.N == s.K)) {
         const bool done = with_order<3, 6>(
             s.K,
@@ -250,7 +242,11 @@ ZELM_INLINE ZelStatus run(const A &a, const B &b, const D &d, Sizes s, int count
         return run_objects(
             limits<typename D::Element, description_of<D>>.serial(work, packed),
             [s](int n, const auto &x, const auto &y, const auto &z) {
-                return y8_ownzelmMul<vector>(n, s, x, y, z);
+                return with_strides(
+                    [&](const auto &p, const auto &q, const auto &r) {
+                        return y8_ownzelmMul<vector>(n, s, p, q, r);
+                    },
+                    shaped(x, {s.M, s.K}), shaped(y, {s.K, s.N}), shaped(z, {s.M, s.N}));
             },
             count, as_matrix(a), as_matrix(b), as_matrix(d));
     }
