@@ -65,20 +65,23 @@ std::vector<int> counts(const Member &m, int n) {
     if (n > 16)
         return {1, 5};
     const int g = widest_group(m);
+    if (n > 9)
+        return {1, 3, 2 * g + 1, many};
     const std::set<int> all = {1, 2,     3, 4,     5,         6,     7,         8,
                                9, g - 1, g, g + 1, 2 * g - 1, 2 * g, 2 * g + 1, many};
     return {all.begin(), all.end()};
 }
 std::vector<Failure> failures(const Member &m, int n, int columns) {
-    std::vector<int> numbers = {1};
-    if (m.is_array() && n <= 17)
-        numbers = {1, 2, 5, two_groups_and_tail(m)};
     std::vector<Failure> all;
-    for (const int count : numbers)
-        for (int c = 0; c < count * (count > 5 ? std::min(columns, 1) : columns); ++c) {
-            const int k = c % count;
-            all.push_back({count, k, (c / count + k + k / columns) % columns});
-        }
+    const auto add = [&](int count, int k, int column, int shape) {
+        all.push_back({count, k, column % columns, shape});
+    };
+    for (const int count : m.is_array() && n <= 17 ? std::vector{1, 2, 5} : std::vector{1})
+        for (int c = 0; c < count * columns; ++c)
+            add(count, c / columns, c, 2);
+    const int count = two_groups_and_tail(m);
+    for (int c = 0; count > 1 && n <= 17 && columns > 0 && c < 3 * count; ++c)
+        add(count, c % count, c + c / columns, c / count);
     return all;
 }
 std::vector<Placement> placed(const Member &m, int shape, int step) {

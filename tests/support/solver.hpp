@@ -55,7 +55,8 @@ void set_source(Problem &problem, Value value) {
     from.for_each_element([&](int k, int i, int j) { from.put(k, i, j, value(k, i, j)); });
 }
 
-// All tails of narrow groups, one and two of the widest and their neighbours, and many.
+// Up to order 9 all tails of narrow groups, one and two of the widest and their neighbours, and
+// many; fewer above.
 std::vector<int> counts(const Member &m, int n);
 inline constexpr int many = 101;
 
@@ -69,9 +70,10 @@ struct Threads {
 inline int threads_for(int count) { return count == many ? 3 : 1; }
 
 // Arrays in which one object fails, in one of so many columns: few objects in every column, two
-// groups and a tail in one column each. Orders above 16 are not done in lanes.
+// groups and a tail in one column each, in every shape of placed(). Orders above 16 are not done
+// in lanes.
 struct Failure {
-    int count, object, column;
+    int count, object, column, shape;
 };
 std::vector<Failure> failures(const Member &m, int n, int columns);
 
