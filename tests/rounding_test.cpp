@@ -213,7 +213,7 @@ TEST(Rounding, ArraysAreTheirObjectsOneByOne) {
         for (const int size : {2, 3, 4, 5, 6, 7, 9})
             for (int k = size % 2; right && k < 3; k += 2, ++step) {
                 const bool tall = m.family.starts_with("QR") && k == 2;
-                Problem problem(m, {size + tall, size, size, 11},
+                Problem problem(m, {size + tall, size, size, widest_group(m) + 3},
                                 k < 2 ? all_in(m, k == 0 ? packed : planar) : mixed(m, step));
                 problem.fill(unsigned(step));
                 if (m.is_square()) // some matrices are diagonal
