@@ -149,11 +149,9 @@ void store_registers(const Call<T> &call, const Group &group, unsigned fine, Lan
     constexpr int L = lanes_per_register<T>;
     const int n = call.n;
     const auto l = group.objects<T, registers * L>(call.to);
-    for (int r = 0; r < registers; ++r) {
-        clear_above(y + r * n * n, n);
-        store_some(l.template part<L>(r * L), fine >> (r * L) & all_lanes<Lanes<T>>, y + r * n * n,
-                   n, n);
-    }
+    for (int r = 0; r < registers; ++r)
+        store_some<LowerElements>(l.template part<L>(r * L), fine >> (r * L) & all_lanes<Lanes<T>>,
+                                  y + r * n * n, n, n);
 }
 
 // Runs of groups, as in_run says. Dense objects go by two registers side by side, where one's roots

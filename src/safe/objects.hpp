@@ -268,18 +268,32 @@ ZELM_INLINE void load_objects(S *a, const Objects<T, L> &from, int rows, int col
             });
         });
 }
-template <class Part = Whole, class S, class T, int L>
+// Which elements of a are stored; zeros stand for the others.
+struct AllElements {
+    static constexpr bool all = true;
+};
+struct LowerElements {
+    static constexpr bool all = false;
+};
+template <class Elements = AllElements, class S, class T, int L>
 ZELM_INLINE void store_objects(const Objects<T, L> &to, const S *a, int rows, int columns) {
     constexpr int registers = lanes_of<S> / lanes_per_register<T>;
-    for_each_run<T, Part>(
+    for_each_run<T, Whole>(
         rows, columns, [&](int i, int j, auto K) __attribute__((always_inline)) {
             unroll<registers>(ZELM_EACH(r) {
                 Lanes<T> part[decltype(K)::value];
+                const bool above = !Elements::all && j > i; // not even loaded
                 unroll<decltype(K)::value>(ZELM_EACH(k) {
-                    if constexpr (registers == 1)
+                    if (above)
+                        part[k] = splat<Lanes<T>>(0);
+                    else if constexpr (registers == 1)
                         part[k] = a[i * columns + j + k];
                     else
                         part[k] = a[i * columns + j + k].r[r];
+                });
+                unroll<1, decltype(K)::value>(ZELM_EACH(k) {
+                    if (!Elements::all && j + k > i)
+                        part[k] = splat<Lanes<T>>(0);
                 });
                 if (registers == 1 && to.is_planar)
                     unroll<decltype(K)::value>(
@@ -290,17 +304,20 @@ ZELM_INLINE void store_objects(const Objects<T, L> &to, const S *a, int rows, in
         });
 }
 // The lanes of `lanes` alone.
-template <class Part = Whole, class S, class T, int L>
+template <class Elements = AllElements, class S, class T, int L>
 void store_some(const Objects<T, L> &to, unsigned lanes, const S *a, int rows, int columns) {
     static_assert(lanes_of<S> == L);
     if (lanes == all_lanes<S>) [[likely]]
-        return store_objects<Part>(to, a, rows, columns);
+        return store_objects<Elements>(to, a, rows, columns);
     for (; lanes != 0; lanes &= lanes - 1) {
         const int l = __builtin_ctz(lanes);
         const auto v = to.view(l);
         for (int i = 0; i < rows; ++i)
-            for (int j = 0; j < Part::width(i, columns); ++j)
-                put(v, i, j, load<T>(reinterpret_cast<const T *>(a + i * columns + j) + l));
+            for (int j = 0; j < columns; ++j)
+                put(v, i, j,
+                    Elements::all || j <= i
+                        ? load<T>(reinterpret_cast<const T *>(a + i * columns + j) + l)
+                        : T{0});
     }
 }
 // The lower triangle, and what completes its last runs of a register's lanes.
