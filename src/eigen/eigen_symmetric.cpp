@@ -14,8 +14,6 @@ namespace {
 constexpr Limits values_limits = {1001, 1001}; // of n*(n + 1)*count
 constexpr Limits vectors_limits = {701, 701};  // of n*(2*n + 1)*count
 
-inline constexpr int largest_lane_order = 16;
-
 // ---- one object ----
 
 template <class Source, class Destination, class T>
@@ -80,186 +78,104 @@ ZelStatus y8_ownzelmEigenValuesSym_m(const Source &source, const Destination &de
 
 // ---- arrays ----
 
+constexpr int side_by_side = 2; // registers that a group computes in
 template <class T>
-using Group2 = Interleaved<Lanes<T>, 2>; // what a group computes in
-constexpr int side_by_side = 2;
+using Pair = Interleaved<Lanes<T>, side_by_side>;
 
-// Orders 2 to 16 in any memory.
-template <class T, bool vectors, class Source, class Results, class Destination>
-ZELM_INLINE unsigned solve_group(const Group &group, int n, const Source &x, const Results &values,
-                                 const Destination &y) {
-    using S = Group2<T>;
-    constexpr int elements = largest_lane_order * largest_lane_order, L = lanes_of<Lanes<T>>;
-    S a[elements], d[largest_lane_order], e[largest_lane_order], z[vectors ? elements : 1];
-    // f(part, i, j, register) for runs of the rows.
-    const auto all = [&](int rows, const auto &f) __attribute__((always_inline)) {
-        for (int i = 0; i < rows; ++i)
-            in_steps<T>(
-                0, n, [&](int j, auto K) __attribute__((always_inline)) {
-                    unroll<side_by_side>(ZELM_EACH(r) {
-                        Lanes<T> part[decltype(K)::value];
-                        f(part, i, j, r);
-                    });
-                });
-    };
-    const Shape shape = {n, n};
-    all(
-        n, [&](auto &part, int i, int j, int r) __attribute__((always_inline)) {
-            load_row<T>(part, x, group.first + r * L, shape, i, j);
-            unroll<sizeof part / sizeof *part>(ZELM_EACH(k) { a[i * n + j + k].r[r] = part[k]; });
-        });
-    const unsigned failing = solve_lanes<S, vectors>(a, d, e, z, n);
-    if (!group.stores(failing))
-        return failing;
-    all(
-        1, [&](auto &part, int, int j, int r) __attribute__((always_inline)) {
-            unroll<sizeof part / sizeof *part>(ZELM_EACH(k) { part[k] = d[j + k].r[r]; });
-            store_row<T>(values, group.first + r * L, {1, n}, 0, j, part);
-        });
-    if constexpr (vectors)
-        all(
-            n, [&](auto &part, int i, int j, int r) __attribute__((always_inline)) {
-                unroll<sizeof part / sizeof *part>(
-                    ZELM_EACH(k) { part[k] = without_signed_zero(z[(j + k) * n + i].r[r]); });
-                store_row<T>(y, group.first + r * L, shape, i, j, part);
-            });
-    return failing;
-}
+// Without vectors y is not given.
 
 // Order N in dense memory.
-template <int N, class T, bool vectors, class Source, class Results, class Destination>
-ZELM_INLINE unsigned solve_dense_group(const Group &group, const Source &x, const Results &values,
-                                       const Destination &y) {
-    using S = Group2<T>;
-    S a[N][N], d[1][N], e[N], z[vectors ? N : 1][N];
-    load_lanes<T>(a, x, group.first);
-    const unsigned failing = solve_lanes<S, vectors>(a[0], d[0], e, z[0], N);
-    if (group.stores(failing)) [[likely]] {
-        store_lanes<T>(values, group.first, d);
-        if constexpr (vectors) {
-            S y_lanes[N][N];
-            unroll<N>(ZELM_EACH(i) {
-                unroll<N>(ZELM_EACH(j) { y_lanes[i][j] = without_signed_zero(z[j][i]); });
-            });
-            store_lanes<T>(y, group.first, y_lanes);
+template <int N, class T>
+struct SolveGroup {
+    template <class X, class D, class... Y>
+    ZELM_INLINE unsigned operator()(const Group &group, const X &x, const D &values,
+                                    const Y &...y) const {
+        constexpr bool vectors = sizeof...(Y) != 0;
+        using S = Pair<T>;
+        S a[N][N], d[1][N], e[N], z[vectors ? N : 1][N];
+        load_lanes<T>(a, x, group.first);
+        const unsigned failing = solve_lanes<S, vectors>(a[0], d[0], e, z[0], N);
+        if (group.stores(failing)) [[likely]] {
+            store_lanes<T>(values, group.first, d);
+            if constexpr (vectors) {
+                S v[N][N];
+                unroll<N>(ZELM_EACH(i) {
+                    unroll<N>(ZELM_EACH(j) { v[i][j] = without_signed_zero(z[j][i]); });
+                });
+                (store_lanes<T>(y, group.first, v), ...);
+            }
         }
+        return failing;
     }
-    return failing;
+};
+
+// f(N) for the orders N that have kernels of their own, else otherwise().
+template <class F, class G>
+ZELM_INLINE ZelStatus with_dense_order(int n, const F &f, const G &otherwise) {
+    if (n == 6)
+        return f(std::integral_constant<int, 6>{});
+    return with_order<2, 4>(n, f, otherwise);
 }
 
-// walk(count, allowed, kernel(group, x, d, y), arrays of x, d and y); without vectors y is d.
-template <class T, class Source, class Destination, class F>
-ZELM_INLINE ZelStatus solve_array(const Source &source, const Destination &destination,
-                                  const Values<T> &values, int n, int count, const F &run) {
-    const Footprint from(source, {n, n});
-    if constexpr (wants_vectors<Destination>) {
-        const Shape shape = {n, n};
-        const Footprint to(destination, shape);
-        const Overlap overlap(count, shape, to, from);
-        return run(overlap);
-    } else {
-        const Shape shape = {1, n};
-        const Footprint to(values, shape);
-        const Overlap overlap(count, shape, to, from);
-        return run(overlap);
+// Orders 2 to largest_lane_order in any memory.
+template <class T>
+struct SolveBlock {
+    template <class... Y>
+    unsigned operator()(const Group &group, const Objects &x, const Objects &values,
+                        const Y &...y) const {
+        constexpr bool vectors = sizeof...(Y) != 0;
+        using S = Pair<T>;
+        const int n = x.shape.width;
+        S a[largest_lane_elements], d[largest_lane_order], e[largest_lane_order];
+        S z[vectors ? largest_lane_elements : 1];
+        load_block(a, x, group.first);
+        const unsigned failing = solve_lanes<S, vectors>(a, d, e, z, n);
+        if (group.stores(failing)) {
+            store_block(values, group.first, d);
+            if constexpr (vectors) {
+                for (int i = 0; i < n; ++i)
+                    for (int j = 0; j < n; ++j)
+                        a[i * n + j] = without_signed_zero(z[j * n + i]);
+                (store_block(y, group.first, a), ...);
+            }
+        }
+        return failing;
     }
-}
-
-template <int N, class T, class Destination>
-[[gnu::noinline]] ZelStatus solve_dense_array(const Standard<const T, 2, true> &source,
-                                              const Destination &destination,
-                                              const Values<T> &values, void *buffer, int count) {
-    const auto alone = [&](int k) __attribute__((noinline)) {
-        return y8_ownzelmEigenValuesSym_m(source, destination, values, buffer, N, k);
-    };
-    const auto x = detail::as_dense(walked<N, N>(source));
-    const auto d = detail::as_dense(walked<1, N>(values));
-    return solve_array(
-        source, destination, values, N,
-        count, [&](const auto &overlap) __attribute__((always_inline)) {
-            if constexpr (wants_vectors<Destination>)
-                return walk_groups<T, side_by_side>(
-                    count, overlap,
-                    [](const Group &group, const auto &from, const auto &value, const auto &to)
-                        __attribute__((always_inline)) {
-                            return solve_dense_group<N, T, true>(group, from, value, to);
-                        },
-                    alone, x, d, detail::as_dense(walked<N, N>(destination)));
-            else
-                return walk_groups<T, side_by_side>(
-                    count, overlap,
-                    [](const Group &group, const auto &from, const auto &value)
-                        __attribute__((always_inline)) {
-                            return solve_dense_group<N, T, false>(group, from, value, value);
-                        },
-                    alone, x, d);
-        });
-}
-
-template <class Source, class Destination, class T>
-[[gnu::noinline]] ZelStatus solve_any_array(const Source &source, const Destination &destination,
-                                            const Values<T> &values, void *buffer, int n,
-                                            int count) {
-    constexpr int elements = largest_lane_order * largest_lane_order;
-    const auto alone = [&](int k) __attribute__((noinline)) {
-        return y8_ownzelmEigenValuesSym_m(source, destination, values, buffer, n, k);
-    };
-    const Shape shape = {n, n};
-    const auto x = walked<elements>(source, shape);
-    const auto d = walked<largest_lane_order>(values, {1, n});
-    return solve_array(
-        source, destination, values, n,
-        count, [&](const auto &overlap) __attribute__((always_inline)) {
-            if constexpr (wants_vectors<Destination>)
-                return walk_groups<T, side_by_side>(
-                    count, overlap,
-                    [n](const Group &group, const auto &from, const auto &value, const auto &to)
-                        __attribute__((always_inline)) {
-                            return solve_group<T, true>(group, n, from, value, to);
-                        },
-                    alone, x, d, walked<elements>(destination, shape));
-            else
-                return walk_groups<T, side_by_side>(
-                    count, overlap,
-                    [n](const Group &group, const auto &from, const auto &value)
-                        __attribute__((always_inline)) {
-                            return solve_group<T, false>(group, n, from, value, value);
-                        },
-                    alone, x, d);
-        });
-}
-
-template <class T, bool array>
-ZELM_INLINE bool has_gaps(const Standard<T, 2, array> &op, int n) {
-    return gaps(op, n) != 0;
-}
-ZELM_INLINE bool has_gaps(NoDestination, int) { return false; }
+};
 
 template <class Source, class Destination, class T>
 ZelStatus y8_ownzelmEigenValuesSym_ma(int count, void *buffer, const Source &source,
                                       const Destination &destination, const Values<T> &values,
                                       int n) {
-    if constexpr (std::is_same_v<Source, Standard<const T, 2, true>>)
-        if (!has_gaps(source, n) && !has_gaps(destination, n))
-            switch (n) {
-            case 2:
-                return solve_dense_array<2, T>(source, destination, values, buffer, count);
-            case 3:
-                return solve_dense_array<3, T>(source, destination, values, buffer, count);
-            case 4:
-                return solve_dense_array<4, T>(source, destination, values, buffer, count);
-            case 6:
-                return solve_dense_array<6, T>(source, destination, values, buffer, count);
-            default:
-                break;
-            }
-    if (n >= 2 && n <= largest_lane_order)
-        return solve_any_array(source, destination, values, buffer, n, count);
-    for (int k = 0; k < count; ++k)
-        if (const ZelStatus status =
-                y8_ownzelmEigenValuesSym_m(source, destination, values, buffer, n, k))
-            return status;
-    return zelStatusOk;
+    const auto alone = [&](int k) __attribute__((noinline)) {
+        return y8_ownzelmEigenValuesSym_m(source, destination, values, buffer, n, k);
+    };
+    if (n == 1 || n > largest_lane_order)
+        return walk_singly(count, alone);
+    const Shape shape = {n, n};
+    constexpr int most = largest_lane_elements;
+    const auto x = walked<most>(source, shape);
+    const auto d = walked<largest_lane_order>(values, {1, n});
+    const auto any = [&](const auto &...y) {
+        const Objects *results[] = {&y.objects..., &d.objects};
+        const Overlap overlap(count, *results[0], x.objects);
+        return walk_blocks<T, side_by_side>(count, overlap, SolveBlock<T>{}, alone, x, d, y...);
+    };
+    const auto dense = [&](auto N, const auto &...y) {
+        const Objects *results[] = {&y.objects..., &d.objects};
+        const Overlap overlap(count, *results[0], x.objects);
+        return walk_in<T, Form::dense, side_by_side>(count, overlap, SolveGroup<N, T>{}, alone,
+                                                     walked<N, N>(source), walked<1, N>(values),
+                                                     y...);
+    };
+    if constexpr (wants_vectors<Destination>) {
+        const auto y = walked<most>(destination, shape);
+        return with_dense_order(
+            x.objects.is_dense() && y.objects.is_dense() ? n : 0,
+            [&](auto N) { return dense(N, walked<N, N>(destination)); }, [&] { return any(y); });
+    } else {
+        return with_dense_order(x.objects.is_dense() ? n : 0, dense, any);
+    }
 }
 
 // ---- entries ----

@@ -4,20 +4,12 @@
 
 #include "../frame/elementwise.hpp"
 #include "../frame/overlap.hpp"
-#include "../frame/planes.hpp"
 
 namespace zelm {
 
 struct Unchanged {
     ZELM_INLINE auto operator()(auto x) const { return x; }
 };
-
-template <class D, class S>
-[[gnu::noinline]] bool are_apart(int count, Shape shape, const D &destination, const S &source) {
-    const Footprint to(destination, shape);
-    const Footprint from(source, shape);
-    return Overlap(count, shape, to, from).clear();
-}
 
 // Tables with even distances are strided memory, whose rows move in registers. Vectors are rows:
 // what is compiled for matrices serves them too.
@@ -38,20 +30,14 @@ ZelStatus move_elements(int count, Shape shape, const D &destination, const S &s
             if (is_regular(source, shape, same))
                 return move_elements(count, shape, destination, same);
         }
-        if constexpr (D::is_array && S::is_array && D::has_table + S::has_table < 2 &&
-                      D::is_tabled + S::is_tabled < 2) {
+        if constexpr (D::is_array && S::is_array) {
             // From planes two doubles at a time are slower than lines of single elements.
-            constexpr bool both_ways = sizeof(typename D::Element) == 4;
-            const bool to_planes = planes_and_objects(count, shape, destination, source);
-            if ((to_planes ||
-                 (both_ways && planes_and_objects(count, shape, source, destination))) &&
-                are_apart(count, shape, destination, source)) {
-                if (to_planes)
-                    move_planes_of<true>(count, shape, destination, source);
-                else if constexpr (both_ways)
-                    move_planes_of<false>(count, shape, source, destination);
+            using T = typename D::Element;
+            const Objects from = objects(source, shape), to = objects(destination, shape);
+            if ((to.is_planar() || (from.is_planar() && sizeof(T) == 4)) &&
+                Overlap(count, to, from).clear() &&
+                move_between_planes_and_rows<T>(from, to, count))
                 return zelStatusOk;
-            }
         }
         return y8_ownzelm_elementwise(count, shape, Unchanged{}, destination, source);
     }

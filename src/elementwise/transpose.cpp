@@ -69,10 +69,8 @@ void transpose_squares(int count, const S source, const D destination) {
         if constexpr (N % 2 == 1 && sizeof(T) == sizeof(double)) {
             if constexpr (N == 3 && D::is_array && !D::has_table) { // two make whole registers
                 constexpr Shape shape = {N, N};
-                const Footprint from(source, shape);
-                const Footprint to(destination, shape);
                 if (source.step() == N * row && destination.step() == N * row &&
-                    Overlap(count, shape, to, from).clear())
+                    Overlap(count, objects(destination, shape), objects(source, shape)).clear())
                     for (; n <= count - 2; n += 2)
                         transpose_dense<N, 2>(source.object(n), destination.object(n));
             }

@@ -6,7 +6,7 @@
 #pragma once
 
 #include "interleaved.hpp"
-#include "operand.hpp"
+#include "objects.hpp"
 
 namespace zelm {
 
@@ -28,13 +28,13 @@ struct ComputedRows {
     }
     ZELM_INLINE IndexOf<Lanes<T>> all_lanes(int i) const { return p[i]; }
 };
-// Row numbers by a function of row and lane.
-template <class F>
-struct RowNumbers {
+// The same for as many rows as there are at run time.
+template <class T>
+struct ComputedNumbers {
     static constexpr bool natural = false;
-    const F &number;
+    const IndexOf<Lanes<T>> *p;
 
-    ZELM_INLINE int operator()(int i, int lane) const { return number(i, lane); }
+    ZELM_INLINE int operator()(int i, int lane) const { return static_cast<int>(p[i][lane]); }
 };
 // Row numbers in memory, a row of them for each lane's object.
 template <class T>
@@ -162,16 +162,6 @@ inline constexpr bool loads_registers = Rows::natural || H < lanes_per_register<
 template <class T, class Rows>
 inline constexpr bool stores_registers = Rows::natural || lanes_per_register<T> > 2;
 
-// The lanes' objects of a strided operand.
-template <class T, class Operand, class Byte>
-ZELM_INLINE void lane_objects(Byte *(&base)[lanes_per_register<T>], const Operand &op, int first) {
-    if constexpr (Operand::has_table) {
-        unroll<lanes_per_register<T>>(ZELM_EACH(l) { base[l] = op.object(first + l); });
-    } else {
-        base[0] = op.object(first);
-        unroll<1, lanes_per_register<T>>(ZELM_EACH(l) { base[l] = base[l - 1] + op.step(); });
-    }
-}
 template <class Rows>
 ZELM_INLINE auto row_of(const Rows &rows, int i, int lane) {
     if constexpr (Rows::natural)
@@ -179,6 +169,80 @@ ZELM_INLINE auto row_of(const Rows &rows, int i, int lane) {
     else
         return rows(i, lane);
 }
+
+// The addresses of the lanes' objects.
+template <class T, int H, int W, bool gapless>
+ZELM_INLINE void lane_objects(char *(&base)[lanes_per_register<std::remove_const_t<T>>],
+                              const Dense<T, H, W, gapless> &op, int first) {
+    base[0] = op.object(first);
+    unroll<1, lanes_per_register<std::remove_const_t<T>>>(
+        ZELM_EACH(l) { base[l] = base[l - 1] + op.step(); });
+}
+template <class T, int H, int W>
+ZELM_INLINE void lane_objects(char *(&base)[lanes_per_register<std::remove_const_t<T>>],
+                              const Rows<T, H, W> &op, int first) {
+    constexpr int L = lanes_per_register<std::remove_const_t<T>>;
+    if (op.is_table) {
+        const char *const table = op.base + first * Distance{sizeof(char *)};
+        unroll<L>(ZELM_EACH(l) {
+            base[l] = load<char *>(table + l * Distance{sizeof(char *)}) + op.offset;
+        });
+    } else {
+        base[0] = op.base + first * op.step;
+        unroll<1, L>(ZELM_EACH(l) { base[l] = base[l - 1] + op.step; });
+    }
+}
+
+// Elements (i, j) of all lanes at at(i, j), rows by number.
+template <class T, class Part, int H, int W, class Rows, class At>
+ZELM_INLINE void load_planes(Lanes<T> (&a)[H][W], const Rows &rows, const At &at) {
+    Lanes<T> b[H][W];
+    unroll<H>(ZELM_EACH(i) {
+        unroll<Part::width(i, W)>(ZELM_EACH(j) { b[i][j] = load<Lanes<T>>(at(i, j)); });
+    });
+    if constexpr (Rows::natural)
+        unroll<H>(
+            ZELM_EACH(i) { unroll<Part::width(i, W)>(ZELM_EACH(j) { a[i][j] = b[i][j]; }); });
+    else
+        permute_rows<T, false>(a, b, rows);
+}
+template <class T, class Part, int H, int W, class Rows, class At>
+ZELM_INLINE void store_planes(const Lanes<T> (&a)[H][W], const Rows &rows, const At &at) {
+    Lanes<T> b[H][W];
+    if constexpr (Rows::natural)
+        unroll<H>(
+            ZELM_EACH(i) { unroll<Part::width(i, W)>(ZELM_EACH(j) { b[i][j] = a[i][j]; }); });
+    else
+        permute_rows<T, true>(b, a, rows);
+    unroll<H>(ZELM_EACH(i) {
+        unroll<Part::width(i, W)>(ZELM_EACH(j) { store<Lanes<T>>(at(i, j), b[i][j]); });
+    });
+}
+
+// Row by row, each lane's from base[lane] on.
+template <class T, class Part, int H, int W, class Rows, class Byte>
+ZELM_INLINE void load_rows(Lanes<T> (&a)[H][W], Byte *const (&base)[lanes_per_register<T>],
+                           Distance stride1, const Rows &rows) {
+    unroll<H>(ZELM_EACH(i) {
+        const char *row[lanes_per_register<T>];
+        unroll<lanes_per_register<T>>(
+            ZELM_EACH(l) { row[l] = base[l] + row_of(rows, i, l) * stride1; });
+        load_runs<T, Part::width(i, W)>(a[i], row);
+    });
+}
+template <class T, class Part, int H, int W, class Rows>
+ZELM_INLINE void store_rows(const Lanes<T> (&a)[H][W], char *const (&base)[lanes_per_register<T>],
+                            Distance stride1, const Rows &rows) {
+    unroll<H>(ZELM_EACH(i) {
+        char *row[lanes_per_register<T>];
+        unroll<lanes_per_register<T>>(
+            ZELM_EACH(l) { row[l] = base[l] + row_of(rows, i, l) * stride1; });
+        store_runs<T, Part::width(i, W)>(row, a[i]);
+    });
+}
+// Whether a row holds whole registers, so that an object without gaps is best taken row by row.
+template <class T, int H, int W>
+inline constexpr bool rows_fill_registers = H == 1 || W % lanes_per_register<T> == 0;
 
 } // namespace detail
 
@@ -190,137 +254,200 @@ ZELM_INLINE void load_splat(Lanes<T> (&a)[H][W], const View &v) {
     });
 }
 
+// ---- groups of a fixed shape, in each form ------------------------------------------------------
 // Row i of `a` is row i of each lane's object, or row rows(i, lane); of a Part its elements alone.
 // In dense objects the bytes between these may be read.
-template <class T, class Part = Whole, int H, int W, class Operand, class Rows = NaturalRows<T>>
-ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Operand &op, int first,
+
+template <class T, class Part = Whole, int H, int W, class E, bool gapless,
+          class Rows = NaturalRows<T>>
+ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Dense<E, H, W, gapless> &op, int first,
                             const Rows &rows = {}) {
-    constexpr int L = lanes_per_register<T>;
-    const auto planar = [&](const auto &at) __attribute__((always_inline)) {
-        Lanes<T> b[H][W];
-        unroll<H>(ZELM_EACH(i) {
-            unroll<Part::width(i, W)>(ZELM_EACH(j) { b[i][j] = load<Lanes<T>>(at(i, j)); });
-        });
-        if constexpr (Rows::natural)
-            unroll<H>(
-                ZELM_EACH(i) { unroll<Part::width(i, W)>(ZELM_EACH(j) { a[i][j] = b[i][j]; }); });
-        else
-            detail::permute_rows<T, false>(a, b, rows);
-    };
-    if constexpr (Operand::is_tabled) {
-        Distance lane[L]; // from object 0 to the lanes' objects
-        unroll<L>(ZELM_EACH(l) { lane[l] = (first + l) * op.stride0; });
-        if (detail::loads_registers<T, H, Rows> && op.planar())
-            return planar([&](int i, int j) __attribute__((always_inline)) {
-                return op.at[i * W + j] + lane[0];
+    if constexpr (Rows::natural && H * W == 3)
+        if (op.step() == 3 * Distance{sizeof(T)}) {
+            const char *const at = op.object(first);
+            Lanes<T> t[3];
+            unroll<3>(ZELM_EACH(r) { t[r] = load<Lanes<T>>(at + r * register_bytes); });
+            split_triples(t);
+            unroll<3>(ZELM_EACH(r) { a[r / W][r % W] = t[r]; });
+            return;
+        }
+    char *base[lanes_per_register<T>];
+    detail::lane_objects(base, op, first);
+    if constexpr (Rows::natural)
+        detail::load_runs<T, H * W>(a[0], base);
+    else
+        detail::load_rows<T, Part>(a, base, W * Distance{sizeof(T)}, rows);
+}
+template <class T, class Part = Whole, int H, int W, class E, class Numbers = NaturalRows<T>>
+ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Rows<E, H, W> &op, int first,
+                            const Numbers &rows = {}) {
+    char *base[lanes_per_register<T>];
+    detail::lane_objects(base, op, first);
+    if constexpr (Numbers::natural && !detail::rows_fill_registers<T, H, W>)
+        if (op.stride1 == W * Distance{sizeof(T)})
+            return detail::load_runs<T, H * W>(a[0], base);
+    detail::load_rows<T, Part>(a, base, op.stride1, rows);
+}
+template <class T, class Part = Whole, int H, int W, class E, class Rows = NaturalRows<T>>
+ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Planes<E, H, W, Part> &op, int first,
+                            const Rows &rows = {}) {
+    const Distance offset = first * Distance{sizeof(T)};
+    if constexpr (detail::loads_registers<T, H, Rows>)
+        detail::load_planes<T, Part>(
+            a, rows, [&](int i, int j) __attribute__((always_inline)) {
+                return op.at[i * W + j] + offset;
             });
+    else
         unroll<H>(ZELM_EACH(i) {
             unroll<Part::width(i, W)>(ZELM_EACH(j) {
-                const char *at[L];
-                unroll<L>(
-                    ZELM_EACH(l) { at[l] = op.at[detail::row_of(rows, i, l) * W + j] + lane[l]; });
+                const char *at[lanes_per_register<T>];
+                unroll<lanes_per_register<T>>(ZELM_EACH(l) {
+                    at[l] = op.at[rows(i, l) * W + j] + offset + l * Distance{sizeof(T)};
+                });
                 a[i][j] = detail::gather<T>(at, 0);
             });
         });
-    } else {
-        const auto v = op.view(first);
-        if constexpr (!is_dense<Operand> && detail::loads_registers<T, H, Rows>)
-            if (op.planar())
-                return planar([&](int i, int j)
-                                  __attribute__((always_inline)) { return v.at(i, j); });
-        if constexpr (Rows::natural && H * W == 3 && is_dense<Operand>)
-            if (op.step() == 3 * Distance{sizeof(T)}) {
-                Lanes<T> t[3];
-                unroll<3>(ZELM_EACH(r) { t[r] = load<Lanes<T>>(v.base + r * register_bytes); });
-                split_triples(t);
-                unroll<3>(ZELM_EACH(r) { a[r / W][r % W] = t[r]; });
-                return;
-            }
-        const char *base[L];
-        detail::lane_objects<T>(base, op, first);
-        const bool packed = W == 1 || v.stride2 == Distance{sizeof(T)};
-        if (Rows::natural && packed && (H == 1 || v.stride1 == W * Distance{sizeof(T)})) {
-            detail::load_runs<T, H * W>(a[0], base);
-        } else {
-            unroll<H>(ZELM_EACH(i) {
-                const char *row[L];
-                unroll<L>(
-                    ZELM_EACH(l) { row[l] = base[l] + detail::row_of(rows, i, l) * v.stride1; });
-                constexpr int width = Part::width(i, W);
-                if (packed)
-                    detail::load_runs<T, width>(a[i], row);
-                else
-                    unroll<width>(
-                        ZELM_EACH(j) { a[i][j] = detail::gather<T>(row, j * v.stride2); });
-            });
-        }
-    }
 }
 
 // Row i of `a` goes to row i of each lane's object, or to row rows(i, lane).
-template <class T, class Part = Whole, int H, int W, class Operand, class Rows = NaturalRows<T>>
-ZELM_INLINE void store_lanes(const Operand &op, int first, const Lanes<T> (&a)[H][W],
+template <class T, class Part = Whole, int H, int W, bool gapless, class Rows = NaturalRows<T>>
+ZELM_INLINE void store_lanes(const Dense<T, H, W, gapless> &op, int first, const Lanes<T> (&a)[H][W],
                              const Rows &rows = {}) {
-    constexpr int L = lanes_per_register<T>;
-    const auto planar = [&](const auto &at) __attribute__((always_inline)) {
-        Lanes<T> b[H][W];
-        if constexpr (Rows::natural)
-            unroll<H>(
-                ZELM_EACH(i) { unroll<Part::width(i, W)>(ZELM_EACH(j) { b[i][j] = a[i][j]; }); });
-        else
-            detail::permute_rows<T, true>(b, a, rows);
-        unroll<H>(ZELM_EACH(i) {
-            unroll<Part::width(i, W)>(ZELM_EACH(j) { store<Lanes<T>>(at(i, j), b[i][j]); });
-        });
-    };
-    if constexpr (Operand::is_tabled) {
-        Distance lane[L]; // from object 0 to the lanes' objects
-        unroll<L>(ZELM_EACH(l) { lane[l] = (first + l) * op.stride0; });
-        if (detail::stores_registers<T, Rows> && op.planar())
-            return planar([&](int i, int j) __attribute__((always_inline)) {
-                return op.at[i * W + j] + lane[0];
+    if constexpr (Rows::natural && H * W == 3)
+        if (op.step() == 3 * Distance{sizeof(T)}) {
+            char *const at = op.object(first);
+            Lanes<T> t[3];
+            unroll<3>(ZELM_EACH(r) { t[r] = a[r / W][r % W]; });
+            join_triples(t);
+            unroll<3>(ZELM_EACH(r) { store<Lanes<T>>(at + r * register_bytes, t[r]); });
+            return;
+        }
+    char *base[lanes_per_register<T>];
+    detail::lane_objects(base, op, first);
+    if constexpr (Rows::natural && std::is_same_v<Part, Whole>)
+        detail::store_runs<T, H * W>(base, a[0]);
+    else
+        detail::store_rows<T, Part>(a, base, W * Distance{sizeof(T)}, rows);
+}
+template <class T, class Part = Whole, int H, int W, class Numbers = NaturalRows<T>>
+ZELM_INLINE void store_lanes(const Rows<T, H, W> &op, int first, const Lanes<T> (&a)[H][W],
+                             const Numbers &rows = {}) {
+    char *base[lanes_per_register<T>];
+    detail::lane_objects(base, op, first);
+    if constexpr (Numbers::natural && std::is_same_v<Part, Whole> &&
+                  !detail::rows_fill_registers<T, H, W>)
+        if (op.stride1 == W * Distance{sizeof(T)})
+            return detail::store_runs<T, H * W>(base, a[0]);
+    detail::store_rows<T, Part>(a, base, op.stride1, rows);
+}
+template <class T, class Part = Whole, int H, int W, class Rows = NaturalRows<T>>
+ZELM_INLINE void store_lanes(const Planes<T, H, W, Part> &op, int first,
+                             const Lanes<T> (&a)[H][W], const Rows &rows = {}) {
+    const Distance offset = first * Distance{sizeof(T)};
+    if constexpr (detail::stores_registers<T, Rows>)
+        detail::store_planes<T, Part>(
+            a, rows, [&](int i, int j) __attribute__((always_inline)) {
+                return op.at[i * W + j] + offset;
             });
+    else
         unroll<H>(ZELM_EACH(i) {
             unroll<Part::width(i, W)>(ZELM_EACH(j) {
-                char *at[L];
-                unroll<L>(
-                    ZELM_EACH(l) { at[l] = op.at[detail::row_of(rows, i, l) * W + j] + lane[l]; });
+                char *at[lanes_per_register<T>];
+                unroll<lanes_per_register<T>>(ZELM_EACH(l) {
+                    at[l] = op.at[rows(i, l) * W + j] + offset + l * Distance{sizeof(T)};
+                });
                 detail::scatter<T>(at, 0, a[i][j]);
             });
         });
+}
+
+// ---- groups whose form is known at run time -----------------------------------------------------
+
+// One object in each of L lanes: an address for each, the same signed distances in all.
+template <class T, int L = lanes_per_register<std::remove_const_t<T>>>
+struct LaneObjects {
+    using Type = T;
+    using Element = std::remove_const_t<T>;
+
+    ByteOf<T> *at[L];
+    Distance stride1, stride2;
+    bool is_planar; // the lanes' elements are adjacent
+
+    ZELM_INLINE StridedView<T> view(int lane) const { return {at[lane], stride1, stride2}; }
+    // Of the lanes from `lane` on.
+    template <int fewer>
+    ZELM_INLINE LaneObjects<T, fewer> part(int lane) const {
+        LaneObjects<T, fewer> p;
+        for (int l = 0; l < fewer; ++l)
+            p.at[l] = at[lane + l];
+        p.stride1 = stride1;
+        p.stride2 = stride2;
+        p.is_planar = is_planar;
+        return p;
+    }
+    // Rows and columns exchanged.
+    ZELM_INLINE LaneObjects transposed() const {
+        LaneObjects t = *this;
+        t.stride1 = stride2;
+        t.stride2 = stride1;
+        return t;
+    }
+    // Column j as a matrix of one column.
+    ZELM_INLINE LaneObjects column(int j) const {
+        LaneObjects c = *this;
+        for (auto &p : c.at)
+            p += j * stride2;
+        return c;
+    }
+};
+
+template <class T, class Part = Whole, int H, int W, class E, class Rows = NaturalRows<T>>
+ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const LaneObjects<E> &op, int,
+                            const Rows &rows = {}) {
+    if constexpr (detail::loads_registers<T, H, Rows>)
+        if (op.is_planar)
+            return detail::load_planes<T, Part>(
+                a, rows, [&](int i, int j) __attribute__((always_inline)) {
+                    return op.view(0).at(i, j);
+                });
+    const bool adjacent = W == 1 || op.stride2 == Distance{sizeof(T)};
+    if (Rows::natural && adjacent && (H == 1 || op.stride1 == W * Distance{sizeof(T)})) {
+        detail::load_runs<T, H * W>(a[0], op.at);
+    } else if (adjacent) {
+        detail::load_rows<T, Part>(a, op.at, op.stride1, rows);
     } else {
-        const auto v = op.view(first);
-        if constexpr (!is_dense<Operand> && detail::stores_registers<T, Rows>)
-            if (op.planar())
-                return planar([&](int i, int j)
-                                  __attribute__((always_inline)) { return v.at(i, j); });
-        if constexpr (Rows::natural && H * W == 3 && is_dense<Operand>)
-            if (op.step() == 3 * Distance{sizeof(T)}) {
-                Lanes<T> t[3];
-                unroll<3>(ZELM_EACH(r) { t[r] = a[r / W][r % W]; });
-                join_triples(t);
-                unroll<3>(ZELM_EACH(r) { store<Lanes<T>>(v.base + r * register_bytes, t[r]); });
-                return;
-            }
-        char *base[L];
-        detail::lane_objects<T>(base, op, first);
-        const bool packed = W == 1 || v.stride2 == Distance{sizeof(T)};
-        if (Rows::natural && std::is_same_v<Part, Whole> && packed &&
-            (H == 1 || v.stride1 == W * Distance{sizeof(T)})) {
-            detail::store_runs<T, H * W>(base, a[0]);
-        } else {
-            unroll<H>(ZELM_EACH(i) {
-                char *row[L];
-                unroll<L>(
-                    ZELM_EACH(l) { row[l] = base[l] + detail::row_of(rows, i, l) * v.stride1; });
-                constexpr int width = Part::width(i, W);
-                if (packed)
-                    detail::store_runs<T, width>(row, a[i]);
-                else
-                    unroll<width>(
-                        ZELM_EACH(j) { detail::scatter<T>(row, j * v.stride2, a[i][j]); });
-            });
-        }
+        unroll<H>(ZELM_EACH(i) {
+            const char *row[lanes_per_register<T>];
+            unroll<lanes_per_register<T>>(
+                ZELM_EACH(l) { row[l] = op.at[l] + detail::row_of(rows, i, l) * op.stride1; });
+            unroll<Part::width(i, W)>(
+                ZELM_EACH(j) { a[i][j] = detail::gather<T>(row, j * op.stride2); });
+        });
+    }
+}
+template <class T, class Part = Whole, int H, int W, class Rows = NaturalRows<T>>
+ZELM_INLINE void store_lanes(const LaneObjects<T> &op, int, const Lanes<T> (&a)[H][W],
+                             const Rows &rows = {}) {
+    if constexpr (detail::stores_registers<T, Rows>)
+        if (op.is_planar)
+            return detail::store_planes<T, Part>(
+                a, rows, [&](int i, int j) __attribute__((always_inline)) {
+                    return op.view(0).at(i, j);
+                });
+    const bool adjacent = W == 1 || op.stride2 == Distance{sizeof(T)};
+    if (Rows::natural && std::is_same_v<Part, Whole> && adjacent &&
+        (H == 1 || op.stride1 == W * Distance{sizeof(T)})) {
+        detail::store_runs<T, H * W>(op.at, a[0]);
+    } else if (adjacent) {
+        detail::store_rows<T, Part>(a, op.at, op.stride1, rows);
+    } else {
+        unroll<H>(ZELM_EACH(i) {
+            char *row[lanes_per_register<T>];
+            unroll<lanes_per_register<T>>(
+                ZELM_EACH(l) { row[l] = op.at[l] + detail::row_of(rows, i, l) * op.stride1; });
+            unroll<Part::width(i, W)>(
+                ZELM_EACH(j) { detail::scatter<T>(row, j * op.stride2, a[i][j]); });
+        });
     }
 }
 
@@ -329,7 +456,10 @@ template <class T, class Part = Whole, int n, int H, int W, class Operand>
 ZELM_INLINE void load_lanes(Interleaved<Lanes<T>, n> (&a)[H][W], const Operand &op, int first) {
     unroll<n>(ZELM_EACH(r) {
         Lanes<T> part[H][W];
-        load_lanes<T, Part>(part, op, first + r * lanes_per_register<T>);
+        if constexpr (requires { op.is_planar; })
+            load_lanes<T, Part>(part, op.template part<lanes_per_register<T>>(r * lanes_per_register<T>), 0);
+        else
+            load_lanes<T, Part>(part, op, first + r * lanes_per_register<T>);
         unroll<H>(ZELM_EACH(i) {
             unroll<Part::width(i, W)>(ZELM_EACH(j) { a[i][j].r[r] = part[i][j]; });
         });
@@ -343,7 +473,10 @@ ZELM_INLINE void store_lanes(const Operand &op, int first,
         unroll<H>(ZELM_EACH(i) {
             unroll<Part::width(i, W)>(ZELM_EACH(j) { part[i][j] = a[i][j].r[r]; });
         });
-        store_lanes<T, Part>(op, first + r * lanes_per_register<T>, part);
+        if constexpr (requires { op.is_planar; })
+            store_lanes<T, Part>(op.template part<lanes_per_register<T>>(r * lanes_per_register<T>), 0, part);
+        else
+            store_lanes<T, Part>(op, first + r * lanes_per_register<T>, part);
     });
 }
 
@@ -378,50 +511,12 @@ ZELM_INLINE void store_numbers(const Index &index, int first, const IndexOf<Lane
     }
 }
 
-// ---- orders known at run time -------------------------------------------------------------------
 
-// K elements of one row of every lane's object, from column j on; the row by number.
-template <class T, int K, class Operand, class Rows = NaturalRows<T>>
-ZELM_INLINE void load_row(Lanes<T> (&a)[K], const Operand &op, int first, Shape shape, int i, int j,
-                          const Rows &rows = {}) {
-    constexpr int L = lanes_per_register<T>;
-    if constexpr (!Operand::is_array) {
-        const auto v = view(op, 0, shape);
-        unroll<K>(
-            ZELM_EACH(e) { a[e] = splat<Lanes<T>>(get(v, detail::row_of(rows, i, 0), j + e)); });
-    } else {
-        const char *at[L];
-        if (K == 1 || rows_adjacent(op)) {
-            unroll<L>(ZELM_EACH(l) {
-                at[l] = view(op, first + l, shape).at(detail::row_of(rows, i, l), j);
-            });
-            return detail::load_runs<T, K>(a, at);
-        }
-        unroll<K>(ZELM_EACH(e) {
-            unroll<L>(ZELM_EACH(l) {
-                at[l] = view(op, first + l, shape).at(detail::row_of(rows, i, l), j + e);
-            });
-            a[e] = detail::gather<T>(at, 0);
-        });
-    }
-}
-template <class T, int K, class Operand, class Rows = NaturalRows<T>>
-ZELM_INLINE void store_row(const Operand &op, int first, Shape shape, int i, int j,
-                           const Lanes<T> (&a)[K], const Rows &rows = {}) {
-    constexpr int L = lanes_per_register<T>;
-    char *at[L];
-    if (K == 1 || rows_adjacent(op)) {
-        unroll<L>(
-            ZELM_EACH(l) { at[l] = view(op, first + l, shape).at(detail::row_of(rows, i, l), j); });
-        return detail::store_runs<T, K>(at, a);
-    }
-    unroll<K>(ZELM_EACH(e) {
-        unroll<L>(ZELM_EACH(l) {
-            at[l] = view(op, first + l, shape).at(detail::row_of(rows, i, l), j + e);
-        });
-        detail::scatter<T>(at, 0, a[e]);
-    });
-}
+// ---- groups of a shape known at run time: row by row in registers' memory -----------------------
+
+// The largest order whose objects fit the stack, one in each lane: 4 KiB of narrow registers.
+inline constexpr int largest_lane_order = 16;
+inline constexpr int largest_lane_elements = largest_lane_order * largest_lane_order;
 
 // f(j, K) over from ... to - 1 in steps of a register's lanes, then of one: K is a constant.
 template <class T, class F>
@@ -432,6 +527,136 @@ ZELM_INLINE void in_steps(int from, int to, const F &f) {
         f(j, std::integral_constant<int, L>{});
     for (; j < to; ++j)
         f(j, std::integral_constant<int, 1>{});
+}
+
+// K elements of one row of every lane's object, from column j on; the row by number.
+template <class T, int K, class E, class Rows = NaturalRows<T>>
+ZELM_INLINE void load_row(Lanes<T> (&a)[K], const LaneObjects<E> &o, int i, int j,
+                          const Rows &rows = {}) {
+    constexpr int L = lanes_per_register<T>;
+    const Distance across = j * o.stride2;
+    const char *at[L];
+    unroll<L>(ZELM_EACH(l) {
+        at[l] = o.at[l] + detail::row_of(rows, i, l) * o.stride1 + across;
+    });
+    if (Rows::natural && o.is_planar)
+        unroll<K>(ZELM_EACH(k) { a[k] = load<Lanes<T>>(at[0] + k * o.stride2); });
+    else if (K == 1 || o.stride2 == Distance{sizeof(T)})
+        detail::load_runs<T, K>(a, at);
+    else
+        unroll<K>(ZELM_EACH(k) { a[k] = detail::gather<T>(at, k * o.stride2); });
+}
+template <class T, int K, class Rows = NaturalRows<T>>
+ZELM_INLINE void store_row(const LaneObjects<T> &o, int i, int j, const Lanes<T> (&a)[K],
+                           const Rows &rows = {}) {
+    constexpr int L = lanes_per_register<T>;
+    const Distance across = j * o.stride2;
+    char *at[L];
+    unroll<L>(ZELM_EACH(l) {
+        at[l] = o.at[l] + detail::row_of(rows, i, l) * o.stride1 + across;
+    });
+    if (Rows::natural && o.is_planar)
+        unroll<K>(ZELM_EACH(k) { store<Lanes<T>>(at[0] + k * o.stride2, a[k]); });
+    else if (K == 1 || o.stride2 == Distance{sizeof(T)})
+        detail::store_runs<T, K>(at, a);
+    else
+        unroll<K>(ZELM_EACH(k) { detail::scatter<T>(at, k * o.stride2, a[k]); });
+}
+
+namespace detail {
+
+// The lanes' objects, first ... first + lanes - 1, of strided memory or a layout.
+template <class T>
+ZELM_INLINE LaneObjects<T> lane_objects(const Objects &o, int first) {
+    LaneObjects<T> lanes;
+    unroll<lanes_per_register<std::remove_const_t<T>>>(
+        ZELM_EACH(l) { lanes.at[l] = o.object(first + l); });
+    lanes.stride1 = o.stride1;
+    lanes.stride2 = o.stride2;
+    lanes.is_planar = o.is_planar();
+    return lanes;
+}
+// The addresses of an element in the pointer description.
+template <class T, class Byte, class Rows>
+ZELM_INLINE void entries(Byte *(&at)[lanes_per_register<T>], const Objects &o, int first, int i,
+                         int j, const Rows &rows) {
+    unroll<lanes_per_register<T>>(
+        ZELM_EACH(l) { at[l] = o.entry(row_of(rows, i, l), j) + (first + l) * o.step; });
+}
+// Register r of S, which is one or several.
+template <class S>
+ZELM_INLINE auto &register_of(S &x, int r) {
+    if constexpr (requires { x.r[0]; })
+        return x.r[r];
+    else
+        return x;
+}
+
+} // namespace detail
+
+// Row i of `a`, as long as the objects' rows, is row i of each lane's object, or row
+// rows(i, lane); of a Part its elements alone.
+template <class S, class Rows = NaturalRows<ElementOf<S>>>
+[[gnu::noinline]] void load_block(S *a, const Objects &o, int first, const Rows &rows = {}) {
+    using T = ElementOf<S>;
+    constexpr int L = lanes_per_register<T>;
+    const Shape shape = o.shape;
+    for (int r = 0; r < lanes_of<S> / L; ++r, first += L) {
+        if (o.description == Description::pointer) {
+            for (int i = 0; i < shape.height; ++i)
+                for (int j = 0; j < o.width(i); ++j) {
+                    const char *at[L];
+                    detail::entries<T>(at, o, first, i, j, rows);
+                    detail::register_of(a[i * shape.width + j], r) =
+                        Rows::natural && o.is_planar() ? load<Lanes<T>>(at[0])
+                                                       : detail::gather<T>(at, 0);
+                }
+            continue;
+        }
+        const auto lanes = detail::lane_objects<const T>(o, first);
+        for (int i = 0; i < shape.height; ++i)
+            in_steps<T>(
+                0, o.width(i), [&](int j, auto K) __attribute__((always_inline)) {
+                    Lanes<T> run[decltype(K)::value];
+                    load_row<T>(run, lanes, i, j, rows);
+                    unroll<decltype(K)::value>(ZELM_EACH(k) {
+                        detail::register_of(a[i * shape.width + j + k], r) = run[k];
+                    });
+                });
+    }
+}
+// Row i of `a` goes to row i of each lane's object, or to row rows(i, lane).
+template <class S, class Rows = NaturalRows<ElementOf<S>>>
+[[gnu::noinline]] void store_block(const Objects &o, int first, const S *a,
+                                   const Rows &rows = {}) {
+    using T = ElementOf<S>;
+    constexpr int L = lanes_per_register<T>;
+    const Shape shape = o.shape;
+    for (int r = 0; r < lanes_of<S> / L; ++r, first += L) {
+        if (o.description == Description::pointer) {
+            for (int i = 0; i < shape.height; ++i)
+                for (int j = 0; j < o.width(i); ++j) {
+                    char *at[L];
+                    const Lanes<T> x = detail::register_of(a[i * shape.width + j], r);
+                    detail::entries<T>(at, o, first, i, j, rows);
+                    if (Rows::natural && o.is_planar())
+                        store<Lanes<T>>(at[0], x);
+                    else
+                        detail::scatter<T>(at, 0, x);
+                }
+            continue;
+        }
+        const auto lanes = detail::lane_objects<T>(o, first);
+        for (int i = 0; i < shape.height; ++i)
+            in_steps<T>(
+                0, o.width(i), [&](int j, auto K) __attribute__((always_inline)) {
+                    Lanes<T> run[decltype(K)::value];
+                    unroll<decltype(K)::value>(ZELM_EACH(k) {
+                        run[k] = detail::register_of(a[i * shape.width + j + k], r);
+                    });
+                    store_row<T>(lanes, i, j, run, rows);
+                });
+    }
 }
 
 } // namespace zelm

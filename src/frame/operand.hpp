@@ -243,20 +243,6 @@ struct IndexRows {
     ZELM_INLINE IndexRows from(int first) const { return {row(first), length}; }
 };
 
-// An array in the pointer description, of one fixed shape, with the address of every element of
-// object 0 worked out once: entry i*width + j.
-template <class T, int elements>
-struct Resolved {
-    using Type = T;
-    using Element = std::remove_const_t<T>;
-    static constexpr bool is_array = true, is_tabled = true, has_table = false;
-
-    ByteOf<T> *at[elements];
-    Distance stride0;
-
-    ZELM_INLINE bool planar() const { return stride0 == Distance{sizeof(T)}; }
-};
-
 // One object of any operand; strided views need no shape.
 template <class Operand>
 ZELM_INLINE auto view(const Operand &op, int n, [[maybe_unused]] Shape s) {
@@ -316,49 +302,6 @@ inline constexpr Description description_of = Operand::is_tabled   ? Description
                                               : Operand::has_table ? Description::layout
                                                                    : Description::standard;
 
-// An array whose objects, of one fixed shape, have no gaps inside, nor between them if `gapless`.
-template <class T, int H, int W, bool gapless = false>
-struct Dense {
-    using Type = T;
-    using Element = std::remove_const_t<T>;
-    static constexpr bool is_array = true, is_tabled = false, has_table = false;
-
-    ByteOf<T> *base;
-    Distance stride0;
-
-    ZELM_INLINE Distance step() const { return gapless ? H * W * Distance{sizeof(T)} : stride0; }
-    ZELM_INLINE ByteOf<T> *object(int n) const { return base + n * step(); }
-    ZELM_INLINE StridedView<T> view(int n) const {
-        return {object(n), W * Distance{sizeof(T)}, sizeof(T)};
-    }
-};
-
-// An array of which the same element of consecutive objects is adjacent.
-template <class T>
-struct Planar {
-    using Type = T;
-    using Element = std::remove_const_t<T>;
-    static constexpr bool is_array = true, is_tabled = false, has_table = false;
-
-    ByteOf<T> *base;
-    Distance stride1, stride2;
-
-    ZELM_INLINE static constexpr Distance step() { return sizeof(T); }
-    ZELM_INLINE static constexpr bool planar() { return true; }
-    ZELM_INLINE ByteOf<T> *object(int n) const { return base + n * step(); }
-    ZELM_INLINE StridedView<T> view(int n) const { return {object(n), stride1, stride2}; }
-};
-
-template <class Operand>
-inline constexpr bool is_planar = false;
-template <class T>
-inline constexpr bool is_planar<Planar<T>> = true;
-
-template <class Operand>
-inline constexpr bool is_dense = false;
-template <class T, int H, int W, bool gapless>
-inline constexpr bool is_dense<Dense<T, H, W, gapless>> = true;
-
 // A strided operand of a fixed shape without gaps, inside the objects nor between those of an
 // array: the distances are known to the compiler.
 template <class Operand, int H, int W>
@@ -382,22 +325,6 @@ struct Gapless {
 template <int H, int W, class Operand>
 ZELM_INLINE Gapless<Operand, H, W> as_gapless(const Operand &op) {
     return {op};
-}
-
-// The operand as lane kernels of a fixed shape take it.
-template <int H, int W, class Part = Whole, class Operand>
-ZELM_INLINE auto resolved(const Operand &op) {
-    if constexpr (Operand::is_tabled) {
-        Resolved<typename Operand::Type, H * W> r;
-        const auto v = op.view(0, {H, W});
-        for (int i = 0; i < H; ++i)
-            for (int j = 0; j < W; ++j)
-                r.at[i * W + j] = j < Part::width(i, W) ? v.at(i, j) : nullptr;
-        r.stride0 = op.step();
-        return r;
-    } else {
-        return op;
-    }
 }
 
 // A table whose entries are rows and columns at even distances says the same as two strides.

@@ -4,16 +4,20 @@
 // There is one commit rule. A kernel stores its group when no lane fails; a group that is not full,
 // or in which a lane has failed, is computed on the stage and the objects before the first failure
 // are copied back. Then the failing object is done alone, to leave it as a failure leaves it.
+//
+// A kernel is a type of its own, so that it is compiled once for each form and not for each
+// description. All else is compiled once (walk.cpp).
 #pragma once
 
+#include "lane_access.hpp"
 #include "overlap.hpp"
-#include "stage.hpp"
 
+#include <algorithm>
 #include <tuple>
 
 namespace zelm {
 
-// Where a kernel's group stands: objects first ... first + lanes - 1 of the operands it is given.
+// Where a kernel's group stands: objects first ... first + lanes - 1 of the arrays it is given.
 struct Group {
     int first;
     bool staged;
@@ -27,187 +31,253 @@ struct GroupOf : Group {
     static constexpr int registers = n;
 };
 
-// An array operand of a walk, its objects' shape and the most elements that one can have. H and W
-// are 0 where the shape is known at run time only.
-template <class Operand, int elements, int H = 0, int W = 0, class Part = Whole>
+// ---- the arrays of a walk -----------------------------------------------------------------------
+
+enum class Form { dense, gapless, rows, planes };
+
+// Of a fixed shape: the kernel gets them in the form that it is compiled for.
+template <class T, int H, int W, class Part>
 struct Walked {
-    template <int registers>
-    using Stage = zelm::Stage<Operand, elements, Part, registers>;
-    Operand operand;
-    Shape shape;
+    static constexpr int most_elements = H * W;
+    Objects objects;
+
+    template <Form form>
+    ZELM_INLINE static auto operand(const Objects &o) {
+        if constexpr (form == Form::dense || form == Form::gapless)
+            return Dense<T, H, W, form == Form::gapless>(o);
+        else if constexpr (form == Form::rows)
+            return Rows<T, H, W>(o);
+        else
+            return Planes<T, H, W, Part>(o);
+    }
 };
+// Of a shape known at run time, of up to `elements`: load_block and store_block take them.
+template <int elements>
+struct WalkedBlocks {
+    static constexpr int most_elements = elements;
+    Objects objects;
+
+    template <Form>
+    ZELM_INLINE static const Objects &operand(const Objects &o) {
+        return o;
+    }
+};
+// Row numbers, and results that are scalars, in every form alike.
+template <class Int, int length>
+struct WalkedNumbers {
+    static constexpr int most_elements = length;
+    Objects objects;
+
+    template <Form>
+    ZELM_INLINE static IndexRows<Int> operand(const Objects &o) {
+        return {reinterpret_cast<Int *>(o.base), static_cast<int>(o.step / Distance{sizeof(Int)})};
+    }
+};
+template <class T>
+struct WalkedScalars {
+    static constexpr int most_elements = 1;
+    Objects objects;
+
+    template <Form>
+    ZELM_INLINE static Scalars<T> operand(const Objects &o) {
+        return {reinterpret_cast<T *>(o.base)};
+    }
+};
+
 template <int H, int W, class Part = Whole, class Operand>
-ZELM_INLINE auto walked(const Operand &op) {
-    const auto r = resolved<H, W, Part>(op);
-    return Walked<std::remove_const_t<decltype(r)>, H * W, H, W, Part>{r, {H, W}};
+ZELM_INLINE Walked<typename Operand::Type, H, W, Part> walked(const Operand &op) {
+    return {objects<Part>(op, {H, W})};
 }
 template <int elements, class Part = Whole, class Operand>
-ZELM_INLINE auto walked(const Operand &op, Shape shape) {
-    return Walked<Operand, elements, 0, 0, Part>{op, shape};
+ZELM_INLINE WalkedBlocks<elements> walked(const Operand &op, Shape shape) {
+    return {objects<Part>(op, shape)};
 }
-
-namespace detail {
-// Standard objects of a fixed shape may turn out dense; row numbers and scalars always are.
-template <class W>
-inline constexpr bool may_be_dense = false;
-template <class T, int rank, int elements, int H, int W, class Part>
-inline constexpr bool may_be_dense<Walked<Standard<T, rank, true>, elements, H, W, Part>> = H != 0;
-template <class Int, int elements>
-inline constexpr bool may_be_dense<Walked<IndexRows<Int>, elements>> = true;
+template <int length, class Int>
+ZELM_INLINE WalkedNumbers<Int, length> walked(const IndexRows<Int> &op, int n) {
+    return {objects(op, {1, n})};
+}
 template <class T>
-inline constexpr bool may_be_dense<Walked<Scalars<T>, 1, 1, 1>> = true;
+ZELM_INLINE WalkedScalars<T> walked(const Scalars<T> &op) {
+    return {objects(op, {1, 1})};
+}
 
-template <class Operand, int elements, int H, int W, class Part>
-ZELM_INLINE bool dense_now(const Walked<Operand, elements, H, W, Part> &w) {
-    return has_dense_objects(w.operand, {H, W});
+// ---- what is compiled once ----------------------------------------------------------------------
+
+// A kernel, compiled for a form: does groups from object *first on until one has failing lanes,
+// which it returns as bits; *first is then the first object of that group, or of the last one.
+struct Kernel {
+    unsigned (*run)(const void *context, const Objects *arrays, int *first, int groups,
+                    bool staged);
+    const void *context;
+    int lanes; // objects in a group
+};
+// Does one object alone and returns its status.
+struct Single {
+    ZelStatus (*run)(const void *context, int object);
+    const void *context;
+    ZELM_INLINE ZelStatus operator()(int object) const { return run(context, object); }
+};
+
+inline constexpr int most_arrays = 4;
+
+// The arrays, and room on the stack for the objects of a block of each.
+struct Staged {
+    int arrays;
+    const Objects *array;
+    char *const *room;
+    int objects; // in a room
+};
+
+// In `form`, where all arrays have it.
+ZelStatus walk_groups(int count, const Overlap &allowed, const Kernel &kernel, const Single &single,
+                      Form form, const Staged &staged);
+// By planes, where arrays that are not planar pass through the stage.
+ZelStatus walk_staged(int count, const Overlap &allowed, const Kernel &kernel, const Single &single,
+                      const Staged &staged);
+
+template <class F>
+ZELM_INLINE Single single_of(const F &f) {
+    return {[](const void *context, int object) {
+                return (*static_cast<const F *>(context))(object);
+            },
+            &f};
 }
-template <class Int, int elements>
-ZELM_INLINE bool dense_now(const Walked<IndexRows<Int>, elements> &) {
-    return true;
-}
-template <bool gapless = false, class T, int rank, int elements, int H, int W, class Part>
-ZELM_INLINE auto as_dense(const Walked<Standard<T, rank, true>, elements, H, W, Part> &w) {
-    return Walked<Dense<T, H, W, gapless>, elements, H, W, Part>{
-        {w.operand.object(0), w.operand.step()}, w.shape};
-}
-template <bool gapless = false, class Int, int elements>
-ZELM_INLINE auto as_dense(const Walked<IndexRows<Int>, elements> &w) {
-    return w;
-}
-template <bool gapless = false, class T>
-ZELM_INLINE auto as_dense(const Walked<Scalars<T>, 1, 1, 1> &w) {
-    return w;
-}
-template <class T, int rank, int elements, int H, int W, class Part>
-ZELM_INLINE bool planar_now(const Walked<Standard<T, rank, true>, elements, H, W, Part> &w) {
-    return w.operand.planar();
-}
-template <class T, int rank, int elements, int H, int W, class Part>
-ZELM_INLINE auto as_planar(const Walked<Standard<T, rank, true>, elements, H, W, Part> &w) {
-    const auto v = w.operand.view(0);
-    return Walked<Planar<T>, elements, H, W, Part>{{v.base, v.stride1, v.stride2}, w.shape};
-}
-} // namespace detail
 
 // Objects 0 ... count - 1 one by one, up to the first that fails.
-template <class Single>
-ZELM_INLINE ZelStatus walk_singly(int count, const Single &single) {
+template <class F>
+ZELM_INLINE ZelStatus walk_singly(int count, const F &single) {
     for (int n = 0; n < count; ++n)
         if (const ZelStatus status = single(n))
             return status;
     return zelStatusOk;
 }
 
-// Groups begin at multiples of the lanes as long as no object fails.
-template <class T, int registers = 1, class Allowed, class Kernel, class Single, class... Arrays>
-ZELM_INLINE ZelStatus walk_groups(int count, const Allowed &allowed, const Kernel &kernel,
-                                  const Single &single, const Arrays &...arrays) {
-    constexpr int L = registers * lanes_per_register<T>;
-    std::tuple<typename Arrays::template Stage<registers>...> stages;
-    std::tuple operands(arrays.operand...);
-    const auto each = [&](const auto &f) {
-        [&]<std::size_t... k>(std::index_sequence<k...>) {
-            (f(std::get<k>(stages), arrays, std::get<k>(operands)), ...);
-        }
-        (std::index_sequence_for<Arrays...>{});
-    };
+// ---- kernels of a form --------------------------------------------------------------------------
 
-    bool failed_before = false; // and so computed once more, on the stage
-    for (int n = 0; n < count;) {
-        const int live = count - n < L ? count - n : L;
-        if (live == 1 || !allowed.clear(n, live)) [[unlikely]] {
-            if (const ZelStatus status = walk_singly(live, [&](int l) { return single(n + l); }))
-                return status;
-            n += live;
-            continue;
-        }
-        GroupOf<registers> group = {{n, live < L || failed_before}};
-        if (group.staged) [[unlikely]] {
-            group.first = 0;
-            each([&](auto &stage, const auto &array, auto &operand) {
-                operand = stage.enter(array.operand, array.shape, n, live);
-            });
-        }
-        // Where all objects are clear, the full groups that follow ask nothing more.
-        int more = !group.staged && allowed.clear() ? (count - n) / L - 1 : 0;
+namespace detail {
+
+template <class T, Form form, int registers, class F, class... Arrays>
+unsigned run_groups(const void *context, const Objects *arrays, int *first, int groups,
+                    bool staged) {
+    const F &f = *static_cast<const F *>(context);
+    return [&]<std::size_t... k>(std::index_sequence<k...>) {
+        const std::tuple operands(Arrays::template operand<form>(arrays[k])...);
+        GroupOf<registers> group = {{*first, staged}};
         unsigned failing;
         for (;;) {
-            failing = std::apply(
-                [&](const auto &...o)
-                    __attribute__((always_inline)) { return kernel(group, o...); },
-                operands);
-            if (failing != 0 || more-- == 0) [[unlikely]]
+            failing = f(group, std::get<k>(operands)...);
+            if (failing != 0 || --groups == 0) [[unlikely]]
                 break;
-            group.first = n += L;
+            group.first += registers * lanes_per_register<T>;
         }
-        if (!group.staged) {
-            if (failing == 0) {
-                n += L;
-                continue;
-            }
-            failed_before = true;
-            // Nothing, but a branch: a select would have the next group's addresses wait for this
-            // group's result.
-            __asm__ volatile("");
-            continue;
-        }
-        const int first_failing = failing == 0 ? L : __builtin_ctz(failing);
-        const int commit = first_failing < live ? first_failing : live;
-        each([&](auto &stage, const auto &array, auto &operand) {
-            stage.leave(array.operand, array.shape, n, commit);
-            operand = array.operand;
-        });
-        failed_before = false;
-        n += commit;
-        if (commit < live) {
-            if (const ZelStatus status = single(n))
-                return status;
-            ++n;
-        }
+        *first = group.first;
+        return failing;
     }
-    return zelStatusOk;
+    (std::index_sequence_for<Arrays...>{});
+}
+template <class T, Form form, int registers, class... Arrays, class F>
+ZELM_INLINE Kernel kernel_of(const F &f) {
+    return {run_groups<T, form, registers, F, Arrays...>, &f, registers * lanes_per_register<T>};
 }
 
+// Of a block: up to 2 KiB, one group at least.
+template <class T, int elements>
+inline constexpr int objects_in_room = [] {
+    constexpr int L = lanes_per_register<T>, most = 2048 / (elements * int{sizeof(T)}) / L * L;
+    return most > 64 ? 64 : most < L ? L : most;
+}();
+
+template <int bytes>
+struct Room {
+    Room() {} // not set to zero
+    alignas(8) char bytes_[bytes];
+};
+
+// f(the arrays with their rooms)
+template <class T, int objects, class F, class... Arrays>
+ZELM_INLINE ZelStatus with_rooms(const F &f, const Arrays &...array) {
+    const Objects arrays[] = {array.objects...};
+    std::tuple<Room<objects * Arrays::most_elements * int{sizeof(T)}>...> rooms;
+    return std::apply(
+        [&](auto &...r) __attribute__((always_inline)) {
+            char *const room[] = {r.bytes_...};
+            return f(Staged{sizeof...(Arrays), arrays, room, objects});
+        },
+        rooms);
+}
+
+} // namespace detail
+
+// ---- walks --------------------------------------------------------------------------------------
+//
 // kernel(group, operands...) returns the failing lanes as bits; single(n) does object n in the
-// arrays and returns its status; `allowed` tells which objects may be worked on at once. Where all
-// objects are dense the kernel is compiled for that, without a question asked in the loop. A group
-// is as many objects as `registers` registers have lanes, or where objects are not dense, as many
-// as `elsewhere` have. With `planes` the kernel is compiled for planar objects too.
-template <class T, int registers = 1, int elsewhere = registers, bool planes = false, class Allowed,
-          class Kernel, class Single, class... Arrays>
-ZELM_INLINE ZelStatus walk(int count, const Allowed &allowed, const Kernel &kernel,
-                           const Single &single, const Arrays &...arrays) {
-    if constexpr ((detail::may_be_dense<Arrays> && ...))
-        if ((detail::dense_now(arrays) && ...))
-            return walk_groups<T, registers>(count, allowed, kernel, single,
-                                             detail::as_dense(arrays)...);
-    if constexpr (planes && (detail::may_be_dense<Arrays> && ...))
-        if ((detail::planar_now(arrays) && ...))
-            return walk_groups<T, elsewhere>(count, allowed, kernel, single,
-                                             detail::as_planar(arrays)...);
-    return walk_groups<T, elsewhere>(count, allowed, kernel, single, arrays...);
+// arrays and returns its status; `allowed` tells which objects may be worked on at once. A group is
+// as many objects as `registers` registers have lanes.
+
+// In one form, which all arrays have.
+template <class T, Form form, int registers = 1, class F, class G, class... Arrays>
+ZELM_INLINE ZelStatus walk_in(int count, const Overlap &allowed, const F &kernel, const G &single,
+                              const Arrays &...array) {
+    return detail::with_rooms<T, registers * lanes_per_register<T>>(
+        [&](const Staged &arrays) __attribute__((always_inline)) {
+            return walk_groups(count, allowed,
+                               detail::kernel_of<T, form, registers, Arrays...>(kernel),
+                               single_of(single), form, arrays);
+        },
+        array...);
 }
 
-// The same for a kernel that never fails and for one that takes a few instructions per group: dense
-// objects pass in a bare loop, those behind the last full group singly.
-template <class T, class Allowed, class Kernel, class Single, class... Arrays>
-ZELM_INLINE ZelStatus walk_lightly(int count, const Allowed &allowed, const Kernel &kernel,
-                                   const Single &single, const Arrays &...arrays) {
-    if constexpr ((detail::may_be_dense<Arrays> && ...))
-        if (allowed.clear() && (detail::dense_now(arrays) && ...)) {
-            constexpr int L = lanes_per_register<T>;
-            const int full = count - count % L;
-            const auto pass = [&](const auto... dense) __attribute__((always_inline)) {
-                for (int n = 0; n < full; n += L)
-                    kernel(Group{n, false}, dense.operand...);
-            };
-            if ((is_gapless(arrays.operand, arrays.shape) && ...))
-                pass(detail::as_dense<true>(arrays)...);
-            else
-                pass(detail::as_dense(arrays)...);
-            return walk_singly(count - full, [&](int n) { return single(full + n); });
-        }
-    return walk_groups<T>(count, allowed, kernel, single, arrays...);
+// By planes, whatever the arrays are.
+template <class T, class F, class G, class... Arrays>
+ZELM_INLINE ZelStatus walk_by_planes(int count, const Overlap &allowed, const F &kernel,
+                                     const G &single, const Arrays &...array) {
+    constexpr int largest = (std::max)({Arrays::most_elements...});
+    return detail::with_rooms<T, detail::objects_in_room<T, largest>>(
+        [&](const Staged &arrays) __attribute__((always_inline)) {
+            return walk_staged(count, allowed,
+                               detail::kernel_of<T, Form::planes, 1, Arrays...>(kernel),
+                               single_of(single), arrays);
+        },
+        array...);
+}
+
+// In the form that the arrays have. Groups of dense objects may have several registers.
+template <class T, int registers_of_dense = 1, class F, class G, class... Arrays>
+ZELM_INLINE ZelStatus walk(int count, const Overlap &allowed, const F &kernel, const G &single,
+                           const Arrays &...array) {
+    if ((array.objects.is_dense() && ...))
+        return walk_in<T, Form::dense, registers_of_dense>(count, allowed, kernel, single,
+                                                           array...);
+    if ((array.objects.has_adjacent_rows() && ...) && !(array.objects.is_direct_plane() && ...))
+        return walk_in<T, Form::rows>(count, allowed, kernel, single, array...);
+    return walk_by_planes<T>(count, allowed, kernel, single, array...);
+}
+
+// Of shapes known at run time.
+template <class T, int registers = 1, class F, class G, class... Arrays>
+ZELM_INLINE ZelStatus walk_blocks(int count, const Overlap &allowed, const F &kernel,
+                                  const G &single, const Arrays &...array) {
+    return walk_in<T, Form::rows, registers>(count, allowed, kernel, single, array...);
+}
+
+// For a kernel that never fails and takes a few instructions per group: dense objects pass in a
+// bare loop, those behind the last full group singly.
+template <class T, class F, class G, class... Arrays>
+ZELM_INLINE ZelStatus walk_lightly(int count, const Overlap &allowed, const F &kernel,
+                                   const G &single, const Arrays &...array) {
+    constexpr int L = lanes_per_register<T>;
+    if (!allowed.clear() || !(array.objects.is_dense() && ...))
+        return walk<T>(count, allowed, kernel, single, array...);
+    int first = 0;
+    if (count >= L) {
+        const Objects arrays[] = {array.objects...};
+        const Kernel run = (array.objects.is_gapless() && ...)
+                               ? detail::kernel_of<T, Form::gapless, 1, Arrays...>(kernel)
+                               : detail::kernel_of<T, Form::dense, 1, Arrays...>(kernel);
+        run.run(run.context, arrays, &first, count / L, false);
+    }
+    const int done = count - count % L;
+    return walk_singly(count - done, [&](int n) { return single(done + n); });
 }
 
 } // namespace zelm

@@ -24,33 +24,34 @@ ZELM_INLINE MaskOf<S> transform(const S (&m)[4][4], S (&p)[3]) {
     return divides;
 }
 
+struct TransformGroup {
+    Lanes<float> matrix[4][4];
+    unsigned &divided; // the lanes in which no division has failed
+
+    template <class X, class Y>
+    ZELM_INLINE unsigned operator()(const Group &group, const X &x, const Y &y) const {
+        Lanes<float> p[1][3];
+        load_lanes<float>(p, x, group.first);
+        divided &= lane_bits(transform(matrix, p[0]));
+        store_lanes<float>(y, group.first, p);
+        return 0;
+    }
+};
+
 template <class Matrix, class Vector, class Result>
 ZelStatus y8_ownzelmAffineTransform3DH_mva_32f(int count, const Matrix &matrix, const Vector &v,
                                                const Result &result) {
     using S = Lanes<float>;
     float m[4][4];
-    S splats[4][4];
     const auto elements = matrix.view(0);
-    unroll<4>(ZELM_EACH(i) {
-        unroll<4>(ZELM_EACH(j) {
-            m[i][j] = get(elements, i, j);
-            splats[i][j] = splat<S>(m[i][j]);
-        });
-    });
-    const Shape shape = {1, 3};
-    const Footprint from(v, shape);
-    const Footprint to(result, shape);
-    const Overlap overlap(count, shape, to, from);
-    unsigned divided = ~0u; // the lanes in which no division has failed
+    unsigned divided = ~0u;
+    TransformGroup kernel = {{}, divided};
+    unroll<4>(ZELM_EACH(i) { unroll<4>(ZELM_EACH(j) { m[i][j] = get(elements, i, j); }); });
+    load_splat<float>(kernel.matrix, elements);
+    const auto from = walked<1, 3>(v);
+    const auto to = walked<1, 3>(result);
     walk<float>(
-        count, overlap,
-        [&](const Group &group, const auto &x, const auto &y) __attribute__((always_inline)) {
-            S p[1][3];
-            load_lanes<float>(p, x, group.first);
-            divided &= lane_bits(transform<S>(splats, p[0]));
-            store_lanes<float>(y, group.first, p);
-            return 0u;
-        },
+        count, Overlap(count, to.objects, from.objects), kernel,
         [&](int n) __attribute__((noinline)) {
             float p[3];
             unroll<3>(ZELM_EACH(i) { p[i] = get(v.view(n), 0, i); });
@@ -59,7 +60,7 @@ ZelStatus y8_ownzelmAffineTransform3DH_mva_32f(int count, const Matrix &matrix, 
             unroll<3>(ZELM_EACH(i) { put(result.view(n), 0, i, p[i]); });
             return zelStatusOk; // the vectors behind a failure are done all the same
         },
-        walked<1, 3>(v), walked<1, 3>(result));
+        from, to);
     return (divided & all_lanes<S>) == all_lanes<S> ? zelStatusOk : zelStatusDivByZero;
 }
 

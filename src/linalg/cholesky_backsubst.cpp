@@ -1,11 +1,11 @@
 #include "cholesky.hpp"
+#include "substitution.hpp"
 
 #include "../frame/checks.hpp"
 #include "../frame/element_at.hpp"
 #include "../frame/estimate.hpp"
 #include "../frame/member.hpp"
 #include "../frame/parallel.hpp"
-#include "../frame/walk.hpp"
 
 namespace zelm {
 namespace {
@@ -53,116 +53,33 @@ ZelStatus y8_ownzelmCholeskyBackSubst_mv(const Factor &factor, const Vector &b, 
 
 // ---- arrays ----
 
-// One factor beside an array of vectors is loaded once, into every lane.
-template <int N, class Factor, class Vector, class Result, class Allowed>
-void solve_array(const Factor &factor, const Vector &b, const Result &x, int count,
-                 const Allowed &allowed) {
-    using T = typename Vector::Element;
-    using S = Lanes<T>;
-    const auto solve = [](const Group &group, const S(&f)[N][N], const auto &from, const auto &to)
-        __attribute__((always_inline)) {
-        S v[1][N];
-        load_lanes<T>(v, from, group.first);
-        substitute_cholesky<N>(f, v[0]);
-        store_lanes<T>(to, group.first, v);
-        return 0u;
-    };
-    const auto alone = [&](int n) __attribute__((noinline)) {
-        return y8_ownzelmCholeskyBackSubst_mv(factor, b, x, N, n);
-    };
-    if constexpr (Factor::is_array) {
-        walk<T>(
-            count, allowed,
-            [&](const Group &group, const auto &f, const auto &v, const auto &y)
-                __attribute__((always_inline)) {
-                    S own[N][N];
-                    load_lanes<T, LowerTriangle>(own, f, group.first);
-                    return solve(group, own, v, y);
-                },
-            alone, walked<N, N, LowerTriangle>(factor), walked<1, N>(b), walked<1, N>(x));
-    } else {
-        S a[N][N];
-        load_splat<T, LowerTriangle>(a, view(factor, 0, {N, N}));
-        walk<T>(
-            count, allowed,
-            [&](const Group &group, const auto &v, const auto &y)
-                __attribute__((always_inline)) { return solve(group, a, v, y); },
-            alone, walked<1, N>(b), walked<1, N>(x));
-    }
-}
+struct Factored {
+    using Part = LowerTriangle;
 
-// Any other order: x grows in registers' memory.
-template <int largest, class Factor, class Vector, class Result, class Allowed>
-void solve_array(int n, const Factor &factor, const Vector &b, const Result &x, int count,
-                 const Allowed &allowed) {
-    using T = typename Vector::Element;
-    using S = Lanes<T>;
-    const Shape shape = {n, n}, row = {1, n};
-    const auto solve = [&](const Group &group, const auto &element, const auto &from,
-                           const auto &to) __attribute__((always_inline)) {
-        S y[largest];
-        const auto all = [&](const auto &f) __attribute__((always_inline)) {
-            in_steps<T>(
-                0, n, [&](int j, auto K) __attribute__((always_inline)) {
-                    f(j, *reinterpret_cast<S(*)[K]>(y + j));
-                });
-        };
-        all([&](int j, auto &part) __attribute__((always_inline)) {
-            load_row<T>(part, from, group.first, row, 0, j);
-        });
-        substitute_cholesky<S>(n, element, [&](int i) -> S & { return y[i]; });
-        all([&](int j, auto &part)
-                __attribute__((always_inline)) { store_row<T>(to, group.first, row, 0, j, part); });
-        return 0u;
+    template <int N, class S>
+    struct Prepared {
+        S f[N][N];
+        ZELM_INLINE void prepare() {}
+        ZELM_INLINE void solve(S (&x)[N]) const { substitute_cholesky<N>(f, x); }
     };
-    const auto alone = [&](int k) __attribute__((noinline)) {
-        return y8_ownzelmCholeskyBackSubst_mv(factor, b, x, n, k);
+    template <class S, int>
+    struct PreparedBlock {
+        template <class F>
+        void prepare(Shape, const F &) {}
+        template <class F>
+        void solve(Shape shape, const F &f, S *x) const {
+            substitute_cholesky<S>(shape.width, f, [&](int i) -> S & { return x[i]; });
+        }
     };
-    const auto from = walked<largest>(b, row);
-    const auto to = walked<largest>(x, row);
-    if constexpr (Factor::is_array)
-        walk<T>(
-            count, allowed,
-            [&](const Group &group, const auto &f, const auto &v, const auto &y) {
-                S a[largest * largest];
-                for (int i = 0; i < n; ++i)
-                    in_steps<T>(
-                        0, i + 1, [&](int j, auto K) __attribute__((always_inline)) {
-                            load_row<T>(*reinterpret_cast<S(*)[K]>(a + i * n + j), f, group.first,
-                                        shape, i, j);
-                        });
-                return solve(
-                    group, [&](int i, int k) { return a[i * n + k]; }, v, y);
-            },
-            alone, walked<largest * largest, LowerTriangle>(factor, shape), from, to);
-    else
-        walk<T>(
-            count, allowed,
-            [&](const Group &group, const auto &v, const auto &y) {
-                const auto f = view(factor, 0, shape);
-                return solve(
-                    group, [&](int i, int k) { return splat<S>(get(f, i, k)); }, v, y);
-            },
-            alone, from, to);
-}
+};
 
 template <class Factor, class Vector, class Result>
 ZelStatus y8_ownzelmCholeskyBackSubst(int count, const Factor &factor, const Vector &b,
                                       const Result &x, int n) {
-    const Footprint factors(factor, {n, n}, LowerTriangle{});
-    const Footprint from(b, {1, n});
-    const Footprint to(x, {1, n});
-    const Overlap overlap(count, {1, n}, to, factors, from);
-    with_order<3, 6>(
-        n, [&](auto N) { solve_array<N>(factor, b, x, count, overlap); },
-        [&] {
-            // The stage holds whole factors, or vectors alone.
-            constexpr int largest = Factor::is_array ? 16 : 256;
-            if (n <= largest)
-                return solve_array<largest>(n, factor, b, x, count, overlap);
-            walk_singly(count,
-                        [&](int k) { return y8_ownzelmCholeskyBackSubst_mv(factor, b, x, n, k); });
-        });
+    const auto alone = [&](int k) __attribute__((noinline)) {
+        return y8_ownzelmCholeskyBackSubst_mv(factor, b, x, n, k);
+    };
+    solve_arrays<Factored>(count, {n, n}, factor, b, x, alone);
     return zelStatusOk;
 }
 

@@ -56,80 +56,54 @@ ZelStatus y8_ownzelmCholeskyDecomp_m(const Source &source, const Destination &de
 // where the processor does not get as far as the next group by itself.
 constexpr int side_by_side = 2;
 
-template <int N, class Source, class Destination>
-ZelStatus factor_array(const Source &source, const Destination &destination, int count) {
-    using T = typename Source::Element;
-    const Shape shape = {N, N};
-    const Footprint from(source, shape, LowerTriangle{});
-    const Footprint to(destination, shape, LowerTriangle{});
-    const Overlap overlap(count, shape, to, from);
-    return walk<T, side_by_side, 1>(
-        count, overlap,
-        [](const auto &group, const auto &x, const auto &y) __attribute__((always_inline)) {
-            LanesOf<T, decltype(group)> a[N][N];
-            load_lanes<T, LowerTriangle>(a, x, group.first);
-            const unsigned failing = lane_bits(factor_cholesky<N>(a, [](int, int) {}));
-            if (group.stores(failing)) [[likely]]
-                store_lanes<T, LowerTriangle>(y, group.first, a);
-            return failing;
-        },
-        [&](int n) __attribute__((noinline)) {
-            return y8_ownzelmCholeskyDecomp_m(source, destination, N, n);
-        },
-        walked<N, N, LowerTriangle>(source), walked<N, N, LowerTriangle>(destination));
-}
+template <int N, class T>
+struct FactorGroup {
+    template <class G, class X, class Y>
+    ZELM_INLINE unsigned operator()(const G &group, const X &x, const Y &y) const {
+        LanesOf<T, G> a[N][N];
+        load_lanes<T, LowerTriangle>(a, x, group.first);
+        const unsigned failing = lane_bits(factor_cholesky<N>(a, [](int, int) {}));
+        if (group.stores(failing)) [[likely]]
+            store_lanes<T, LowerTriangle>(y, group.first, a);
+        return failing;
+    }
+};
 
-constexpr int largest_lane_order = 16; // 4 KiB of registers
-
-template <class Source, class Destination>
-ZelStatus factor_array(int n, const Source &source, const Destination &destination, int count) {
-    using T = typename Source::Element;
-    using S = Lanes<T>;
-    constexpr int elements = largest_lane_order * largest_lane_order;
-    const Shape shape = {n, n};
-    const Footprint from(source, shape, LowerTriangle{});
-    const Footprint to(destination, shape, LowerTriangle{});
-    const Overlap overlap(count, shape, to, from);
-    return walk<T>(
-        count, overlap,
-        [&](const Group &group, const auto &x, const auto &y) {
-            S a[elements];
-            const auto all = [&](const auto &f) __attribute__((always_inline)) {
-                for (int i = 0; i < n; ++i)
-                    in_steps<T>(
-                        0, i + 1, [&](int j, auto K) __attribute__((always_inline)) {
-                            f(i, j, *reinterpret_cast<S(*)[K]>(a + i * n + j));
-                        });
-            };
-            all([&](int i, int j, auto &part) __attribute__((always_inline)) {
-                load_row<T>(part, x, group.first, shape, i, j);
-            });
-            const unsigned failing = lane_bits(factor_cholesky<S>(a, n));
-            if (group.stores(failing))
-                all([&](int i, int j, auto &part) __attribute__((always_inline)) {
-                    store_row<T>(y, group.first, shape, i, j, part);
-                });
-            return failing;
-        },
-        [&](int k) __attribute__((noinline)) {
-            return y8_ownzelmCholeskyDecomp_m(source, destination, n, k);
-        },
-        walked<elements, LowerTriangle>(source, shape),
-        walked<elements, LowerTriangle>(destination, shape));
-}
+// Any other order up to largest_lane_order.
+template <class T>
+struct FactorBlock {
+    unsigned operator()(const Group &group, const Objects &x, const Objects &y) const {
+        Lanes<T> a[largest_lane_elements];
+        load_block(a, x, group.first);
+        const unsigned failing = lane_bits(factor_cholesky<Lanes<T>>(a, x.shape.width));
+        if (group.stores(failing))
+            store_block(y, group.first, a);
+        return failing;
+    }
+};
 
 template <class Source, class Destination>
 ZelStatus y8_ownzelmCholeskyDecomp_ma(int count, const Source &source,
                                       const Destination &destination, int n) {
+    using T = typename Source::Element;
+    using Part = LowerTriangle;
+    const auto single = [&](int k) __attribute__((noinline)) {
+        return y8_ownzelmCholeskyDecomp_m(source, destination, n, k);
+    };
+    if (n == 1 || n > largest_lane_order)
+        return walk_singly(count, single);
+    const Shape shape = {n, n};
+    const auto x = walked<largest_lane_elements, Part>(source, shape);
+    const auto y = walked<largest_lane_elements, Part>(destination, shape);
+    const Overlap overlap(count, y.objects, x.objects);
     return with_order<3, 6>(
-        n, [&](auto N) { return factor_array<N>(source, destination, count); },
-        [&] {
-            if (n > 1 && n <= largest_lane_order)
-                return factor_array(n, source, destination, count);
-            return walk_singly(count, [&](int k) {
-                return y8_ownzelmCholeskyDecomp_m(source, destination, n, k);
-            });
-        });
+        n,
+        [&](auto N) {
+            return walk<T, side_by_side>(count, overlap, FactorGroup<N, T>{}, single,
+                                         walked<N, N, Part>(source),
+                                         walked<N, N, Part>(destination));
+        },
+        [&] { return walk_blocks<T>(count, overlap, FactorBlock<T>{}, single, x, y); });
 }
 
 template <class Source, class Destination>

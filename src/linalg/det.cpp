@@ -37,51 +37,32 @@ T y8_ownzelmDet_m(const Source &source, int n, int object, void *buffer) {
         });
 }
 
-template <int N, class Source, class T, class Single>
-void det_array(const Source &source, const Scalars<T> &results, int count, const Single &single) {
-    const Footprint from(source, {N, N});
-    const Footprint to(results, {1, 1});
-    const Overlap overlap(count, {1, 1}, to, from);
-    walk<T>(
-        count, overlap,
-        [](const Group &group, const auto &x, const auto &y) __attribute__((always_inline)) {
-            Lanes<T> a[N][N];
-            load_lanes<T>(a, x, group.first);
-            store<Lanes<T>>(y.object(group.first), determinant(a));
-            return 0u;
-        },
-        single, walked<N, N>(source), walked<1, 1>(results));
-}
+template <int N, class T>
+struct DetGroup {
+    template <class X>
+    ZELM_INLINE unsigned operator()(const Group &group, const X &x, const Scalars<T> &y) const {
+        Lanes<T> a[N][N];
+        load_lanes<T>(a, x, group.first);
+        store<Lanes<T>>(y.object(group.first), determinant(a));
+        return 0;
+    }
+};
 
-constexpr int largest_lane_order = 16; // 4 KiB of registers
 static_assert(largest_lane_order <= largest_lane_elimination);
 
-template <class Source, class T, class Single>
-void det_array(int n, const Source &source, const Scalars<T> &results, int count,
-               const Single &single) {
-    using S = Lanes<T>;
-    constexpr int elements = largest_lane_order * largest_lane_order;
-    const Shape shape = {n, n};
-    const T threshold = elimination_threshold<T>(n);
-    const Footprint from(source, shape);
-    const Footprint to(results, {1, 1});
-    const Overlap overlap(count, {1, 1}, to, from);
-    walk<T>(
-        count, overlap,
-        [&](const Group &group, const auto &x, const auto &y) {
-            S a[elements];
-            for (int i = 0; i < n; ++i)
-                in_steps<T>(
-                    0, n, [&](int j, auto K) __attribute__((always_inline)) {
-                        load_row<T>(*reinterpret_cast<S(*)[K]>(a + i * n + j), x, group.first,
-                                    shape, i, j);
-                    });
-            const auto found = eliminate_lanes<OfDeterminant>(a, n, threshold);
-            store<S>(y.object(group.first), result(found, threshold));
-            return 0u;
-        },
-        single, walked<elements>(source, shape), walked<1, 1>(results));
-}
+// Any other order up to largest_lane_order.
+template <class T>
+struct DetBlock {
+    unsigned operator()(const Group &group, const Objects &x, const Scalars<T> &y) const {
+        Lanes<T> a[largest_lane_elements];
+        const int n = x.shape.width;
+        const T threshold = elimination_threshold<T>(n);
+        load_block(a, x, group.first);
+        const auto found = eliminate_lanes<OfDeterminant>(a, n, threshold);
+        store<Lanes<T>>(y.object(group.first), result(found, threshold));
+        return 0;
+    }
+};
 
 template <class Source, class T>
 ZelStatus y8_ownzelmDet_ma(void *buffer, int count, const Source &source, const Scalars<T> &results,
@@ -90,15 +71,17 @@ ZelStatus y8_ownzelmDet_ma(void *buffer, int count, const Source &source, const 
         store<T>(results.object(k), y8_ownzelmDet_m<T>(source, n, k, buffer));
         return zelStatusOk;
     };
-    with_order<3, 6>(
-        n, [&](auto N) { det_array<N>(source, results, count, single); },
-        [&] {
-            if (n <= largest_lane_order)
-                det_array(n, source, results, count, single);
-            else
-                walk_singly(count, single);
-        });
-    return zelStatusOk;
+    if (n > largest_lane_order)
+        return walk_singly(count, single);
+    const auto x = walked<largest_lane_elements>(source, {n, n});
+    const auto y = walked(results);
+    const Overlap overlap(count, y.objects, x.objects);
+    return with_order<3, 6>(
+        n,
+        [&](auto N) {
+            return walk<T>(count, overlap, DetGroup<N, T>{}, single, walked<N, N>(source), y);
+        },
+        [&] { return walk_blocks<T>(count, overlap, DetBlock<T>{}, single, x, y); });
 }
 
 template <class Source, class T>

@@ -65,26 +65,30 @@ inline constexpr bool by_pairs = sizeof(T) == 4 && N == 4;
 template <int N>
 constexpr int in_turn = N <= 4 ? 2 : 1;
 
+template <int N, class T>
+struct InvertGroup {
+    template <class G, class X, class Y>
+    ZELM_INLINE unsigned operator()(const G &group, const X &x, const Y &y) const {
+        return invert_group<N, T>(
+            group, x, y, [](auto &inverse, const auto &a) __attribute__((always_inline)) {
+                return lane_bits(invert(inverse, a));
+            },
+            [](unsigned failing) {
+                constexpr unsigned even = 0x55555555;
+                return by_pairs<T, N> ? failing | (failing & even) << 1 | (failing & ~even) >> 1
+                                      : failing;
+            });
+    }
+};
+
 template <int N, class Source, class Destination>
 ZelStatus invert_array(const Source &source, const Destination &destination, int count) {
     using T = typename Source::Element;
-    const Shape shape = {N, N};
-    const Footprint from(source, shape);
-    const Footprint to(destination, shape);
-    const Overlap overlap(count, shape, to, from);
-    return walk<T, in_turn<N>, 1>(
-        count, overlap,
-        [](const auto &group, const auto &x, const auto &y) __attribute__((always_inline)) {
-            return invert_group<N, T>(
-                group, x, y, [](auto &inverse, const auto &a) __attribute__((always_inline)) {
-                    return lane_bits(invert(inverse, a));
-                },
-                [](unsigned failing) {
-                    constexpr unsigned even = 0x55555555;
-                    return by_pairs<T, N> ? failing | (failing & even) << 1 | (failing & ~even) >> 1
-                                          : failing;
-                });
-        },
+    constexpr Shape shape = {N, N};
+    const auto x = walked<N, N>(source);
+    const auto y = walked<N, N>(destination);
+    return walk<T, in_turn<N>>(
+        count, Overlap(count, y.objects, x.objects), InvertGroup<N, T>{},
         [&](int n) __attribute__((noinline)) {
             if constexpr (by_pairs<T, N>)
                 if (n % 2 == 0 && count - n > 1) { // the other one is not yet inverted
@@ -96,7 +100,7 @@ ZelStatus invert_array(const Source &source, const Destination &destination, int
                 }
             return invert_object<N, T>(view(source, n, shape), view(destination, n, shape));
         },
-        walked<N, N>(source), walked<N, N>(destination));
+        x, y);
 }
 
 // ---- kernels and entries ----

@@ -91,8 +91,6 @@ template <class T, int largest, class Source, class Destination>
 
 // ---- far from all thresholds ----
 
-inline constexpr int largest_elimination_in_lanes = 16; // the order; 4 KiB of registers
-
 // f of x(from) ... x(to - 1), in halves: none waits for all before it.
 template <int from, int to, class X, class F>
 ZELM_INLINE auto in_halves(const X &x, const F &f) {
@@ -118,7 +116,7 @@ inline constexpr int largest_exponent = sizeof(T) == 4 ? 126 : 1022;
 template <class S, class IsFar, class Replace>
 ZELM_INLINE void redo_small_minors(const S *a, int n, MaskOf<S> lanes, const IsFar &far,
                                    const Replace &replace) {
-    constexpr int largest = largest_elimination_in_lanes - 1;
+    constexpr int largest = largest_lane_order - 1;
     const ElementOf<S> threshold = elimination_threshold<ElementOf<S>>(n);
     for (int i = 0; i < n; ++i)
         for (int j = 0; j < n; ++j) {
@@ -205,13 +203,12 @@ template <class T>
 class LaneInverse {
 public:
     using S = Lanes<T>;
-    static constexpr int largest = largest_elimination_in_lanes, elements = largest * largest;
 
     explicit LaneInverse(int n) : n_(n) {}
 
-    // Element (i, j) of the matrix, and of its inverse.
-    ZELM_INLINE S &source(int i, int j) { return source_[i * n_ + j]; }
-    ZELM_INLINE S result(int i, int j) const { return result_[i * n_ + j]; }
+    // The matrix and its inverse, n x n, row by row.
+    ZELM_INLINE S *source() { return source_; }
+    ZELM_INLINE const S *result() const { return result_; }
 
     // Returns the lanes that are not far from thresholds, as bits.
     unsigned invert() {
@@ -245,8 +242,8 @@ private:
     // Column k of what is reduced is column number[k] of the inverse, lane by lane.
     Elimination<S> reduce() {
         auto found = Elimination<S>::none();
-        IndexOf<S> number[largest];
-        S f[largest];
+        IndexOf<S> number[largest_lane_order];
+        S f[largest_lane_order];
         for (int i = 0; i < n_; ++i)
             number[i] = splat_index<S>(i);
         for (int k = 0; k < n_; ++k) {
@@ -276,7 +273,7 @@ private:
             });
     }
 
-    S source_[elements], work_[elements], result_[elements];
+    S source_[largest_lane_elements], work_[largest_lane_elements], result_[largest_lane_elements];
     int n_;
 };
 
@@ -287,12 +284,12 @@ template <class T, class Source, class Destination>
     LaneInverse<T> m(n);
     for (int i = 0; i < n; ++i)
         for (int j = 0; j < n; ++j)
-            m.source(i, j) = splat<Lanes<T>>(get(from, i, j));
+            m.source()[i * n + j] = splat<Lanes<T>>(get(from, i, j));
     if (m.invert() != 0)
         return false;
     for (int i = 0; i < n; ++i)
         for (int j = 0; j < n; ++j)
-            put(to, i, j, m.result(i, j)[0]);
+            put(to, i, j, m.result()[i * n + j][0]);
     return true;
 }
 
@@ -305,7 +302,7 @@ ZelStatus invert_general(const Source &source, const Destination &destination, i
     const auto by_cofactors = [&](auto largest) __attribute__((always_inline)) {
         return invert_by_cofactors<T, largest>(n, from, to, static_cast<char *>(buffer));
     };
-    constexpr std::integral_constant<int, largest_elimination_in_lanes> small;
+    constexpr std::integral_constant<int, largest_lane_order> small;
     constexpr std::integral_constant<int, largest_cofactors_in_lanes> large;
     // The object in every lane.
     return with_order<2, 4>(
@@ -322,80 +319,54 @@ ZelStatus invert_general(const Source &source, const Destination &destination, i
             return zelStatusOk;
         },
         [&]() __attribute__((always_inline)) {
-            if (n > largest_elimination_in_lanes)
+            if (n > largest_lane_order)
                 return by_cofactors(large);
             return invert_by_elimination<T>(n, from, to) ? zelStatusOk : by_cofactors(small);
         });
 }
 
-template <int N, class Source, class Destination, class Single>
-ZelStatus invert_array_general(const Source &source, const Destination &destination, int count,
-                               const Single &single) {
-    using T = typename Source::Element;
-    const Shape shape = {N, N};
-    const Footprint from(source, shape);
-    const Footprint to(destination, shape);
-    const Overlap overlap(count, shape, to, from);
-    return walk<T, 1, 1, true>(
-        count, overlap,
-        [](const auto &group, const auto &x, const auto &y) __attribute__((always_inline)) {
-            return invert_group<N, T>(
-                group, x, y, [](auto &inverse, const auto &a) __attribute__((always_inline)) {
-                    return invert_far_from_thresholds(inverse, a);
-                },
-                [](unsigned failing) { return failing; });
-        },
-        single, walked<N, N>(source), walked<N, N>(destination));
-}
-
-template <class Source, class Destination, class Single>
-ZelStatus invert_array_general(int n, const Source &source, const Destination &destination,
-                               int count, const Single &single) {
-    using T = typename Source::Element;
-    constexpr int elements = LaneInverse<T>::elements;
-    const Shape shape = {n, n};
-    const Footprint from(source, shape);
-    const Footprint to(destination, shape);
-    const Overlap overlap(count, shape, to, from);
-    return walk<T>(
-        count, overlap,
-        [&](const Group &group, const auto &x, const auto &y) __attribute__((noinline)) {
-            LaneInverse<T> m(n);
-            const auto in_runs = [&](const auto &f) __attribute__((always_inline)) {
-                for (int i = 0; i < n; ++i)
-                    in_steps<T>(
-                        0, n, [&](int j, auto K) __attribute__((always_inline)) { f(i, j, K); });
-            };
-            in_runs([&](int i, int j, auto K) __attribute__((always_inline)) {
-                Lanes<T> run[K];
-                load_row<T>(run, x, group.first, shape, i, j);
-                unroll<K>(ZELM_EACH(e) { m.source(i, j + e) = run[e]; });
-            });
-            const unsigned near = m.invert();
-            if (group.stores(near))
-                in_runs([&](int i, int j, auto K) __attribute__((always_inline)) {
-                    Lanes<T> run[K];
-                    unroll<K>(ZELM_EACH(e) { run[e] = m.result(i, j + e); });
-                    store_row<T>(y, group.first, shape, i, j, run);
-                });
-            return near;
-        },
-        single, walked<elements>(source, shape), walked<elements>(destination, shape));
-}
+template <int N, class T>
+struct InvertFarGroup {
+    template <class G, class X, class Y>
+    ZELM_INLINE unsigned operator()(const G &group, const X &x, const Y &y) const {
+        return invert_group<N, T>(
+            group, x, y, [](auto &inverse, const auto &a) __attribute__((always_inline)) {
+                return invert_far_from_thresholds(inverse, a);
+            },
+            [](unsigned failing) { return failing; });
+    }
+};
+template <class T>
+struct InvertFarBlock {
+    unsigned operator()(const Group &group, const Objects &x, const Objects &y) const {
+        LaneInverse<T> m(x.shape.width);
+        load_block(m.source(), x, group.first);
+        const unsigned near = m.invert();
+        if (group.stores(near))
+            store_block(y, group.first, m.result());
+        return near;
+    }
+};
 
 template <class Source, class Destination>
 ZelStatus invert_array_general(const Source &source, const Destination &destination, int n,
                                int count, void *buffer) {
+    using T = typename Source::Element;
     const auto single = [&](int k) __attribute__((noinline)) {
         return invert_general(source, destination, n, k, buffer);
     };
+    if (n > largest_lane_order)
+        return walk_singly(count, single);
+    const auto x = walked<largest_lane_elements>(source, {n, n});
+    const auto y = walked<largest_lane_elements>(destination, {n, n});
+    const Overlap overlap(count, y.objects, x.objects);
     return with_order<2, 4>(
-        n, [&](auto N) { return invert_array_general<N>(source, destination, count, single); },
-        [&] {
-            if (n > largest_elimination_in_lanes)
-                return walk_singly(count, single);
-            return invert_array_general(n, source, destination, count, single);
-        });
+        n,
+        [&](auto N) {
+            return walk<T>(count, overlap, InvertFarGroup<N, T>{}, single, walked<N, N>(source),
+                           walked<N, N>(destination));
+        },
+        [&] { return walk_blocks<T>(count, overlap, InvertFarBlock<T>{}, single, x, y); });
 }
 
 } // namespace zelm

@@ -57,4 +57,19 @@ ZELM_INLINE void substitute(const S (&f)[N][N], S (&x)[N]) {
     });
 }
 
+// The same for an order known at run time: factor(i, j) is an element of the factor.
+template <class S, class Factor>
+ZELM_INLINE void substitute(int n, const Factor &factor, S *x) {
+    const auto subtract = [&](int i, int first, int last) __attribute__((always_inline)) {
+        S value = x[i];
+        for (int j = first; j < last; ++j)
+            value = value - factor(i, j) * x[j];
+        return value;
+    };
+    for (int i = 1; i < n; ++i)
+        x[i] = subtract(i, 0, i);
+    for (int i = n - 1; i >= 0; --i)
+        x[i] = subtract(i, i + 1, n) / factor(i, i);
+}
+
 } // namespace zelm

@@ -1,10 +1,10 @@
 #include "lu.hpp"
+#include "substitution.hpp"
 
 #include "../frame/checks.hpp"
 #include "../frame/estimate.hpp"
 #include "../frame/member.hpp"
 #include "../frame/parallel.hpp"
-#include "../frame/walk.hpp"
 
 namespace zelm {
 namespace {
@@ -54,126 +54,33 @@ ZelStatus y8_ownzelmLUBackSubst_mv(const Factor &factor, const int *index, const
 
 // ---- arrays ----
 
-// One factor beside an array of vectors is loaded once, into every lane.
-template <int N, class Factor, class Index, class Vector, class Result, class Allowed>
-void solve_array(const Factor &factor, const Index &index, const Vector &b, const Result &x,
-                 int count, const Allowed &allowed) {
-    using T = typename Vector::Element;
-    using S = Lanes<T>;
-    const auto solve = [](const Group &group, const S(&f)[N][N], const auto &numbers,
-                          const auto &from, const auto &to) __attribute__((always_inline)) {
-        S v[N][1], row[1][N];
-        load_lanes<T>(v, from, group.first, stored_rows<T>(numbers, group.first));
-        unroll<N>(ZELM_EACH(i) { row[0][i] = v[i][0]; });
-        substitute<N>(f, row[0]);
-        store_lanes<T>(to, group.first, row);
-        return 0u;
-    };
-    const auto alone = [&](int n) __attribute__((noinline)) {
-        return y8_ownzelmLUBackSubst_mv(factor, index.row(n), b, x, N, n);
-    };
-    // The vector as a column, so that its elements are the rows that the numbers permute.
-    const auto from = walked<N, 1>(b.as_column());
-    const auto to = walked<1, N>(x);
-    const auto numbers = walked<N>(index, {});
-    if constexpr (Factor::is_array) {
-        walk<T>(
-            count, allowed,
-            [&](const Group &group, const auto &f, const auto &p, const auto &v, const auto &y)
-                __attribute__((always_inline)) {
-                    S a[N][N];
-                    load_lanes<T>(a, f, group.first, stored_rows<T>(p, group.first));
-                    return solve(group, a, p, v, y);
-                },
-            alone, walked<N, N>(factor), numbers, from, to);
-    } else {
-        S a[N][N];
-        const auto v = view(factor, 0, {N, N});
-        unroll<N>(ZELM_EACH(i) {
-            unroll<N>(ZELM_EACH(j) { a[i][j] = splat<S>(get(v, index.row(0)[i], j)); });
-        });
-        walk<T>(
-            count, allowed,
-            [&](const Group &group, const auto &p, const auto &f, const auto &y)
-                __attribute__((always_inline)) { return solve(group, a, p, f, y); },
-            alone, numbers, from, to);
-    }
-}
+struct Factored {
+    using Part = Whole;
 
-// Any other order: x grows in registers' memory, the factor's rows are read as they are used.
-template <int largest, class Factor, class Index, class Vector, class Result, class Allowed>
-void solve_array(int n, const Factor &factor, const Index &index, const Vector &b, const Result &x,
-                 int count, const Allowed &allowed) {
-    using T = typename Vector::Element;
-    using S = Lanes<T>;
-    const Shape shape = {n, n};
-    const auto solve = [&](const Group &group, const auto &f, const auto &numbers, const auto &from,
-                           const auto &to) {
-        const int first = group.first;
-        const auto rows = stored_rows<T>(numbers, first);
-        S y[largest];
-        const auto subtract = [&](S value, int i, int begin, int end)
-            __attribute__((always_inline)) {
-            in_steps<T>(
-                begin, end, [&](int j, auto K) __attribute__((always_inline)) {
-                    S part[K];
-                    load_row<T>(part, f, first, shape, i, j, rows);
-                    unroll<K>(ZELM_EACH(e) { value = value - part[e] * y[j + e]; });
-                });
-            return value;
-        };
-        for (int i = 0; i < n; ++i) {
-            S v[1];
-            load_row<T>(v, from, first, {n, 1}, i, 0, rows);
-            y[i] = subtract(v[0], i, 0, i);
-        }
-        for (int i = n - 1; i >= 0; --i) {
-            S diagonal[1];
-            load_row<T>(diagonal, f, first, shape, i, i, rows);
-            y[i] = subtract(y[i], i, i + 1, n) / diagonal[0];
-        }
-        in_steps<T>(
-            0, n, [&](int j, auto K) __attribute__((always_inline)) {
-                store_row<T>(to, first, {1, n}, 0, j, *reinterpret_cast<S(*)[K]>(y + j));
-            });
-        return 0u;
+    template <int N, class S>
+    struct Prepared {
+        S f[N][N];
+        ZELM_INLINE void prepare() {}
+        ZELM_INLINE void solve(S (&x)[N]) const { substitute<N>(f, x); }
     };
-    const auto alone = [&](int k) __attribute__((noinline)) {
-        return y8_ownzelmLUBackSubst_mv(factor, index.row(k), b, x, n, k);
+    template <class S, int>
+    struct PreparedBlock {
+        template <class F>
+        void prepare(Shape, const F &) {}
+        template <class F>
+        void solve(Shape shape, const F &f, S *x) const {
+            substitute<S>(shape.width, f, x);
+        }
     };
-    const auto from = walked<largest>(b.as_column(), {n, 1});
-    const auto to = walked<largest>(x, {1, n});
-    const auto numbers = walked<largest>(index, {});
-    if constexpr (Factor::is_array)
-        walk<T>(count, allowed, solve, alone, walked<largest * largest>(factor, shape), numbers,
-                from, to);
-    else
-        walk<T>(
-            count, allowed,
-            [&](const Group &group, const auto &p, const auto &v, const auto &y) {
-                return solve(group, factor, p, v, y);
-            },
-            alone, numbers, from, to);
-}
+};
 
 template <class Factor, class Index, class Vector, class Result>
 ZelStatus y8_ownzelmLUBackSubst(int count, const Factor &factor, const Index &index,
                                 const Vector &b, const Result &x, int n) {
-    const Footprint factors(factor, {n, n});
-    const Footprint from(b, {1, n});
-    const Footprint to(x, {1, n});
-    const Overlap overlap(count, {1, n}, to, factors, from);
-    with_order<3, 6>(
-        n, [&](auto N) { solve_array<N>(factor, index, b, x, count, overlap); },
-        [&] {
-            // The stage holds whole factors, or vectors alone.
-            constexpr int largest = Factor::is_array ? 16 : 256;
-            if (n <= largest)
-                return solve_array<largest>(n, factor, index, b, x, count, overlap);
-            walk_singly(count, [&](int k) {
-                return y8_ownzelmLUBackSubst_mv(factor, index.row(k), b, x, n, k);
-            });
-        });
+    const auto alone = [&](int k) __attribute__((noinline)) {
+        return y8_ownzelmLUBackSubst_mv(factor, index.row(k), b, x, n, k);
+    };
+    solve_arrays<Factored>(count, {n, n}, factor, b, x, alone, index);
     return zelStatusOk;
 }
 

@@ -1,72 +1,140 @@
-#include "lu_kernels.hpp"
+#include "lu_general.hpp"
 
 #include "../frame/checks.hpp"
 #include "../frame/estimate.hpp"
 #include "../frame/member.hpp"
 #include "../frame/parallel.hpp"
+#include "../frame/walk.hpp"
 
 namespace zelm {
 namespace {
 
 constexpr Limits limits = {1001, 1001}; // of n*n*count
 
-template <class Source, class Destination>
-ZelStatus factor_array_general(const Source &source, const IndexRows<int> &index,
-                               const Destination &destination, int count) {
-    using T = typename Source::Element;
-    using S = Lanes<T>;
-    constexpr int elements = largest_lane_order * largest_lane_order;
-    const int n = index.length;
-    const Shape shape = {n, n};
-    const Footprint from(source, shape);
-    const Footprint to(destination, shape);
-    const Overlap overlap(count, shape, to, from);
-    return walk<T>(
-        count, overlap,
-        [&](const Group &group, const auto &x, const auto &numbers, const auto &y) {
-            S a[elements], multipliers[largest_lane_order];
-            IndexOf<S> p[largest_lane_order];
-            const auto all = [&](const auto &f) __attribute__((always_inline)) {
-                for (int i = 0; i < n; ++i)
-                    in_steps<T>(
-                        0, n, [&](int j, auto K) __attribute__((always_inline)) {
-                            f(i, j, *reinterpret_cast<S(*)[K]>(a + i * n + j));
-                        });
-            };
-            all([&](int i, int j, auto &part) __attribute__((always_inline)) {
-                load_row<T>(part, x, group.first, shape, i, j);
-            });
-            const unsigned failing =
-                lane_bits(factor_lanes<S>(a, p, n, general_threshold<T>, multipliers));
-            if (group.stores(failing)) {
-                const auto row = [&](int i, int lane) { return static_cast<int>(p[i][lane]); };
-                all([&](int i, int j, auto &part) __attribute__((always_inline)) {
-                    store_row<T>(y, group.first, shape, i, j, part, RowNumbers{row});
-                });
-                for (int l = 0; l < lanes_of<S>; ++l)
-                    for (int i = 0; i < n; ++i)
-                        numbers.row(group.first + l)[i] = row(i, l);
-            }
-            return failing;
-        },
-        [&](int k) __attribute__((noinline)) {
-            return y8_ownzelmLUDecomp_m(source, index.row(k), destination, n, k);
-        },
-        walked<elements>(source, shape), walked<largest_lane_order>(index, {}),
-        walked<elements>(destination, shape));
+// ---- one object ----
+
+// Order 3 to 6. Each row is written once it is final: after a failure the rows before the failing
+// one are, and the exchanges made so far.
+template <int N, class T, class Source, class Destination>
+ZelStatus factor_object(const Source &source, int *index, const Destination &destination) {
+    T a[N][N];
+    int p[N];
+    unroll<N>(ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { a[i][j] = get(source, i, j); }); });
+    const bool failed = factor<N>(
+        a, p, straight_line_threshold<T>,
+        ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { put(destination, p[i], j, a[i][j]); }); });
+    unroll<N>(ZELM_EACH(i) { index[i] = p[i]; });
+    return failed ? zelStatusSingular : zelStatusOk;
 }
+
+template <class From, class To>
+ZELM_INLINE void copy_object(int n, const From &from, const To &to) {
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < n; ++j)
+            put(to, i, j, get(from, i, j));
+}
+template <int largest, class T, class Source, class Destination>
+[[gnu::noinline]] ZelStatus factor_on_stack(int n, const Source source, int *index,
+                                            const Destination destination) {
+    alignas(row_bytes) char tile[largest * largest * sizeof(T)];
+    const StridedView<T> t = {tile, n * Distance{sizeof(T)}, sizeof(T)};
+    copy_object(n, source, t);
+    const ZelStatus status = factor_in_place<T, true>(t, index, n);
+    copy_object(n, t, destination);
+    return status;
+}
+// Any other order, in the destination; where its elements are apart, on the stack: up to 32 KiB of
+// double, but little where a walk's stage lies there too.
+template <class T, class Source, class Destination>
+ZelStatus factor_object(int n, const Source &source, int *index, const Destination &destination,
+                        bool packed) {
+    if (!packed && n <= largest_lane_order)
+        return factor_on_stack<largest_lane_order, T>(n, source, index, destination);
+    if (!packed && n <= 64)
+        return factor_on_stack<64, T>(n, source, index, destination);
+    copy_object(n, source, destination);
+    return packed ? factor_in_place<T, true>(destination, index, n)
+                  : factor_in_place<T, false>(destination, index, n);
+}
+
+template <class Source, class Destination>
+ZelStatus y8_ownzelmLUDecomp_m(const Source &source, int *index, const Destination &destination,
+                               int n, int object) {
+    using T = typename Source::Element;
+    const auto from = view(source, object, {n, n});
+    const auto to = view(destination, object, {n, n});
+    return with_order<3, 6>(
+        n, [&](auto N) { return factor_object<N, T>(from, index, to); },
+        [&] { return factor_object<T>(n, from, index, to, rows_adjacent(destination)); });
+}
+
+// ---- arrays ----
+
+template <int N, class T>
+struct FactorGroup {
+    template <class X, class Y>
+    ZELM_INLINE unsigned operator()(const Group &group, const X &x, const IndexRows<int> &numbers,
+                                    const Y &y) const {
+        using S = Lanes<T>;
+        S a[N][N];
+        IndexOf<S> p[N];
+        load_lanes<T>(a, x, group.first);
+        const unsigned failing =
+            lane_bits(factor<N>(a, p, straight_line_threshold<T>, ZELM_EACH(){}));
+        if (group.stores(failing)) [[likely]] {
+            store_lanes<T>(y, group.first, a, ComputedRows<T, N>{p});
+            store_numbers<T, N>(numbers, group.first, p);
+        }
+        return failing;
+    }
+};
+
+// Any other order up to largest_lane_order.
+template <class T>
+struct FactorBlock {
+    unsigned operator()(const Group &group, const Objects &x, const IndexRows<int> &numbers,
+                        const Objects &y) const {
+        using S = Lanes<T>;
+        const int n = x.shape.width;
+        S a[largest_lane_elements], multipliers[largest_lane_order];
+        IndexOf<S> p[largest_lane_order];
+        load_block(a, x, group.first);
+        const unsigned failing =
+            lane_bits(factor_lanes<S>(a, p, n, general_threshold<T>, multipliers));
+        if (group.stores(failing)) {
+            const ComputedNumbers<T> rows = {p};
+            store_block(y, group.first, a, rows);
+            for (int l = 0; l < lanes_of<S>; ++l)
+                for (int i = 0; i < n; ++i)
+                    numbers.row(group.first + l)[i] = rows(i, l);
+        }
+        return failing;
+    }
+};
 
 template <class Source, class Destination>
 ZelStatus y8_ownzelmLUDecomp_ma(int count, const Source &source, const IndexRows<int> &index,
                                 const Destination &destination) {
+    using T = typename Source::Element;
+    const int n = index.length;
+    const auto single = [&](int k) __attribute__((noinline)) {
+        return y8_ownzelmLUDecomp_m(source, index.row(k), destination, n, k);
+    };
+    if (n == 1 || n > largest_lane_order)
+        return walk_singly(count, single);
+    const Shape shape = {n, n};
+    const Overlap overlap(count, objects(destination, shape), objects(source, shape));
     return with_order<3, 6>(
-        index.length, [&](auto N) { return factor_array<N>(source, index, destination, count); },
+        n,
+        [&](auto N) {
+            return walk<T>(count, overlap, FactorGroup<N, T>{}, single, walked<N, N>(source),
+                           walked<N>(index, n), walked<N, N>(destination));
+        },
         [&] {
-            if (index.length > 1 && index.length <= largest_lane_order)
-                return factor_array_general(source, index, destination, count);
-            return walk_singly(count, [&](int k) {
-                return y8_ownzelmLUDecomp_m(source, index.row(k), destination, index.length, k);
-            });
+            return walk_blocks<T>(count, overlap, FactorBlock<T>{}, single,
+                                  walked<largest_lane_elements>(source, shape),
+                                  walked<largest_lane_order>(index, n),
+                                  walked<largest_lane_elements>(destination, shape));
         });
 }
 

@@ -7,8 +7,6 @@
 
 namespace zelm {
 
-inline constexpr int largest_lane_order = 16; // 4 KiB of registers
-
 // ---- in lanes ----
 
 // Factors a (n x n, row by row) in place; rows stand in pivot order afterwards, p[i] is the

@@ -27,81 +27,59 @@ ZelStatus y8_ownzelmQRDecomp_m(const Source &source, const Destination &destinat
     return failed ? zelStatusDivByZero : zelStatusOk;
 }
 
-template <int H, int W, class Source, class Destination, class Allowed, class Single>
-ZelStatus factor_array(const Source &source, const Destination &destination, int count,
-                       const Allowed &allowed, const Single &single) {
-    using T = typename Source::Element;
-    return walk<T>(
-        count, allowed,
-        [](const Group &group, const auto &x, const auto &y) __attribute__((always_inline)) {
-            Lanes<T> d[H][W];
-            load_lanes<T>(d, x, group.first);
-            const unsigned failing = lane_bits(factor_qr(d));
-            if (group.stores(failing)) [[likely]]
-                store_lanes<T>(y, group.first, d);
-            return failing;
-        },
-        single, walked<H, W>(source), walked<H, W>(destination));
-}
+template <int H, int W, class T>
+struct FactorGroup {
+    template <class X, class Y>
+    ZELM_INLINE unsigned operator()(const Group &group, const X &x, const Y &y) const {
+        Lanes<T> d[H][W];
+        load_lanes<T>(d, x, group.first);
+        const unsigned failing = lane_bits(factor_qr(d));
+        if (group.stores(failing)) [[likely]]
+            store_lanes<T>(y, group.first, d);
+        return failing;
+    }
+};
 
-constexpr int most_lane_elements = 256; // 4 KiB of registers
-
-template <class Source, class Destination, class Allowed, class Single>
-ZelStatus factor_array(Shape shape, const Source &source, const Destination &destination, int count,
-                       const Allowed &allowed, const Single &single) {
-    using T = typename Source::Element;
-    using S = Lanes<T>;
-    const int width = shape.width, height = shape.height;
-    return walk<T>(
-        count, allowed,
-        [&](const Group &group, const auto &x, const auto &y) {
-            S d[most_lane_elements];
-            const auto all = [&](const auto &f) __attribute__((always_inline)) {
-                for (int i = 0; i < height; ++i)
-                    in_steps<T>(
-                        0, width, [&](int j, auto K) __attribute__((always_inline)) {
-                            f(i, j, *reinterpret_cast<S(*)[K]>(d + i * width + j));
-                        });
-            };
-            all([&](int i, int j, auto &part) __attribute__((always_inline)) {
-                load_row<T>(part, x, group.first, shape, i, j);
-            });
-            const unsigned failing = lane_bits(
-                factor_qr<S>(width, height, [&](int i, int j) -> S & { return d[i * width + j]; }));
-            if (group.stores(failing))
-                all([&](int i, int j, auto &part) __attribute__((always_inline)) {
-                    store_row<T>(y, group.first, shape, i, j, part);
-                });
-            return failing;
-        },
-        single, walked<most_lane_elements>(source, shape),
-        walked<most_lane_elements>(destination, shape));
-}
+// Any other shape of up to largest_lane_elements.
+template <class T>
+struct FactorBlock {
+    unsigned operator()(const Group &group, const Objects &x, const Objects &y) const {
+        using S = Lanes<T>;
+        const int width = x.shape.width;
+        S d[largest_lane_elements];
+        load_block(d, x, group.first);
+        const unsigned failing = lane_bits(factor_qr<S>(
+            width, x.shape.height, [&](int i, int j) -> S & { return d[i * width + j]; }));
+        if (group.stores(failing))
+            store_block(y, group.first, d);
+        return failing;
+    }
+};
 
 template <class Source, class Destination>
 ZelStatus y8_ownzelmQRDecomp_ma(int count, const Source &source, const Destination &destination,
                                 Shape shape) {
+    using T = typename Source::Element;
     const auto single = [&](int k) __attribute__((noinline)) {
         return y8_ownzelmQRDecomp_m(source, destination, shape, k);
     };
-    if (shape.height > most_lane_elements / shape.width)
+    if (shape.height > largest_lane_elements / shape.width)
         return walk_singly(count, single);
-    const Footprint from(source, shape);
-    const Footprint to(destination, shape);
-    const Overlap overlap(count, shape, to, from);
-    const auto general = [&] {
-        return factor_array(shape, source, destination, count, overlap, single);
+    const Overlap overlap(count, objects(destination, shape), objects(source, shape));
+    const auto fixed = [&](auto H, auto W) {
+        return walk<T>(count, overlap, FactorGroup<H, W, T>{}, single, walked<H, W>(source),
+                       walked<H, W>(destination));
     };
-    // Straight-line code for the one oblong shape of use in fits, where no call is without it.
-    if constexpr (description_of<Destination> == Description::standard)
-        if (shape.height == 8 && shape.width == 4)
-            return factor_array<8, 4>(source, destination, count, overlap, single);
-    if (shape.width != shape.height)
-        return general();
+    const auto any = [&] {
+        return walk_blocks<T>(count, overlap, FactorBlock<T>{}, single,
+                              walked<largest_lane_elements>(source, shape),
+                              walked<largest_lane_elements>(destination, shape));
+    };
+    // The one oblong shape of use in fits has straight-line code too.
+    if (shape.height == 8 && shape.width == 4)
+        return fixed(std::integral_constant<int, 8>{}, std::integral_constant<int, 4>{});
     return with_order<3, 6>(
-        shape.width,
-        [&](auto N) { return factor_array<N, N>(source, destination, count, overlap, single); },
-        general);
+        shape.width == shape.height ? shape.width : 0, [&](auto N) { return fixed(N, N); }, any);
 }
 
 template <class Source, class T, class Destination>

@@ -35,51 +35,57 @@ ZELM_INLINE void cross_object(const A &a, const B &b, const D &d, int n) {
     unroll<3>(ZELM_EACH(k) { put(to, 0, k, r[0][k]); });
 }
 
-// A single vector is read once; the arrays are walked.
+template <class T>
+struct CrossPairs {
+    template <class Z, class X, class Y>
+    ZELM_INLINE unsigned operator()(const Group &group, const Z &z, const X &x, const Y &y) const {
+        Triple<Lanes<T>> v, w, r;
+        load_lanes<T>(v, x, group.first);
+        load_lanes<T>(w, y, group.first);
+        cross<Lanes<T>>(v, w, r);
+        store_lanes<T>(z, group.first, r);
+        return 0;
+    }
+};
+// A single vector is read once.
+template <class T, bool fixed_is_left>
+struct CrossWithOne {
+    Triple<Lanes<T>> fixed;
+
+    template <class Z, class X>
+    ZELM_INLINE unsigned operator()(const Group &group, const Z &z, const X &x) const {
+        Triple<Lanes<T>> v, r;
+        load_lanes<T>(v, x, group.first);
+        if constexpr (fixed_is_left)
+            cross<Lanes<T>>(fixed, v, r);
+        else
+            cross<Lanes<T>>(v, fixed, r);
+        store_lanes<T>(z, group.first, r);
+        return 0;
+    }
+};
+
 template <class A, class B, class D>
 ZelStatus y8_ownzelmCrossProduct(int count, const A &a, const B &b, const D &d) {
     using T = typename D::Element;
-    using S = Lanes<T>;
-    const Footprint left(a, triple);
-    const Footprint right(b, triple);
-    const Footprint to(d, triple);
-    const Overlap overlap(count, triple, to, left, right);
+    const auto to = walked<1, 3>(d);
+    const Overlap overlap(count, to.objects, objects(a, triple), objects(b, triple));
     const auto single = [&](int n) __attribute__((noinline)) {
         cross_object(a, b, d, n);
         return zelStatusOk;
     };
-    Triple<S> fixed;
-    if constexpr (!A::is_array)
-        load_splat<T>(fixed, view(a, 0, triple));
-    if constexpr (!B::is_array)
-        load_splat<T>(fixed, view(b, 0, triple));
-    const auto one_array = [&](const Group &group, const auto &z, const auto &x)
-        __attribute__((always_inline)) {
-        Triple<S> v, r;
-        load_lanes<T>(v, x, group.first);
-        if constexpr (A::is_array)
-            cross<S>(v, fixed, r);
-        else
-            cross<S>(fixed, v, r);
-        store_lanes<T>(z, group.first, r);
-        return 0u;
-    };
-    const auto two_arrays = [&](const Group &group, const auto &z, const auto &x, const auto &y)
-        __attribute__((always_inline)) {
-        Triple<S> v, w, r;
-        load_lanes<T>(v, x, group.first);
-        load_lanes<T>(w, y, group.first);
-        cross<S>(v, w, r);
-        store_lanes<T>(z, group.first, r);
-        return 0u;
-    };
-    if constexpr (A::is_array && B::is_array)
-        return walk_lightly<T>(count, overlap, two_arrays, single, walked<1, 3>(d), walked<1, 3>(a),
+    if constexpr (A::is_array && B::is_array) {
+        return walk_lightly<T>(count, overlap, CrossPairs<T>{}, single, to, walked<1, 3>(a),
                                walked<1, 3>(b));
-    else if constexpr (A::is_array)
-        return walk_lightly<T>(count, overlap, one_array, single, walked<1, 3>(d), walked<1, 3>(a));
-    else
-        return walk_lightly<T>(count, overlap, one_array, single, walked<1, 3>(d), walked<1, 3>(b));
+    } else if constexpr (A::is_array) {
+        CrossWithOne<T, false> kernel;
+        load_splat<T>(kernel.fixed, view(b, 0, triple));
+        return walk_lightly<T>(count, overlap, kernel, single, to, walked<1, 3>(a));
+    } else {
+        CrossWithOne<T, true> kernel;
+        load_splat<T>(kernel.fixed, view(a, 0, triple));
+        return walk_lightly<T>(count, overlap, kernel, single, to, walked<1, 3>(b));
+    }
 }
 
 template <class A, class B, class D>

@@ -53,11 +53,8 @@ void dot_products(int count, int len, const Scalars<T> results, const A a, const
     if constexpr (!A::is_tabled) {
         constexpr int together = sizeof(T) == 4 ? 2 : 1; // of doubles, more streams are slower
         const Shape shape = {1, len};
-        const Footprint to(results, {1, 1});
-        const Footprint left(a, shape);
-        const Footprint right(b, shape);
         if (len >= block_length && rows_adjacent(a) && rows_adjacent(b) &&
-            Overlap(count, {1, 1}, to, left, right).clear())
+            Overlap(count, objects(results, {1, 1}), objects(a, shape), objects(b, shape)).clear())
             for (; n <= count - together; n += together) {
                 T sum[together] = {};
                 AdjacentRow<const T> x[together], y[together];
@@ -84,7 +81,7 @@ template <class T, class A, class B>
 ZelStatus y8_ownzelmDotProduct(int count, int len, const Scalars<T> &results, const A &a,
                                const B &b) {
     with_order<3, 6>(
-        len, [&](auto N) { reduce_lanes<1, N>(count, results, Sum{}, a, b); },
+        len, [&](auto N) { reduce_lanes<Sum, 1, N>(count, results, a, b); },
         [&] { dot_products(count, len, results, a, b); });
     return zelStatusOk;
 }

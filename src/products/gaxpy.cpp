@@ -73,44 +73,54 @@ void gaxpy_square(const A &a, const X &x, const B &b, const D &d, int n) {
 }
 
 // The matrix in every lane, a vector in each.
+template <int N, class T>
+struct GaxpyGroup {
+    Lanes<T> m[N][N];
+
+    template <class Z, class X, class B>
+    ZELM_INLINE unsigned operator()(const Group &group, const Z &z, const X &x, const B &b) const {
+        Lanes<T> in[1][N], add[1][N], out[1][N];
+        load_lanes<T>(in, x, group.first);
+        load_lanes<T>(add, b, group.first);
+        gaxpy<false>(m, in, add, out);
+        store_lanes<T>(z, group.first, out);
+        return 0;
+    }
+};
+template <int N, class T>
+struct GaxpyWithOneAddend {
+    Lanes<T> m[N][N], fixed[1][N];
+
+    template <class Z, class X>
+    ZELM_INLINE unsigned operator()(const Group &group, const Z &z, const X &x) const {
+        Lanes<T> in[1][N], out[1][N];
+        load_lanes<T>(in, x, group.first);
+        gaxpy<false>(m, in, fixed, out);
+        store_lanes<T>(z, group.first, out);
+        return 0;
+    }
+};
+
 template <int N, class A, class X, class B, class D>
 void gaxpy_squares(int count, const A &a, const X &x, const B &b, const D &d) {
     using T = typename D::Element;
-    using S = Lanes<T>;
-    constexpr Shape shape = {1, N};
-    const Footprint factor(x, shape);
-    const Footprint addend(b, shape);
-    const Footprint to(d, shape);
-    const Overlap overlap(count, shape, to, factor, addend);
-    S m[N][N], fixed[1][N];
-    load_splat<T>(m, view(a, 0, {N, N}));
-    if constexpr (!B::is_array)
-        load_splat<T>(fixed, view(b, 0, shape));
+    const auto from = walked<1, N>(x);
+    const auto to = walked<1, N>(d);
+    const Overlap overlap(count, to.objects, from.objects, objects(b, {1, N}));
     const auto single = [&](int n) __attribute__((noinline)) {
         gaxpy_square<N>(a, x, b, d, n);
         return zelStatusOk;
     };
-    const auto one_addend = [&](const Group &group, const auto &z, const auto &v)
-        __attribute__((always_inline)) {
-        S in[1][N], out[1][N];
-        load_lanes<T>(in, v, group.first);
-        gaxpy<false>(m, in, fixed, out);
-        store_lanes<T>(z, group.first, out);
-        return 0u;
-    };
-    const auto addends = [&](const Group &group, const auto &z, const auto &v, const auto &w)
-        __attribute__((always_inline)) {
-        S in[1][N], add[1][N], out[1][N];
-        load_lanes<T>(in, v, group.first);
-        load_lanes<T>(add, w, group.first);
-        gaxpy<false>(m, in, add, out);
-        store_lanes<T>(z, group.first, out);
-        return 0u;
-    };
-    if constexpr (B::is_array)
-        walk<T>(count, overlap, addends, single, walked<1, N>(d), walked<1, N>(x), walked<1, N>(b));
-    else
-        walk<T>(count, overlap, one_addend, single, walked<1, N>(d), walked<1, N>(x));
+    if constexpr (B::is_array) {
+        GaxpyGroup<N, T> kernel;
+        load_splat<T>(kernel.m, view(a, 0, {N, N}));
+        walk<T>(count, overlap, kernel, single, to, from, walked<1, N>(b));
+    } else {
+        GaxpyWithOneAddend<N, T> kernel;
+        load_splat<T>(kernel.m, view(a, 0, {N, N}));
+        load_splat<T>(kernel.fixed, view(b, 0, {1, N}));
+        walk<T>(count, overlap, kernel, single, to, from);
+    }
 }
 
 // Columns that fill registers: a result is a sum of columns, which needs no transposes.

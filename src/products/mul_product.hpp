@@ -91,62 +91,75 @@ void any_shape(Sizes s, const A &a, const B &b, const D &d, int object) {
         multiply_any<false, T>(x, y, z, s.M, s.K, s.N);
 }
 
+// Products of arrays with an object in each lane.
+template <int n, int N, class T>
+struct MultiplyGroup {
+    template <class P, class Q, class R>
+    ZELM_INLINE unsigned operator()(const Group &group, const P &p, const Q &q, const R &r) const {
+        Lanes<T> x[n][n], y[n][N], product[n][N];
+        load_lanes<T>(x, p, group.first);
+        load_lanes<T>(y, q, group.first);
+        multiply(x, y, product);
+        store_lanes<T>(r, group.first, product);
+        return 0;
+    }
+};
+// A single operand is loaded once, into every lane.
+template <int n, int N, class T>
+struct MultiplyByOneLeft {
+    Lanes<T> x[n][n];
+
+    template <class Q, class R>
+    ZELM_INLINE unsigned operator()(const Group &group, const Q &q, const R &r) const {
+        Lanes<T> y[n][N], product[n][N];
+        load_lanes<T>(y, q, group.first);
+        multiply(x, y, product);
+        store_lanes<T>(r, group.first, product);
+        return 0;
+    }
+};
+template <int n, int N, class T>
+struct MultiplyByOneRight {
+    Lanes<T> y[n][N];
+
+    template <class P, class R>
+    ZELM_INLINE unsigned operator()(const Group &group, const P &p, const R &r) const {
+        Lanes<T> x[n][n], product[n][N];
+        load_lanes<T>(x, p, group.first);
+        multiply(x, y, product);
+        store_lanes<T>(r, group.first, product);
+        return 0;
+    }
+};
+
 template <int n, int N, class A, class B, class D>
 void in_lanes(int count, const A &a, const B &b, const D &d) {
     using T = typename D::Element;
-    using S = Lanes<T>;
-    const Footprint left(a, {n, n});
-    const Footprint right(b, {n, N});
-    const Footprint to(d, {n, N});
-    const Overlap overlap(count, {n, N}, to, left, right);
+    const auto to = walked<n, N>(d);
+    const Overlap overlap(count, to.objects, objects(a, {n, n}), objects(b, {n, N}));
     const auto alone = [&](int object) __attribute__((noinline)) {
         any_shape({n, n, N}, a, b, d, object);
         return zelStatusOk;
     };
-    // Vectors take too few instructions for a walk's bookkeeping.
     const auto pass = [&](const auto &kernel, const auto &...arrays)
         __attribute__((always_inline)) {
-        if constexpr (N == 1 && n == 3)
+        if constexpr (N == 1 && n == 3) // too few instructions for a walk's bookkeeping
             walk_lightly<T>(count, overlap, kernel, alone, arrays...);
+        else if constexpr (N > 1 && rows_win<T, n>) // adjacent rows do not come here
+            walk_by_planes<T>(count, overlap, kernel, alone, arrays...);
         else
             walk<T>(count, overlap, kernel, alone, arrays...);
     };
-    // A single operand is loaded once, into every lane.
-    S x[n][n], y[n][N];
     if constexpr (!A::is_array) {
-        load_splat<T>(x, view(a, 0, {n, n}));
-        pass(
-            [&](const Group &group, const auto &q, const auto &r) __attribute__((always_inline)) {
-                S right_lanes[n][N], product[n][N];
-                load_lanes<T>(right_lanes, q, group.first);
-                multiply(x, right_lanes, product);
-                store_lanes<T>(r, group.first, product);
-                return 0u;
-            },
-            walked<n, N>(b), walked<n, N>(d));
+        MultiplyByOneLeft<n, N, T> kernel;
+        load_splat<T>(kernel.x, view(a, 0, {n, n}));
+        pass(kernel, walked<n, N>(b), to);
     } else if constexpr (!B::is_array) {
-        load_splat<T>(y, view(b, 0, {n, N}));
-        pass(
-            [&](const Group &group, const auto &p, const auto &r) __attribute__((always_inline)) {
-                S left_lanes[n][n], product[n][N];
-                load_lanes<T>(left_lanes, p, group.first);
-                multiply(left_lanes, y, product);
-                store_lanes<T>(r, group.first, product);
-                return 0u;
-            },
-            walked<n, n>(a), walked<n, N>(d));
+        MultiplyByOneRight<n, N, T> kernel;
+        load_splat<T>(kernel.y, view(b, 0, {n, N}));
+        pass(kernel, walked<n, n>(a), to);
     } else {
-        pass(
-            [&](const Group &group, const auto &p, const auto &q, const auto &r)
-                __attribute__((always_inline)) {
-                    S product[n][N];
-                    load_lanes<T>(x, p, group.first);
-                    load_lanes<T>(y, q, group.first);
-                    multiply(x, y, product);
-                    store_lanes<T>(r, group.first, product);
-                    return 0u;
-                },
-            walked<n, n>(a), walked<n, N>(b), walked<n, N>(d));
+        pass(MultiplyGroup<n, N, T>{}, walked<n, n>(a), walked<n, N>(b), to);
     }
 }
 
@@ -186,8 +199,7 @@ void square(int count, const A &a, const B &b, const D &d) {
         if (rows_adjacent(transposed) && column_adjacent(b) && column_adjacent(d))
             return kernel(transposed, b, d);
     }
-    // Layout objects with their elements apart are too rare to have lanes where rows win.
-    if constexpr (D::is_array && !(D::has_table && N > 1 && rows_win<T, n>))
+    if constexpr (D::is_array)
         in_lanes<n, N>(count, a, b, d);
     else
         for (int object = 0; object < count; ++object)

@@ -49,9 +49,9 @@ ZELM_INLINE T norm_as_row(const A &a) {
 template <int N, class T, class A>
 ZELM_INLINE void fixed_norms(int count, const Scalars<T> &results, const A &a) {
     if constexpr (A::object_rank == 1)
-        reduce_lanes<1, N>(count, results, RootOfSum{}, a);
+        reduce_lanes<RootOfSum, 1, N>(count, results, a);
     else
-        reduce_lanes<N, N>(count, results, RootOfSum{}, a);
+        reduce_lanes<RootOfSum, N, N>(count, results, a);
 }
 
 template <class T, class A>

@@ -26,9 +26,9 @@ ZELM_INLINE void load_products(Lanes<T> (&terms)[H][W], const A &a, const B &b, 
                 unroll<3>(ZELM_EACH(r) { terms[r / W][r % W] = t[r]; });
                 return;
             }
-        const char *at[L], *beside[L];
-        detail::lane_objects<T>(at, a, first);
-        detail::lane_objects<T>(beside, b, first);
+        char *at[L], *beside[L];
+        detail::lane_objects(at, a, first);
+        detail::lane_objects(beside, b, first);
         detail::load_from<T, H * W>(terms[0], detail::ProductRuns<T>{{at}, {beside}});
     } else {
         Lanes<T> right[H][W];
@@ -56,8 +56,8 @@ struct FoldedSquares {
 };
 template <class T, int N, class A>
 ZELM_INLINE void load_squares(Folded<Lanes<T>, N> &row, const A &a, int first) {
-    const char *at[lanes_per_register<T>];
-    detail::lane_objects<T>(at, a, first);
+    char *at[lanes_per_register<T>];
+    detail::lane_objects(at, a, first);
     const detail::Runs<T> runs = {at};
     detail::load_from<T, 4>(row.terms, FoldedSquares<T, N>{runs});
     unroll<N % block_length>(ZELM_EACH(e) {
@@ -66,13 +66,60 @@ ZELM_INLINE void load_squares(Folded<Lanes<T>, N> &row, const A &a, int first) {
     });
 }
 
-// results(n) = f(the products of object n of a with object n of b, or with itself) for objects of a
-// fixed shape, one in each lane. f takes register arrays of one scalar-like type, or rows folded. A
-// single operand beside arrays is read once.
-template <int H, int W, class T, class F, class A, class... B>
-void reduce_lanes(int count, const Scalars<T> &results, const F &f, const A &a, const B &...b) {
+// The sum f of the squares of an object, one object in each lane. f takes register arrays of one
+// scalar-like type, or rows folded.
+template <int H, int W, class T, class F>
+struct ReduceSquares {
+    template <class A>
+    ZELM_INLINE unsigned operator()(const Group &group, const Scalars<T> &r, const A &a) const {
+        using S = Lanes<T>;
+        if constexpr (H * W >= block_length && is_dense<A>) {
+            Folded<S, H * W> row;
+            load_squares<T, H * W>(row, a, group.first);
+            store<S>(r.object(group.first), F{}(row));
+        } else {
+            S terms[H][W];
+            load_lanes<T>(terms, a, group.first);
+            unroll<H * W>(
+                ZELM_EACH(e) { terms[e / W][e % W] = terms[e / W][e % W] * terms[e / W][e % W]; });
+            store<S>(r.object(group.first), F{}(terms));
+        }
+        return 0;
+    }
+};
+// Of the products of two objects.
+template <int H, int W, class T, class F>
+struct ReducePairs {
+    template <class A, class B>
+    ZELM_INLINE unsigned operator()(const Group &group, const Scalars<T> &r, const A &a,
+                                    const B &b) const {
+        Lanes<T> terms[H][W];
+        load_products<T>(terms, a, b, group.first);
+        store<Lanes<T>>(r.object(group.first), F{}(terms));
+        return 0;
+    }
+};
+// Of the products with one object, which is read once.
+template <int H, int W, class T, class F>
+struct ReduceWithOne {
+    Lanes<T> fixed[H][W];
+
+    template <class A>
+    ZELM_INLINE unsigned operator()(const Group &group, const Scalars<T> &r, const A &a) const {
+        Lanes<T> terms[H][W];
+        load_lanes<T>(terms, a, group.first);
+        unroll<H * W>(
+            ZELM_EACH(e) { terms[e / W][e % W] = terms[e / W][e % W] * fixed[e / W][e % W]; });
+        store<Lanes<T>>(r.object(group.first), F{}(terms));
+        return 0;
+    }
+};
+
+// results(n) = F of the products of object n of a with object n of b, or with itself, for objects of
+// a fixed shape.
+template <class F, int H, int W, class T, class A, class... B>
+void reduce_lanes(int count, const Scalars<T> &results, const A &a, const B &...b) {
     static_assert(sizeof...(B) <= 1);
-    using S = Lanes<T>;
     constexpr Shape shape = {H, W};
     constexpr bool squares = sizeof...(B) == 0, pairs = !squares && (B::is_array && ...);
     const auto single = [&](int n) __attribute__((noinline)) {
@@ -87,47 +134,21 @@ void reduce_lanes(int count, const Scalars<T> &results, const F &f, const A &a, 
             multiply(x);
         else
             multiply(view(b..., n, shape));
-        store<T>(results.object(n), f(terms));
+        store<T>(results.object(n), F{}(terms));
         return zelStatusOk;
     };
-    S fixed[H][W];
-    if constexpr (!squares && !pairs)
-        load_splat<T>(fixed, view(b..., 0, shape));
-    const auto kernel = [&](const Group &group, const auto &r, const auto &...o)
-        __attribute__((always_inline)) {
-        if constexpr (squares && H * W >= block_length)
-            if constexpr ((is_dense<std::decay_t<decltype(o)>> && ...)) {
-                Folded<S, H * W> row;
-                load_squares<T, H * W>(row, o..., group.first);
-                store<S>(r.object(group.first), f(row));
-                return 0u;
-            }
-        S terms[H][W];
-        if constexpr (pairs) {
-            load_products<T>(terms, o..., group.first);
-        } else {
-            load_lanes<T>(terms, o..., group.first);
-            unroll<H * W>(ZELM_EACH(e) {
-                S &term = terms[e / W][e % W];
-                term = term * (squares ? term : fixed[e / W][e % W]);
-            });
-        }
-        store<S>(r.object(group.first), f(terms));
-        return 0u;
-    };
-    const Footprint to(results, {1, 1});
-    const Footprint from(a, shape);
+    const auto to = walked(results);
+    const auto from = walked<H, W>(a);
+    const Overlap overlap(count, to.objects, from.objects, objects(b, shape)...);
     if constexpr (squares) {
-        walk_lightly<T>(count, Overlap(count, {1, 1}, to, from), kernel, single,
-                        walked<1, 1>(results), walked<H, W>(a));
+        walk_lightly<T>(count, overlap, ReduceSquares<H, W, T, F>{}, single, to, from);
+    } else if constexpr (pairs) {
+        walk_lightly<T>(count, overlap, ReducePairs<H, W, T, F>{}, single, to, from,
+                        walked<H, W>(b)...);
     } else {
-        const Footprint beside(b..., shape);
-        const Overlap overlap(count, {1, 1}, to, from, beside);
-        if constexpr (pairs)
-            walk_lightly<T>(count, overlap, kernel, single, walked<1, 1>(results), walked<H, W>(a),
-                            walked<H, W>(b...));
-        else
-            walk_lightly<T>(count, overlap, kernel, single, walked<1, 1>(results), walked<H, W>(a));
+        ReduceWithOne<H, W, T, F> kernel;
+        load_splat<T>(kernel.fixed, view(b..., 0, shape));
+        walk_lightly<T>(count, overlap, kernel, single, to, from);
     }
 }
 

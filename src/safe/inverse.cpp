@@ -285,12 +285,10 @@ unsigned try_any_order(const A &a, const X &to, int n, Store store, const Memory
         return fine;
     }
     transpose_in_place(m.t, n);
-    const auto row = [&](int i, int lane) { return static_cast<int>(m.p[i][lane]); };
     for_each_run<T, Whole>(
         n, n, [&](int i, int j, auto K) __attribute__((always_inline)) {
-            store_row<T>(to, 0, {n, n}, i, j,
-                         *reinterpret_cast<S(*)[decltype(K)::value]>(m.t + i * n + j),
-                         RowNumbers{row});
+            store_row<T>(to, i, j, *reinterpret_cast<S(*)[decltype(K)::value]>(m.t + i * n + j),
+                         ComputedNumbers<T>{m.p});
         });
     return fine;
 }

@@ -15,48 +15,6 @@ namespace zelm::safe {
 
 inline constexpr int largest_straight_line_order = 6;
 
-// One object in each of L lanes, as an operand.
-template <class T, int L>
-struct Objects {
-    using Type = T;
-    using Element = std::remove_const_t<T>;
-    static constexpr bool is_array = true, is_tabled = false, has_table = true;
-    static constexpr int object_rank = 2;
-
-    ByteOf<T> *at[L];
-    Distance stride1, stride2;
-    bool is_planar;
-
-    ZELM_INLINE ByteOf<T> *object(int lane) const { return at[lane]; }
-    ZELM_INLINE StridedView<T> view(int lane) const { return {at[lane], stride1, stride2}; }
-    ZELM_INLINE bool planar() const { return is_planar; }
-    // Of the lanes from `lane` on.
-    template <int fewer>
-    ZELM_INLINE Objects<T, fewer> part(int lane) const {
-        Objects<T, fewer> p;
-        for (int l = 0; l < fewer; ++l)
-            p.at[l] = at[lane + l];
-        p.stride1 = stride1;
-        p.stride2 = stride2;
-        p.is_planar = is_planar;
-        return p;
-    }
-    // Rows and columns exchanged.
-    ZELM_INLINE Objects transposed() const {
-        Objects t = *this;
-        t.stride1 = stride2;
-        t.stride2 = stride1;
-        return t;
-    }
-    // Column j as a matrix of one column.
-    ZELM_INLINE Objects column(int j) const {
-        Objects c = *this;
-        for (auto &p : c.at)
-            p += j * stride2;
-        return c;
-    }
-};
-
 // The objects of an array that are worked on at once: first ... first + live - 1, or those that
 // `numbers` lists.
 struct Group {
@@ -69,8 +27,8 @@ struct Group {
         return numbers == nullptr ? first + l : numbers[l];
     }
     template <class T, int L>
-    ZELM_INLINE Objects<T, L> objects(const ZelmView &v) const {
-        Objects<T, L> o;
+    ZELM_INLINE LaneObjects<T, L> objects(const ZelmView &v) const {
+        LaneObjects<T, L> o;
         o.stride1 = v.stride1;
         o.stride2 = v.stride2;
         o.is_planar = v.table == nullptr && v.stride0 == Distance{sizeof(T)} && live == L &&
@@ -247,18 +205,19 @@ ZELM_INLINE void for_each_run(int rows, int columns, const F &f) {
             });
 }
 template <class Part = Whole, class S, class T, int L>
-ZELM_INLINE void load_objects(S *a, const Objects<T, L> &from, int rows, int columns) {
+ZELM_INLINE void load_objects(S *a, const LaneObjects<T, L> &from, int rows, int columns) {
     using E = ElementOf<S>;
     constexpr int registers = lanes_of<S> / lanes_per_register<E>;
     for_each_run<E, Part>(
         rows, columns, [&](int i, int j, auto K) __attribute__((always_inline)) {
             unroll<registers>(ZELM_EACH(r) {
                 Lanes<E> part[decltype(K)::value];
-                if (registers == 1 && from.is_planar)
-                    unroll<decltype(K)::value>(
-                        ZELM_EACH(k) { part[k] = load<Lanes<E>>(from.view(0).at(i, j + k)); });
+                if constexpr (registers == 1)
+                    load_row<E>(part, from, i, j);
                 else
-                    load_row<E>(part, from, r * lanes_per_register<E>, {rows, columns}, i, j);
+                    load_row<E>(
+                        part,
+                        from.template part<lanes_per_register<E>>(r * lanes_per_register<E>), i, j);
                 unroll<decltype(K)::value>(ZELM_EACH(k) {
                     if constexpr (registers == 1)
                         a[i * columns + j + k] = part[k];
@@ -276,7 +235,7 @@ struct LowerElements {
     static constexpr bool all = false;
 };
 template <class Elements = AllElements, class S, class T, int L>
-ZELM_INLINE void store_objects(const Objects<T, L> &to, const S *a, int rows, int columns) {
+ZELM_INLINE void store_objects(const LaneObjects<T, L> &to, const S *a, int rows, int columns) {
     constexpr int registers = lanes_of<S> / lanes_per_register<T>;
     for_each_run<T, Whole>(
         rows, columns, [&](int i, int j, auto K) __attribute__((always_inline)) {
@@ -295,17 +254,17 @@ ZELM_INLINE void store_objects(const Objects<T, L> &to, const S *a, int rows, in
                     if (!Elements::all && j + k > i)
                         part[k] = splat<Lanes<T>>(0);
                 });
-                if (registers == 1 && to.is_planar)
-                    unroll<decltype(K)::value>(
-                        ZELM_EACH(k) { store<Lanes<T>>(to.view(0).at(i, j + k), part[k]); });
+                if constexpr (registers == 1)
+                    store_row<T>(to, i, j, part);
                 else
-                    store_row<T>(to, r * lanes_per_register<T>, {rows, columns}, i, j, part);
+                    store_row<T>(to.template part<lanes_per_register<T>>(r * lanes_per_register<T>),
+                                 i, j, part);
             });
         });
 }
 // The lanes of `lanes` alone.
 template <class Elements = AllElements, class S, class T, int L>
-void store_some(const Objects<T, L> &to, unsigned lanes, const S *a, int rows, int columns) {
+void store_some(const LaneObjects<T, L> &to, unsigned lanes, const S *a, int rows, int columns) {
     static_assert(lanes_of<S> == L);
     if (lanes == all_lanes<S>) [[likely]]
         return store_objects<Elements>(to, a, rows, columns);
