@@ -201,8 +201,7 @@ ZELM_INLINE void load_planes(Lanes<T> (&a)[H][W], const Rows &rows, const At &at
         unroll<Part::width(i, W)>(ZELM_EACH(j) { b[i][j] = load<Lanes<T>>(at(i, j)); });
     });
     if constexpr (Rows::natural)
-        unroll<H>(
-            ZELM_EACH(i) { unroll<Part::width(i, W)>(ZELM_EACH(j) { a[i][j] = b[i][j]; }); });
+        unroll<H>(ZELM_EACH(i) { unroll<Part::width(i, W)>(ZELM_EACH(j) { a[i][j] = b[i][j]; }); });
     else
         permute_rows<T, false>(a, b, rows);
 }
@@ -210,8 +209,7 @@ template <class T, class Part, int H, int W, class Rows, class At>
 ZELM_INLINE void store_planes(const Lanes<T> (&a)[H][W], const Rows &rows, const At &at) {
     Lanes<T> b[H][W];
     if constexpr (Rows::natural)
-        unroll<H>(
-            ZELM_EACH(i) { unroll<Part::width(i, W)>(ZELM_EACH(j) { b[i][j] = a[i][j]; }); });
+        unroll<H>(ZELM_EACH(i) { unroll<Part::width(i, W)>(ZELM_EACH(j) { b[i][j] = a[i][j]; }); });
     else
         permute_rows<T, true>(b, a, rows);
     unroll<H>(ZELM_EACH(i) {
@@ -291,19 +289,17 @@ ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Rows<E, H, W> &op, int fi
 template <class T, class Part = Whole, int H, int W, class E, class Rows = NaturalRows<T>>
 ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Planes<E, H, W, Part> &op, int first,
                             const Rows &rows = {}) {
-    const Distance offset = first * Distance{sizeof(T)};
     if constexpr (detail::loads_registers<T, H, Rows>)
         detail::load_planes<T, Part>(
             a, rows, [&](int i, int j) __attribute__((always_inline)) {
-                return op.at[i * W + j] + offset;
+                return op.element(first, i, j);
             });
     else
         unroll<H>(ZELM_EACH(i) {
             unroll<Part::width(i, W)>(ZELM_EACH(j) {
                 const char *at[lanes_per_register<T>];
-                unroll<lanes_per_register<T>>(ZELM_EACH(l) {
-                    at[l] = op.at[rows(i, l) * W + j] + offset + l * Distance{sizeof(T)};
-                });
+                unroll<lanes_per_register<T>>(
+                    ZELM_EACH(l) { at[l] = op.element_of_row(first + l, rows(i, l), j); });
                 a[i][j] = detail::gather<T>(at, 0);
             });
         });
@@ -311,8 +307,8 @@ ZELM_INLINE void load_lanes(Lanes<T> (&a)[H][W], const Planes<E, H, W, Part> &op
 
 // Row i of `a` goes to row i of each lane's object, or to row rows(i, lane).
 template <class T, class Part = Whole, int H, int W, bool gapless, class Rows = NaturalRows<T>>
-ZELM_INLINE void store_lanes(const Dense<T, H, W, gapless> &op, int first, const Lanes<T> (&a)[H][W],
-                             const Rows &rows = {}) {
+ZELM_INLINE void store_lanes(const Dense<T, H, W, gapless> &op, int first,
+                             const Lanes<T> (&a)[H][W], const Rows &rows = {}) {
     if constexpr (Rows::natural && H * W == 3)
         if (op.step() == 3 * Distance{sizeof(T)}) {
             char *const at = op.object(first);
@@ -341,21 +337,19 @@ ZELM_INLINE void store_lanes(const Rows<T, H, W> &op, int first, const Lanes<T> 
     detail::store_rows<T, Part>(a, base, op.stride1, rows);
 }
 template <class T, class Part = Whole, int H, int W, class Rows = NaturalRows<T>>
-ZELM_INLINE void store_lanes(const Planes<T, H, W, Part> &op, int first,
-                             const Lanes<T> (&a)[H][W], const Rows &rows = {}) {
-    const Distance offset = first * Distance{sizeof(T)};
+ZELM_INLINE void store_lanes(const Planes<T, H, W, Part> &op, int first, const Lanes<T> (&a)[H][W],
+                             const Rows &rows = {}) {
     if constexpr (detail::stores_registers<T, Rows>)
         detail::store_planes<T, Part>(
             a, rows, [&](int i, int j) __attribute__((always_inline)) {
-                return op.at[i * W + j] + offset;
+                return op.element(first, i, j);
             });
     else
         unroll<H>(ZELM_EACH(i) {
             unroll<Part::width(i, W)>(ZELM_EACH(j) {
                 char *at[lanes_per_register<T>];
-                unroll<lanes_per_register<T>>(ZELM_EACH(l) {
-                    at[l] = op.at[rows(i, l) * W + j] + offset + l * Distance{sizeof(T)};
-                });
+                unroll<lanes_per_register<T>>(
+                    ZELM_EACH(l) { at[l] = op.element_of_row(first + l, rows(i, l), j); });
                 detail::scatter<T>(at, 0, a[i][j]);
             });
         });
@@ -457,7 +451,8 @@ ZELM_INLINE void load_lanes(Interleaved<Lanes<T>, n> (&a)[H][W], const Operand &
     unroll<n>(ZELM_EACH(r) {
         Lanes<T> part[H][W];
         if constexpr (requires { op.is_planar; })
-            load_lanes<T, Part>(part, op.template part<lanes_per_register<T>>(r * lanes_per_register<T>), 0);
+            load_lanes<T, Part>(
+                part, op.template part<lanes_per_register<T>>(r * lanes_per_register<T>), 0);
         else
             load_lanes<T, Part>(part, op, first + r * lanes_per_register<T>);
         unroll<H>(ZELM_EACH(i) {
@@ -474,7 +469,8 @@ ZELM_INLINE void store_lanes(const Operand &op, int first,
             unroll<Part::width(i, W)>(ZELM_EACH(j) { part[i][j] = a[i][j].r[r]; });
         });
         if constexpr (requires { op.is_planar; })
-            store_lanes<T, Part>(op.template part<lanes_per_register<T>>(r * lanes_per_register<T>), 0, part);
+            store_lanes<T, Part>(op.template part<lanes_per_register<T>>(r * lanes_per_register<T>),
+                                 0, part);
         else
             store_lanes<T, Part>(op, first + r * lanes_per_register<T>, part);
     });
@@ -511,7 +507,6 @@ ZELM_INLINE void store_numbers(const Index &index, int first, const IndexOf<Lane
     }
 }
 
-
 // ---- groups of a shape known at run time: row by row in registers' memory -----------------------
 
 // The largest order whose objects fit the stack, one in each lane: 4 KiB of narrow registers.
@@ -529,38 +524,73 @@ ZELM_INLINE void in_steps(int from, int to, const F &f) {
         f(j, std::integral_constant<int, 1>{});
 }
 
-// K elements of one row of every lane's object, from column j on; the row by number.
-template <class T, int K, class E, class Rows = NaturalRows<T>>
-ZELM_INLINE void load_row(Lanes<T> (&a)[K], const LaneObjects<E> &o, int i, int j,
-                          const Rows &rows = {}) {
-    constexpr int L = lanes_per_register<T>;
-    const Distance across = j * o.stride2;
-    const char *at[L];
-    unroll<L>(ZELM_EACH(l) {
-        at[l] = o.at[l] + detail::row_of(rows, i, l) * o.stride1 + across;
-    });
-    if (Rows::natural && o.is_planar)
-        unroll<K>(ZELM_EACH(k) { a[k] = load<Lanes<T>>(at[0] + k * o.stride2); });
-    else if (K == 1 || o.stride2 == Distance{sizeof(T)})
-        detail::load_runs<T, K>(a, at);
-    else
-        unroll<K>(ZELM_EACH(k) { a[k] = detail::gather<T>(at, k * o.stride2); });
+// The addresses of row i of every lane's object, the row by number.
+template <class T, class E, class Rows, class Byte>
+ZELM_INLINE void row_addresses(Byte *(&at)[lanes_per_register<T>], const LaneObjects<E> &o, int i,
+                               const Rows &rows) {
+    unroll<lanes_per_register<T>>(
+        ZELM_EACH(l) { at[l] = o.at[l] + detail::row_of(rows, i, l) * o.stride1; });
 }
-template <class T, int K, class Rows = NaturalRows<T>>
-ZELM_INLINE void store_row(const LaneObjects<T> &o, int i, int j, const Lanes<T> (&a)[K],
-                           const Rows &rows = {}) {
-    constexpr int L = lanes_per_register<T>;
-    const Distance across = j * o.stride2;
-    char *at[L];
-    unroll<L>(ZELM_EACH(l) {
-        at[l] = o.at[l] + detail::row_of(rows, i, l) * o.stride1 + across;
-    });
-    if (Rows::natural && o.is_planar)
-        unroll<K>(ZELM_EACH(k) { store<Lanes<T>>(at[0] + k * o.stride2, a[k]); });
-    else if (K == 1 || o.stride2 == Distance{sizeof(T)})
-        detail::store_runs<T, K>(at, a);
-    else
-        unroll<K>(ZELM_EACH(k) { detail::scatter<T>(at, k * o.stride2, a[k]); });
+
+// f(j, run) for the first `width` elements of row i of every lane's object, the row by number: runs
+// of registers, element j and those behind it.
+template <class T, class E, class Rows, class F>
+ZELM_INLINE void load_row(const LaneObjects<E> &o, int i, int width, const Rows &rows, const F &f) {
+    const char *at[lanes_per_register<T>];
+    row_addresses<T>(at, o, i, rows);
+    const Distance stride2 = o.stride2;
+    if (Rows::natural && o.is_planar) {
+        for (int j = 0; j < width; ++j) {
+            const Lanes<T> run[] = {load<Lanes<T>>(at[0] + j * stride2)};
+            f(j, run);
+        }
+    } else if (stride2 == Distance{sizeof(T)}) {
+        in_steps<T>(
+            0, width, [&](int j, auto K) __attribute__((always_inline)) {
+                Lanes<T> run[decltype(K)::value];
+                const char *from[lanes_per_register<T>];
+                unroll<lanes_per_register<T>>(
+                    ZELM_EACH(l) { from[l] = at[l] + j * Distance{sizeof(T)}; });
+                detail::load_runs<T, decltype(K)::value>(run, from);
+                f(j, run);
+            });
+    } else {
+        for (int j = 0; j < width; ++j) {
+            const Lanes<T> run[] = {detail::gather<T>(at, j * stride2)};
+            f(j, run);
+        }
+    }
+}
+// f(j, run) fills the runs, which are then stored.
+template <class T, class Rows, class F>
+ZELM_INLINE void store_row(const LaneObjects<T> &o, int i, int width, const Rows &rows,
+                           const F &f) {
+    char *at[lanes_per_register<T>];
+    row_addresses<T>(at, o, i, rows);
+    const Distance stride2 = o.stride2;
+    if (Rows::natural && o.is_planar) {
+        for (int j = 0; j < width; ++j) {
+            Lanes<T> run[1];
+            f(j, run);
+            store<Lanes<T>>(at[0] + j * stride2, run[0]);
+        }
+    } else if (stride2 == Distance{sizeof(T)}) {
+        in_steps<T>(
+            0, width, [&](int j, auto K) __attribute__((always_inline)) {
+                Lanes<T> run[decltype(K)::value];
+                char *to[lanes_per_register<T>];
+                unroll<lanes_per_register<T>>(
+                    ZELM_EACH(l) { to[l] = at[l] + j * Distance{sizeof(T)}; });
+                f(j, run);
+                detail::store_runs<T, decltype(K)::value>(to, run);
+            });
+    } else {
+        for (int j = 0; j < width; ++j) {
+            Lanes<T> run[1];
+            f(j, run);
+            detail::scatter<T>(at, j * stride2, run[0]);
+        }
+    }
 }
 
 namespace detail {
@@ -597,7 +627,7 @@ ZELM_INLINE auto &register_of(S &x, int r) {
 // Row i of `a`, as long as the objects' rows, is row i of each lane's object, or row
 // rows(i, lane); of a Part its elements alone.
 template <class S, class Rows = NaturalRows<ElementOf<S>>>
-[[gnu::noinline]] void load_block(S *a, const Objects &o, int first, const Rows &rows = {}) {
+[[gnu::noinline]] void load_block(S *a, const Objects o, int first, const Rows rows = {}) {
     using T = ElementOf<S>;
     constexpr int L = lanes_per_register<T>;
     const Shape shape = o.shape;
@@ -607,28 +637,27 @@ template <class S, class Rows = NaturalRows<ElementOf<S>>>
                 for (int j = 0; j < o.width(i); ++j) {
                     const char *at[L];
                     detail::entries<T>(at, o, first, i, j, rows);
-                    detail::register_of(a[i * shape.width + j], r) =
-                        Rows::natural && o.is_planar() ? load<Lanes<T>>(at[0])
-                                                       : detail::gather<T>(at, 0);
+                    detail::register_of(a[i * shape.width + j], r) = Rows::natural && o.is_planar()
+                                                                         ? load<Lanes<T>>(at[0])
+                                                                         : detail::gather<T>(at, 0);
                 }
             continue;
         }
         const auto lanes = detail::lane_objects<const T>(o, first);
-        for (int i = 0; i < shape.height; ++i)
-            in_steps<T>(
-                0, o.width(i), [&](int j, auto K) __attribute__((always_inline)) {
-                    Lanes<T> run[decltype(K)::value];
-                    load_row<T>(run, lanes, i, j, rows);
-                    unroll<decltype(K)::value>(ZELM_EACH(k) {
-                        detail::register_of(a[i * shape.width + j + k], r) = run[k];
-                    });
+        for (int i = 0; i < shape.height; ++i) {
+            S *const row = a + i * shape.width;
+            load_row<T>(
+                lanes, i, o.width(i),
+                rows, [&](int j, const auto &run) __attribute__((always_inline)) {
+                    unroll<sizeof run / sizeof *run>(
+                        ZELM_EACH(k) { detail::register_of(row[j + k], r) = run[k]; });
                 });
+        }
     }
 }
 // Row i of `a` goes to row i of each lane's object, or to row rows(i, lane).
 template <class S, class Rows = NaturalRows<ElementOf<S>>>
-[[gnu::noinline]] void store_block(const Objects &o, int first, const S *a,
-                                   const Rows &rows = {}) {
+[[gnu::noinline]] void store_block(const Objects o, int first, const S *a, const Rows rows = {}) {
     using T = ElementOf<S>;
     constexpr int L = lanes_per_register<T>;
     const Shape shape = o.shape;
@@ -647,15 +676,14 @@ template <class S, class Rows = NaturalRows<ElementOf<S>>>
             continue;
         }
         const auto lanes = detail::lane_objects<T>(o, first);
-        for (int i = 0; i < shape.height; ++i)
-            in_steps<T>(
-                0, o.width(i), [&](int j, auto K) __attribute__((always_inline)) {
-                    Lanes<T> run[decltype(K)::value];
-                    unroll<decltype(K)::value>(ZELM_EACH(k) {
-                        run[k] = detail::register_of(a[i * shape.width + j + k], r);
-                    });
-                    store_row<T>(lanes, i, j, run, rows);
+        for (int i = 0; i < shape.height; ++i) {
+            const S *const row = a + i * shape.width;
+            store_row<T>(
+                lanes, i, o.width(i), rows, [&](int j, auto &run) __attribute__((always_inline)) {
+                    unroll<sizeof run / sizeof *run>(
+                        ZELM_EACH(k) { run[k] = detail::register_of(row[j + k], r); });
                 });
+        }
     }
 }
 

@@ -11,17 +11,24 @@ Objects transposed(Objects o) {
 
 // From planar memory to objects whose rows have adjacent elements, or the other way: registers in
 // both, transposed on the way.
-template <bool to_planes, class T>
+template <bool to_planes, bool tabled, class T>
 void move_runs(char *const *planes, const Objects &objects, Distance inside, int first, int n) {
     constexpr int L = lanes_per_register<T>;
     constexpr Distance size = sizeof(T);
+    const char *const base = objects.base;
+    const Distance step = tabled ? Distance{sizeof(char *)} : objects.step;
+    inside += objects.offset;
+    const auto object_at = [&](int k) __attribute__((always_inline)) {
+        const char *const at = base + k * step;
+        return (tabled ? load<char *>(at) : const_cast<char *>(at)) + inside;
+    };
     char *plane[L];
     unroll<L>(ZELM_EACH(k) { plane[k] = planes[k] + first * size; });
     int l = 0;
     for (; l <= n - L; l += L) {
         char *object[L];
         Lanes<T> v[L];
-        unroll<L>(ZELM_EACH(o) { object[o] = objects.object(first + l + o) + inside; });
+        unroll<L>(ZELM_EACH(o) { object[o] = object_at(first + l + o); });
         unroll<L>(
             ZELM_EACH(k) { v[k] = load<Lanes<T>>(to_planes ? object[k] : plane[k] + l * size); });
         transpose(v);
@@ -30,13 +37,13 @@ void move_runs(char *const *planes, const Objects &objects, Distance inside, int
     }
     for (; l < n; ++l)
         unroll<L>(ZELM_EACH(k) {
-            char *const object = objects.object(first + l) + inside + k * size;
+            char *const object = object_at(first + l) + k * size;
             char *const at = plane[k] + l * size;
             store<T>(to_planes ? at : object, load<T>(to_planes ? object : at));
         });
 }
 template <bool to_planes, class T>
-void move_planes(const Objects &planes, const Objects &objects, int count) {
+void move_planes(const Objects planes, const Objects objects, int count) {
     constexpr int L = lanes_per_register<T>, block = 64; // of objects, a few lines of each plane
     const Shape shape = objects.shape;
     const bool dense = shape.height == 1 || objects.stride1 == shape.width * Distance{sizeof(T)};
@@ -50,10 +57,22 @@ void move_planes(const Objects &planes, const Objects &objects, int count) {
                 for (int k = at; k < at + L; ++k)
                     plane[k - at] = dense ? planes.element(0, k / shape.width, k % shape.width)
                                           : planes.element(0, i, k);
-                move_runs<to_planes, T>(plane, objects,
-                                        i * objects.stride1 + at * Distance{sizeof(T)}, first, n);
+                const Distance inside = i * objects.stride1 + at * Distance{sizeof(T)};
+                if (objects.description == Description::layout)
+                    move_runs<to_planes, true, T>(plane, objects, inside, first, n);
+                else
+                    move_runs<to_planes, false, T>(plane, objects, inside, first, n);
             }
     }
+}
+
+// Between planar memories.
+template <class T>
+void copy_planes(const Objects &from, const Objects &to, int n) {
+    for (int i = 0; i < to.shape.height; ++i)
+        for (int j = 0; j < to.width(i); ++j)
+            __builtin_memcpy(to.element(0, i, j), from.element(0, i, j),
+                             static_cast<std::size_t>(n) * sizeof(T));
 }
 
 // Whether the objects have adjacent elements enough for registers.
@@ -85,7 +104,9 @@ template bool move_between_planes_and_rows<double>(const Objects &, const Object
 namespace {
 
 template <class T>
-void copy(const Objects &from, const Objects &to, int n) {
+void copy(const Objects from, const Objects to, int n) {
+    if (from.is_planar() && to.is_planar())
+        return copy_planes<T>(from, to, n);
     if (move_between_planes_and_rows<T>(from, to, n) ||
         move_between_planes_and_rows<T>(transposed(from), transposed(to), n))
         return;

@@ -53,7 +53,9 @@ struct Objects {
         return description != Description::layout && step == element_size;
     }
     // A kernel by planes may take the array as it is.
-    ZELM_INLINE bool is_direct_plane() const { return numbers || is_planar(); }
+    ZELM_INLINE bool is_direct_plane() const {
+        return numbers || (description == Description::standard && is_planar());
+    }
     ZELM_INLINE bool has_adjacent_rows() const {
         return description != Description::pointer && (shape.width == 1 || stride2 == element_size);
     }
@@ -165,18 +167,35 @@ struct Rows {
           stride1(o.stride1) {}
 };
 
-// An address for each element, at which those of consecutive objects are adjacent.
+// Planar strided memory: the same element of consecutive objects is adjacent. Of larger objects the
+// address of every element is kept in memory, where that costs less than registers for distances.
 template <class T, int H, int W, class Part>
 struct Planes {
     using Type = T;
     using Element = std::remove_const_t<T>;
+    static constexpr bool lists_addresses = H * W > 9;
 
-    char *at[H * W];
+    char *base;
+    Distance stride1, stride2;
+    char *at[lists_addresses ? H * W : 1];
 
-    explicit Planes(const Objects &o) {
-        for (int i = 0; i < H; ++i)
-            for (int j = 0; j < W; ++j)
-                at[i * W + j] = j < Part::width(i, W) ? o.element(0, i, j) : nullptr;
+    explicit Planes(const Objects &o) : base(o.base), stride1(o.stride1), stride2(o.stride2) {
+        if constexpr (lists_addresses)
+            for (int i = 0; i < H; ++i)
+                for (int j = 0; j < W; ++j)
+                    at[i * W + j] = base + i * stride1 + j * stride2;
+    }
+    // Element (i, j) of object n.
+    ZELM_INLINE char *element(int n, int i, int j) const {
+        const Distance offset = n * Distance{sizeof(T)};
+        if constexpr (lists_addresses)
+            return at[i * W + j] + offset;
+        else
+            return base + offset + i * stride1 + j * stride2;
+    }
+    // Of a row whose number is not known when compiling.
+    ZELM_INLINE char *element_of_row(int n, Distance row, int j) const {
+        return base + n * Distance{sizeof(T)} + row * stride1 + j * stride2;
     }
 };
 

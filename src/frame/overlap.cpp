@@ -18,9 +18,9 @@ Footprint::Footprint(const Objects &o) : objects_(o), lowest_(0) {
     } else {
         if (o.description == Description::standard)
             lowest_ = reinterpret_cast<Number>(o.base);
-        extent_ = static_cast<Number>((shape.height - 1) * o.stride1 +
-                                      (shape.width - 1) * o.stride2) +
-                  size;
+        extent_ =
+            static_cast<Number>((shape.height - 1) * o.stride1 + (shape.width - 1) * o.stride2) +
+            size;
     }
 }
 
@@ -73,8 +73,8 @@ bool Footprint::are_entries_apart(Number run) const {
 bool Footprint::is_same_memory(const Footprint &other) const {
     const Objects &a = objects_, &b = other.objects_;
     return !is_layout() && a.description == b.description && extent_ == other.extent_ &&
-           a.base == b.base && a.step == b.step && a.offset == b.offset &&
-           a.stride1 == b.stride1 && a.stride2 == b.stride2;
+           a.base == b.base && a.step == b.step && a.offset == b.offset && a.stride1 == b.stride1 &&
+           a.stride2 == b.stride2;
 }
 
 void Overlap::decide(int count) {
@@ -85,8 +85,8 @@ void Overlap::decide(int count) {
     clear_ = destination_.is_disjoint(count);
     const Span all = destination_.all(count);
     for (int k = 0; k < sources_; ++k)
-        clear_ = clear_ && (!all.meets(source_[k].all(count)) ||
-                            destination_.is_same_memory(source_[k]));
+        clear_ = clear_ &&
+                 (!all.meets(source_[k].all(count)) || destination_.is_same_memory(source_[k]));
 }
 
 // A table of objects is clear where it ascends and each source object lies between the destination

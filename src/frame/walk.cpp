@@ -28,7 +28,8 @@ public:
           form_(form),
           staged_(staged) {}
 
-    // run(n, groups) does full groups from object n on until a lane fails; returns the objects done.
+    // run(n, groups) does full groups from object n on until a lane fails; returns the objects
+    // done.
     template <class Run>
     ZELM_INLINE ZelStatus over_groups(int most_groups, const Run &run) {
         const int L = kernel_.lanes;
@@ -102,9 +103,8 @@ private:
 ZelStatus walk_groups(int count, const Overlap &allowed, const Kernel &kernel, const Single &single,
                       Form form, const Staged &staged) {
     Walk walk(count, allowed, kernel, single, form, staged);
-    return walk.over_groups(count, [&](int n, int groups) {
-        return walk.run(staged.array, n, groups);
-    });
+    return walk.over_groups(count,
+                            [&](int n, int groups) { return walk.run(staged.array, n, groups); });
 }
 
 ZelStatus walk_staged(int count, const Overlap &allowed, const Kernel &kernel, const Single &single,

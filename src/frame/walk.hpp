@@ -137,10 +137,9 @@ ZelStatus walk_staged(int count, const Overlap &allowed, const Kernel &kernel, c
 
 template <class F>
 ZELM_INLINE Single single_of(const F &f) {
-    return {[](const void *context, int object) {
-                return (*static_cast<const F *>(context))(object);
-            },
-            &f};
+    return {
+        [](const void *context, int object) { return (*static_cast<const F *>(context))(object); },
+        &f};
 }
 
 // Objects 0 ... count - 1 one by one, up to the first that fails.
@@ -159,8 +158,10 @@ namespace detail {
 template <class T, Form form, int registers, class F, class... Arrays>
 unsigned run_groups(const void *context, const Objects *arrays, int *first, int groups,
                     bool staged) {
-    const F &f = *static_cast<const F *>(context);
-    return [&]<std::size_t... k>(std::index_sequence<k...>) {
+    // A copy: nothing that is stored could change it.
+    constexpr bool small = sizeof(F) <= 64 * register_bytes;
+    const std::conditional_t<small, const F, const F &> f = *static_cast<const F *>(context);
+    return [&]<std::size_t... k>(std::index_sequence<k...>) __attribute__((always_inline)) {
         const std::tuple operands(Arrays::template operand<form>(arrays[k])...);
         GroupOf<registers> group = {{*first, staged}};
         unsigned failing;
@@ -197,7 +198,7 @@ struct Room {
 template <class T, int objects, class F, class... Arrays>
 ZELM_INLINE ZelStatus with_rooms(const F &f, const Arrays &...array) {
     const Objects arrays[] = {array.objects...};
-    std::tuple<Room<objects * Arrays::most_elements * int{sizeof(T)}>...> rooms;
+    std::tuple<Room<objects * Arrays::most_elements *int{sizeof(T)}>...> rooms;
     return std::apply(
         [&](auto &...r) __attribute__((always_inline)) {
             char *const room[] = {r.bytes_...};

@@ -75,8 +75,9 @@ struct SolveEachBlock {
         S a[largest_lane_elements], y[largest_lane_elements];
         load_block(a, f, group.first, rows);
         load_block(y, b, group.first, rows);
-        const auto element = [&](int i, int j)
-            __attribute__((always_inline)) { return a[i * width + j]; };
+        const auto element = [&](int i, int j) __attribute__((always_inline)) {
+            return a[i * width + j];
+        };
         typename Family::template PreparedBlock<S, largest_lane_order> factor;
         factor.prepare(f.shape, element);
         factor.solve(f.shape, element, y);
@@ -93,8 +94,7 @@ struct SolveBlocksWithOne {
     const Shape shape;
     typename Family::template PreparedBlock<S, largest_lane_elements> factor;
 
-    SolveBlocksWithOne(const View &v, const int *rows, Shape s)
-        : view(v), numbers(rows), shape(s) {
+    SolveBlocksWithOne(const View &v, const int *rows, Shape s) : view(v), numbers(rows), shape(s) {
         factor.prepare(shape, element());
     }
     ZELM_INLINE auto element() const {
@@ -146,9 +146,8 @@ void solve_arrays(int count, Shape shape, const Factor &factor, const Vector &b,
                 unroll<N>(ZELM_EACH(i) {
                     int row = i;
                     ((row = numbers.row(0)[int{i}]), ...);
-                    unroll<Part::width(i, N)>(ZELM_EACH(j) {
-                        kernel.factor.f[i][j] = splat<Lanes<T>>(get(f, row, j));
-                    });
+                    unroll<Part::width(i, N)>(
+                        ZELM_EACH(j) { kernel.factor.f[i][j] = splat<Lanes<T>>(get(f, row, j)); });
                 });
                 kernel.factor.prepare();
                 walk<T>(count, overlap, kernel, alone, from, to, walked<N>(numbers, N)...);

@@ -91,14 +91,16 @@ void any_shape(Sizes s, const A &a, const B &b, const D &d, int object) {
         multiply_any<false, T>(x, y, z, s.M, s.K, s.N);
 }
 
-// Products of arrays with an object in each lane.
-template <int n, int N, class T>
+// Products of arrays with an object in each lane; `transposed` says that p holds the transpose.
+template <int n, int N, class T, bool transposed = false>
 struct MultiplyGroup {
     template <class P, class Q, class R>
     ZELM_INLINE unsigned operator()(const Group &group, const P &p, const Q &q, const R &r) const {
         Lanes<T> x[n][n], y[n][N], product[n][N];
         load_lanes<T>(x, p, group.first);
         load_lanes<T>(y, q, group.first);
+        if constexpr (transposed)
+            unroll<n>(ZELM_EACH(i) { unroll<i>(ZELM_EACH(j) { std::swap(x[i][j], x[j][i]); }); });
         multiply(x, y, product);
         store_lanes<T>(r, group.first, product);
         return 0;
@@ -159,6 +161,10 @@ void in_lanes(int count, const A &a, const B &b, const D &d) {
         load_splat<T>(kernel.y, view(b, 0, {n, N}));
         pass(kernel, walked<n, n>(a), to);
     } else {
+        if constexpr (N == 1 && n == 3 && !A::is_tabled)
+            if (!rows_adjacent(a) && rows_adjacent(a.transposed()))
+                return pass(MultiplyGroup<n, N, T, true>{}, walked<n, n>(a.transposed()),
+                            walked<n, N>(b), to);
         pass(MultiplyGroup<n, N, T>{}, walked<n, n>(a), walked<n, N>(b), to);
     }
 }

@@ -115,8 +115,8 @@ struct ReduceWithOne {
     }
 };
 
-// results(n) = F of the products of object n of a with object n of b, or with itself, for objects of
-// a fixed shape.
+// results(n) = F of the products of object n of a with object n of b, or with itself, for objects
+// of a fixed shape.
 template <class F, int H, int W, class T, class A, class... B>
 void reduce_lanes(int count, const Scalars<T> &results, const A &a, const B &...b) {
     static_assert(sizeof...(B) <= 1);

@@ -285,11 +285,12 @@ unsigned try_any_order(const A &a, const X &to, int n, Store store, const Memory
         return fine;
     }
     transpose_in_place(m.t, n);
-    for_each_run<T, Whole>(
-        n, n, [&](int i, int j, auto K) __attribute__((always_inline)) {
-            store_row<T>(to, i, j, *reinterpret_cast<S(*)[decltype(K)::value]>(m.t + i * n + j),
-                         ComputedNumbers<T>{m.p});
-        });
+    for (int i = 0; i < n; ++i)
+        store_row<T>(
+            to, i, n,
+            ComputedNumbers<T>{m.p}, [&](int j, auto &run) __attribute__((always_inline)) {
+                unroll<sizeof run / sizeof *run>(ZELM_EACH(k) { run[k] = m.t[i * n + j + k]; });
+            });
     return fine;
 }
 

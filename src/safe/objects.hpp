@@ -196,36 +196,20 @@ int first_wrong(Distance count, std::initializer_list<int> sizes, const Views &.
 
 // ---- whole objects, or a Part of each, in registers' memory, row by row ----
 
-template <class T, class Part, class F>
-ZELM_INLINE void for_each_run(int rows, int columns, const F &f) {
-    for (int i = 0; i < rows; ++i)
-        in_steps<T>(
-            0, Part::width(i, columns), [&](int j, auto K) __attribute__((always_inline)) {
-                f(i, j, K);
-            });
-}
 template <class Part = Whole, class S, class T, int L>
 ZELM_INLINE void load_objects(S *a, const LaneObjects<T, L> &from, int rows, int columns) {
     using E = ElementOf<S>;
-    constexpr int registers = lanes_of<S> / lanes_per_register<E>;
-    for_each_run<E, Part>(
-        rows, columns, [&](int i, int j, auto K) __attribute__((always_inline)) {
-            unroll<registers>(ZELM_EACH(r) {
-                Lanes<E> part[decltype(K)::value];
-                if constexpr (registers == 1)
-                    load_row<E>(part, from, i, j);
-                else
-                    load_row<E>(
-                        part,
-                        from.template part<lanes_per_register<E>>(r * lanes_per_register<E>), i, j);
-                unroll<decltype(K)::value>(ZELM_EACH(k) {
-                    if constexpr (registers == 1)
-                        a[i * columns + j + k] = part[k];
-                    else
-                        a[i * columns + j + k].r[r] = part[k];
+    constexpr int lanes = lanes_per_register<E>;
+    unroll<lanes_of<S> / lanes>(ZELM_EACH(r) {
+        const auto part = from.template part<lanes>(r * lanes);
+        for (int i = 0; i < rows; ++i)
+            load_row<E>(
+                part, i, Part::width(i, columns),
+                NaturalRows<E>{}, [&](int j, const auto &run) __attribute__((always_inline)) {
+                    unroll<sizeof run / sizeof *run>(
+                        ZELM_EACH(k) { detail::register_of(a[i * columns + j + k], r) = run[k]; });
                 });
-            });
-        });
+    });
 }
 // Which elements of a are stored; zeros stand for the others.
 struct AllElements {
@@ -236,31 +220,22 @@ struct LowerElements {
 };
 template <class Elements = AllElements, class S, class T, int L>
 ZELM_INLINE void store_objects(const LaneObjects<T, L> &to, const S *a, int rows, int columns) {
-    constexpr int registers = lanes_of<S> / lanes_per_register<T>;
-    for_each_run<T, Whole>(
-        rows, columns, [&](int i, int j, auto K) __attribute__((always_inline)) {
-            unroll<registers>(ZELM_EACH(r) {
-                Lanes<T> part[decltype(K)::value];
-                const bool above = !Elements::all && j > i; // not even loaded
-                unroll<decltype(K)::value>(ZELM_EACH(k) {
-                    if (above)
-                        part[k] = splat<Lanes<T>>(0);
-                    else if constexpr (registers == 1)
-                        part[k] = a[i * columns + j + k];
-                    else
-                        part[k] = a[i * columns + j + k].r[r];
+    constexpr int lanes = lanes_per_register<T>;
+    unroll<lanes_of<S> / lanes>(ZELM_EACH(r) {
+        const auto part = to.template part<lanes>(r * lanes);
+        for (int i = 0; i < rows; ++i)
+            store_row<T>(
+                part, i, columns,
+                NaturalRows<T>{}, [&](int j, auto &run) __attribute__((always_inline)) {
+                    const bool above = !Elements::all && j > i; // not even loaded
+                    unroll<sizeof run / sizeof *run>(ZELM_EACH(k) {
+                        if (above || (!Elements::all && k > 0 && j + k > i))
+                            run[k] = splat<Lanes<T>>(0);
+                        else
+                            run[k] = detail::register_of(a[i * columns + j + k], r);
+                    });
                 });
-                unroll<1, decltype(K)::value>(ZELM_EACH(k) {
-                    if (!Elements::all && j + k > i)
-                        part[k] = splat<Lanes<T>>(0);
-                });
-                if constexpr (registers == 1)
-                    store_row<T>(to, i, j, part);
-                else
-                    store_row<T>(to.template part<lanes_per_register<T>>(r * lanes_per_register<T>),
-                                 i, j, part);
-            });
-        });
+    });
 }
 // The lanes of `lanes` alone.
 template <class Elements = AllElements, class S, class T, int L>
