@@ -34,7 +34,7 @@ ZELM_INLINE ZelStatus vectors(const A &a, const B &b, const D &d, int len, const
     if (const ZelStatus s =
             first_failure(pointers(a, b, d), sizes(len), strides(a, b, d), shifts(a, b, d)))
         return s;
-    return y8_ownzelm_elementwise(1, {1, len}, op, d, a, b);
+    return y8_ownzelm_elementwise({1, len}, op, d, a, b);
 }
 template <class Op, class A, class B, class D>
 ZELM_INLINE ZelStatus arrays(const A &a, const B &b, const D &d, int len, int count, const Op &op) {

@@ -55,22 +55,19 @@ ZELM_INLINE ZelStatus extract(const S &source, T *dst, Shape shape, int count) {
 
 // ---- LoadIdentity ----
 
-template <class D>
-void y8_ownzelmLoadIdentity(int count, Shape shape, const D &destination) {
-    using T = typename D::Element;
-    y8_ownzelm_elementwise(count, shape, Unchanged{}, destination, Constant<T>{0});
-    const int ones = shape.width < shape.height ? shape.width : shape.height;
-    for (int n = 0; n < count; ++n) {
-        const auto object = view(destination, n, shape);
+template <class T>
+[[gnu::noinline]] void y8_ownzelmLoadIdentity(int count, const Objects &destination) {
+    const Objects d = with_even_strides(destination);
+    const int ones = d.shape.width < d.shape.height ? d.shape.width : d.shape.height;
+    elementwise::arrays<T>(count, Unchanged{}, d, objects(Constant<T>{0}, d.shape));
+    for (int n = 0; n < count; ++n)
         for (int i = 0; i < ones; ++i)
-            put(object, i, i, T{1});
-    }
+            store<T>(d.element(n, i, i), T{1});
 }
 template <class D>
 ZELM_INLINE ZelStatus loaded(ZelStatus failure, const D &destination, Shape shape, int count) {
     if (failure == zelStatusOk)
-        with_strides([&](const auto &d) { y8_ownzelmLoadIdentity(count, shape, d); },
-                     shaped(destination, shape));
+        y8_ownzelmLoadIdentity<typename D::Element>(count, objects(destination, shape));
     return failure;
 }
 template <class D>

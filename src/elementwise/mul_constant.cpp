@@ -29,13 +29,13 @@ ZELM_INLINE ZelStatus matrix(const A &a, const B &b, const D &d, int width, int 
     if (const ZelStatus s =
             first_failure(pointers(a, d), sizes(width, height), strides(a, d), shifts(a, d)))
         return s;
-    return y8_ownzelm_elementwise(1, {height, width}, Product{}, d, a, b);
+    return y8_ownzelm_elementwise({height, width}, Product{}, d, a, b);
 }
 template <class A, class B, class D>
 ZELM_INLINE ZelStatus vector(const A &a, const B &b, const D &d, int len) {
     if (const ZelStatus s = first_failure(pointers(a, d), sizes(len), strides(a, d), shifts(a, d)))
         return s;
-    return y8_ownzelm_elementwise(1, {1, len}, Product{}, d, a, b);
+    return y8_ownzelm_elementwise({1, len}, Product{}, d, a, b);
 }
 template <class A, class B, class D>
 ZELM_INLINE ZelStatus matrices(const A &a, const B &b, const D &d, int width, int height,

@@ -53,7 +53,7 @@ template <class Op, class A, class B, class D>
     if (const ZelStatus s = first_failure(pointers(a, b, d), sizes(width, height), strides(a, b, d),
                                           shifts(a, b, d)))
         return s;
-    return y8_ownzelm_elementwise(1, {height, width}, Op{}, d, a, b);
+    return y8_ownzelm_elementwise({height, width}, Op{}, d, a, b);
 }
 template <class Op, class A, class B, class D>
 ZELM_INLINE ZelStatus matrices(const A &a, const B &b, const D &d, int width, int height) {
@@ -67,7 +67,7 @@ ZELM_INLINE ZelStatus vectors(const A &a, const B &b, const D &d, int len) {
     if (const ZelStatus s =
             first_failure(pointers(a, b, d), sizes(len), strides(a, b, d), shifts(a, b, d)))
         return s;
-    return y8_ownzelm_elementwise(1, {1, len}, Op{}, d, a, b);
+    return y8_ownzelm_elementwise({1, len}, Op{}, d, a, b);
 }
 
 template <class Op, class A, class B, class D>

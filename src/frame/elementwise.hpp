@@ -14,7 +14,7 @@
 #pragma once
 
 #include "estimate.hpp"
-#include "operand.hpp"
+#include "objects.hpp"
 #include "parallel.hpp"
 
 #include <tuple>
@@ -170,27 +170,24 @@ struct Nest {
     Axis<operands> object, outer, inner;
 };
 
-// Where object n of every operand begins: at a distance from the first one, or by a table.
-template <bool... tabled>
+// Where object n of every operand begins: at a distance from the first one, or by a table where
+// some have one.
+template <int n, bool tables>
 struct ObjectOrigins {
-    static constexpr int operands = sizeof...(tabled);
-    static constexpr bool by_table[operands] = {tabled...};
+    static constexpr int operands = n;
 
-    char *base[operands]; // of a table, its first entry
-    Distance step[operands], shift[operands];
+    char *base[n]; // of a table, its first entry
+    Distance step[n], shift[n];
+    bool by_table[n];
 
-    template <int k>
-    ZELM_INLINE char *operator()(std::integral_constant<int, k>, Distance n) const {
-        char *const at = base[k] + n * step[k];
-        if constexpr (by_table[k])
-            return load<char *>(at) + shift[k];
-        else
-            return at;
+    ZELM_INLINE char *operator()(int k, Distance object) const {
+        char *const at = base[k] + object * step[k];
+        return tables && by_table[k] ? load<char *>(at) + shift[k] : at;
     }
 };
 
-template <int operands, class Objects, class Row>
-ZELM_INLINE void for_each_row(const Nest<operands> &nest, const Objects &objects, const Row &row) {
+template <int operands, class Origins, class Row>
+ZELM_INLINE void for_each_row(const Nest<operands> &nest, const Origins &objects, const Row &row) {
     const Distance count = nest.object.extent, rows = nest.outer.extent;
     Distance next[operands];
     unroll<operands>(ZELM_EACH(k) { next[k] = nest.outer.stride[k]; });
@@ -208,13 +205,13 @@ inline constexpr int longest_short_row = 6;
 
 // A destination apart takes its sources as they come; beside an adjacent one each source is
 // adjacent or is taken element by element.
-template <class T, int W, int sources, class Objects, class Op, Run to, Run... chosen>
-void short_rows(const Nest<sources + 1> &nest, const Objects &objects, const Op &op) {
+template <class T, int W, int sources, class Origins, class Op, Run to, Run... chosen>
+void short_rows(const Nest<sources + 1> &nest, const Origins &objects, const Op &op) {
     constexpr int k = sizeof...(chosen);
     if constexpr (k == sources) {
         Distance stride[sources + 1];
         unroll<sources + 1>(ZELM_EACH(i) { stride[i] = nest.inner.stride[i]; });
-        const Objects own = objects;
+        const Origins own = objects;
         Kept<Op> own_op = op;
         for_each_row(
             nest, own, [&](char *d, const char *const *s) __attribute__((always_inline)) {
@@ -223,23 +220,23 @@ void short_rows(const Nest<sources + 1> &nest, const Objects &objects, const Op 
             });
     } else if (to == Run::adjacent && nest.inner.stride[k + 1] == Distance{sizeof(T)}) {
         if constexpr (to == Run::adjacent)
-            short_rows<T, W, sources, Objects, Op, to, chosen..., Run::adjacent>(nest, objects, op);
+            short_rows<T, W, sources, Origins, Op, to, chosen..., Run::adjacent>(nest, objects, op);
     } else {
-        short_rows<T, W, sources, Objects, Op, to, chosen..., Run::apart>(nest, objects, op);
+        short_rows<T, W, sources, Origins, Op, to, chosen..., Run::apart>(nest, objects, op);
     }
 }
 
-template <class T, int W, int sources, Run to, class Objects, class Op>
-ZELM_INLINE void short_rows_of(const Nest<sources + 1> &nest, const Objects &objects,
+template <class T, int W, int sources, Run to, class Origins, class Op>
+ZELM_INLINE void short_rows_of(const Nest<sources + 1> &nest, const Origins &objects,
                                const Op &op) {
     if (nest.inner.extent == W)
-        return short_rows<T, W, sources, Objects, Op, to>(nest, objects, op);
+        return short_rows<T, W, sources, Origins, Op, to>(nest, objects, op);
     if constexpr (W > 1)
         short_rows_of<T, W - 1, sources, to>(nest, objects, op);
 }
 
-template <class T, int sources, class Objects, class Op>
-void run(const Nest<sources + 1> &nest, const Objects &objects, const Op &op) {
+template <class T, int sources, class Origins, class Op>
+void run(const Nest<sources + 1> &nest, const Origins &objects, const Op &op) {
     const bool adjacent = nest.inner.stride[0] == Distance{sizeof(T)};
     if (nest.inner.extent <= longest_short_row)
         return adjacent
@@ -298,111 +295,120 @@ void arrange(Nest<operands> &nest, bool objects_too) {
         merge(nest.outer, nest.inner);
 }
 
-// ---- operands to nests ----
+// ---- arrays: the destination first, then the sources ----
 
-template <int k, int operands, class Operand>
-ZELM_INLINE void add_operand(Nest<operands> &nest, const Operand &op) {
-    if constexpr (!Operand::has_table)
-        nest.object.stride[k] = op.step();
-    const auto v = op.view(0);
-    nest.outer.stride[k] = v.stride1;
-    nest.inner.stride[k] = v.stride2;
+template <class T, int operands, bool tables, class Op>
+void run_nest(const Nest<operands> &nest, const Op &op, const Objects (&o)[operands]) {
+    ObjectOrigins<operands, tables> origins;
+    for (int k = 0; k < operands; ++k) {
+        origins.by_table[k] = o[k].description == Description::layout;
+        origins.base[k] = o[k].base;
+        origins.step[k] = origins.by_table[k] ? Distance{sizeof(char *)} : nest.object.stride[k];
+        origins.shift[k] = o[k].offset;
+    }
+    run<T, operands - 1>(nest, origins, op);
 }
-
-template <class T, class Op, class... Operands, std::size_t... k>
-void nested(int count, Shape shape, const Op &op, std::index_sequence<k...>,
-            const Operands &...operand) {
-    constexpr int operands = sizeof...(Operands);
-    constexpr bool tables = (Operands::has_table || ...);
-    if constexpr (!tables && (Operands::is_array && ...)) // the nest would become this line
-        if ((is_gapless(operand, shape) && ...)) {
-            const auto flat = [&](const auto &d, const auto &...s) {
-                const char *const from[] = {s.object(0)...};
-                const Distance stride[] = {sizeof(T), (void(sizeof(s)), Distance{sizeof(T)})...};
-                line_adjacent<T, Op, (void(sizeof(s)), Run::adjacent)...>(
-                    op, d.object(0), from, stride, Distance{count} * shape.height * shape.width);
-            };
-            return flat(operand...);
-        }
+template <class T, int operands, class Op, std::size_t... k>
+void nested(int count, const Op &op, const Objects (&o)[operands], std::index_sequence<k...>) {
+    const Shape shape = o[0].shape;
+    if ((o[0].is_gapless() && ... && o[k + 1].is_gapless())) { // the nest would become this line
+        const char *const from[] = {o[k + 1].base...};
+        const Distance stride[] = {sizeof(T), (void(k), Distance{sizeof(T)})...};
+        return line_adjacent<T, Op, (void(k), Run::adjacent)...>(
+            op, o[0].base, from, stride, Distance{count} * shape.height * shape.width);
+    }
     Nest<operands> nest;
     nest.object.extent = count;
     nest.outer.extent = shape.height;
     nest.inner.extent = shape.width;
-    (add_operand<k>(nest, operand), ...);
+    bool tables = false;
+    for (int i = 0; i < operands; ++i) {
+        nest.object.stride[i] = o[i].step;
+        nest.outer.stride[i] = o[i].stride1;
+        nest.inner.stride[i] = o[i].stride2;
+        tables = tables || o[i].description == Description::layout;
+    }
     arrange(nest, !tables);
-    ObjectOrigins<Operands::has_table...> objects;
-    const auto add = [&]<class Operand>(int i, const Operand &o) {
-        if constexpr (Operand::has_table) {
-            objects.base[i] = const_cast<char *>(reinterpret_cast<const char *>(o.table));
-            objects.step[i] = sizeof(char *);
-            objects.shift[i] = o.shift;
-        } else {
-            objects.base[i] = const_cast<char *>(o.object(0));
-            objects.step[i] = nest.object.stride[i];
-            objects.shift[i] = 0;
-        }
-    };
-    (add(k, operand), ...);
-    run<T, operands - 1>(nest, objects, op);
+    if (tables)
+        run_nest<T, operands, true>(nest, op, o);
+    else
+        run_nest<T, operands, false>(nest, op, o);
 }
 
 // Elements given by tables: a line along the objects for each. In blocks, so that memory in which
 // objects lie whole is passed over once.
-template <class Operand>
-ZELM_INLINE char *element(const Operand &op, int n, Shape shape, int i, int j) {
-    return const_cast<char *>(view(op, n, shape).at(i, j));
-}
-template <class T, class Op, class Destination, class... Sources>
-void along_objects(int count, Shape shape, const Op &op, const Destination &d,
-                   const Sources &...s) {
-    constexpr int block = 256, sources = sizeof...(Sources);
-    const Distance stride[] = {d.step(), s.step()...};
+template <class T, int operands, class Op, std::size_t... k>
+void along_objects(int count, const Op &op, const Objects (&o)[operands],
+                   std::index_sequence<k...>) {
+    constexpr int block = 256;
+    const Distance stride[] = {o[0].step, o[k + 1].step...};
     for (int first = 0, n; first < count; first += n) {
         n = count - first < block ? count - first : block;
-        for (int i = 0; i < shape.height; ++i)
-            for (int j = 0; j < shape.width; ++j) {
-                const char *const from[] = {element(s, first, shape, i, j)...};
-                line<T, sources, Op>(op, element(d, first, shape, i, j), from, stride, n);
+        for (int i = 0; i < o[0].shape.height; ++i)
+            for (int j = 0; j < o[0].shape.width; ++j) {
+                const char *const from[] = {o[k + 1].element(first, i, j)...};
+                line<T, operands - 1, Op>(op, o[0].element(first, i, j), from, stride, n);
             }
     }
 }
 
 // The same element of every object: by its distance, or by the table of the objects.
-template <class Operand>
 struct AlongObjects {
-    const Operand &op;
-    char *first;
-    Distance inside; // of an object
+    bool by_table;
+    char *base;
+    Distance step, inside; // of an object
 
-    ZELM_INLINE AlongObjects(const Operand &operand, Shape shape, int i, int j) : op(operand) {
-        if constexpr (Operand::has_table)
-            inside = op.view(0).at(i, j) - op.view(0).base;
-        else
-            first = element(op, 0, shape, i, j);
-    }
+    ZELM_INLINE AlongObjects(const Objects &o, int i, int j)
+        : by_table(o.description == Description::layout),
+          base(by_table ? o.base : o.element(0, i, j)),
+          step(by_table ? Distance{sizeof(char *)} : o.step),
+          inside(o.offset + i * o.stride1 + j * o.stride2) {}
+
     ZELM_INLINE char *operator()(int n) const {
-        if constexpr (Operand::has_table)
-            return const_cast<char *>(op.object(n)) + inside;
-        else
-            return first + n * op.step();
+        char *const at = base + n * step;
+        return by_table ? load<char *>(at) + inside : at;
     }
 };
 // A table of objects beside a table of elements.
-template <class T, class Op, class Destination, class... Sources>
-void through_tables(int count, Shape shape, const Op &op, const Destination &d,
-                    const Sources &...s) {
+template <class T, int operands, class Op, std::size_t... k>
+void through_tables(int count, const Op &op, const Objects (&o)[operands],
+                    std::index_sequence<k...>) {
     constexpr int block = 256;
     for (int first = 0, end; first < count; first = end) {
         end = count - first < block ? count : first + block;
-        for (int i = 0; i < shape.height; ++i)
-            for (int j = 0; j < shape.width; ++j) {
-                const AlongObjects<Destination> to(d, shape, i, j);
-                [&](const auto &...from) {
-                    for (int n = first; n < end; ++n)
-                        store<T>(to(n), op(load<T>(from(n))...));
-                }(AlongObjects<Sources>(s, shape, i, j)...);
+        for (int i = 0; i < o[0].shape.height; ++i)
+            for (int j = 0; j < o[0].shape.width; ++j) {
+                const AlongObjects to(o[0], i, j), from[] = {AlongObjects(o[k + 1], i, j)...};
+                for (int n = first; n < end; ++n)
+                    store<T>(to(n), op(load<T>(from[k](n))...));
             }
     }
+}
+
+template <class T, class Op, class... Sources>
+[[gnu::noinline]] ZelStatus arrays(int count, const Op &op, const Objects &d, const Sources &...s) {
+    constexpr int operands = sizeof...(Sources) + 1;
+    constexpr auto sources = std::make_index_sequence<operands - 1>{};
+    const Objects o[] = {d, s...};
+    bool elements = false, objects = false;
+    for (const Objects &x : o) {
+        elements = elements || x.description == Description::pointer;
+        objects = objects || x.description == Description::layout;
+    }
+    if (elements && objects)
+        through_tables<T, operands>(count, op, o, sources);
+    else if (elements)
+        along_objects<T, operands>(count, op, o, sources);
+    else
+        nested<T, operands>(count, op, o, sources);
+    return zelStatusOk;
+}
+
+// ---- single objects ----
+
+template <class Operand>
+ZELM_INLINE char *element(const Operand &op, int n, Shape shape, int i, int j) {
+    return const_cast<char *>(view(op, n, shape).at(i, j));
 }
 
 // N adjacent elements, straight-line.
@@ -458,35 +464,31 @@ ZELM_INLINE bool small_dense_object(const Op &op, int width, int height,
     return true;
 }
 
-// d = op(s...) on count objects.
+// d = op(s...) on one object.
 template <class Op, class Destination, class... Sources>
-ZelStatus y8_ownzelm_elementwise(int count, Shape shape, const Op &op, const Destination &d,
+ZelStatus y8_ownzelm_elementwise(Shape shape, const Op &op, const Destination &d,
                                  const Sources &...s) {
-    using T = typename Destination::Element;
-    constexpr bool elements = Destination::is_tabled || (Sources::is_tabled || ...);
-    constexpr bool objects = Destination::has_table || (Sources::has_table || ...);
-    if constexpr (!Destination::is_array)
-        elementwise::object<T>(shape, op, d, s...);
-    else if constexpr (elements && objects)
-        elementwise::through_tables<T>(count, shape, op, d, s...);
-    else if constexpr (elements)
-        elementwise::along_objects<T>(count, shape, op, d, s...);
-    else
-        elementwise::nested<T>(count, shape, op, std::make_index_sequence<sizeof...(Sources) + 1>{},
-                               d, s...);
+    elementwise::object<typename Destination::Element>(shape, op, d, s...);
     return zelStatusOk;
 }
 
-// The same, serial or parallel by the work.
+// On all objects of arrays, serial or parallel by the work.
+template <class T, class Op, class... Sources>
+[[gnu::noinline]] ZelStatus run_elementwise_objects(bool serial, int count, const Op &op,
+                                                    const Objects &d, const Sources &...s) {
+    return run_objects(
+        serial,
+        [&op](int n, const Objects &to, const Sources &...from) {
+            return elementwise::arrays<T>(n, op, to, from...);
+        },
+        count, d, s...);
+}
 template <class Op, class Destination, class... Sources>
 ZELM_INLINE ZelStatus run_elementwise(Limits limits, Estimate work, Shape shape, int count,
                                       const Op &op, const Destination &d, const Sources &...s) {
-    return run_objects(
-        limits.serial(work, (d.packed() && ... && s.packed())),
-        [shape, &op](int n, const Destination &to, const Sources &...from) {
-            return y8_ownzelm_elementwise(n, shape, op, to, from...);
-        },
-        count, d, s...);
+    return run_elementwise_objects<typename Destination::Element>(
+        limits.serial(work, (d.packed() && ... && s.packed())), count, op, objects(d, shape),
+        objects(s, shape)...);
 }
 
 } // namespace zelm

@@ -118,6 +118,30 @@ void copy(const Objects from, const Objects to, int n) {
 
 } // namespace
 
+Objects with_even_strides(const Objects &o) {
+    const Shape shape = o.shape;
+    if (o.description != Description::pointer)
+        return o;
+    const auto at = [&](int i, int j) { return reinterpret_cast<std::uintptr_t>(o.entry(i, j)); };
+    const auto origin = at(0, 0);
+    const auto down = shape.height > 1 ? at(1, 0) - origin : 0;
+    const auto across = shape.width > 1 ? at(0, 1) - origin : 0;
+    for (int i = 0; i < shape.height; ++i)
+        for (int j = 0; j < shape.width; ++j)
+            if (at(i, j) != origin + static_cast<std::uintptr_t>(i) * down +
+                                static_cast<std::uintptr_t>(j) * across)
+                return o;
+    Objects same = o;
+    same.description = Description::standard;
+    same.base = o.entry(0, 0);
+    same.offset = 0;
+    same.stride1 = static_cast<Distance>(down);
+    same.stride2 = static_cast<Distance>(across);
+    // Standard strides are positive; so what is said of their extents holds.
+    const auto is_stride = [](Distance d) { return d >= 0 && d == static_cast<int>(d); };
+    return is_stride(same.stride1) && is_stride(same.stride2) ? same : o;
+}
+
 void copy_objects(const Objects &from, const Objects &to, int n) {
     if (from.element_size == sizeof(float))
         copy<float>(from, to, n);

@@ -106,6 +106,10 @@ ZELM_INLINE Objects objects(const Tabled<T, rank, array> &op, Shape shape) {
                               v.column);
 }
 template <class T>
+ZELM_INLINE Objects objects(const Constant<T> &op, Shape shape) { // as long as the operand lives
+    return detail::objects<const T>(Description::standard, shape, &op.value, 0, 0, 0, 0);
+}
+template <class T>
 ZELM_INLINE Objects objects(const Scalars<T> &op, Shape) {
     return detail::objects<T>(Description::standard, {1, 1}, op.base, op.step(), 0, 0, 0);
 }
@@ -205,6 +209,10 @@ template <class T, int H, int W, bool gapless>
 inline constexpr bool is_dense<Dense<T, H, W, gapless>> = true;
 
 // ---- copies of any objects ----------------------------------------------------------------------
+
+// A table of elements whose entries are rows and columns at even distances says the same as two
+// strides: returns strided objects. All others are returned as they are.
+Objects with_even_strides(const Objects &o);
 
 // Objects 0 ... n - 1 to another array of their shape and part; the two are apart.
 void copy_objects(const Objects &from, const Objects &to, int n);
