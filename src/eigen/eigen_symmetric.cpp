@@ -143,39 +143,42 @@ struct SolveBlock {
     }
 };
 
+template <class T, class... Vectors>
+ZelStatus solve_arrays(int count, const Single &alone, const Objects &x, const Objects &d,
+                       const Vectors &...y) {
+    const int n = x.shape.width;
+    if (n == 1 || n > largest_lane_order)
+        return walk_singly(count, alone);
+    const Objects *results[] = {&y..., &d};
+    const Overlap overlap(count, *results[0], x);
+    const bool dense = (x.is_dense() && ... && y.is_dense());
+    return with_dense_order(
+        dense ? n : 0,
+        [&](auto N) {
+            return walk_in<T, Form::dense, side_by_side>(count, overlap, SolveGroup<N, T>{}, alone,
+                                                         walked<T, N, N>(x), walked<T, 1, N>(d),
+                                                         walked<T, N, N>(y)...);
+        },
+        [&] {
+            constexpr int most = largest_lane_elements;
+            return walk_blocks<T, side_by_side>(
+                count, overlap, SolveBlock<T>{}, alone, walked_blocks<most>(x),
+                walked_blocks<largest_lane_order>(d), walked_blocks<most>(y)...);
+        });
+}
+
 template <class Source, class Destination, class T>
 ZelStatus y8_ownzelmEigenValuesSym_ma(int count, void *buffer, const Source &source,
                                       const Destination &destination, const Values<T> &values,
                                       int n) {
-    const auto alone = [&](int k) __attribute__((noinline)) {
+    const auto alone = [&](int k) {
         return y8_ownzelmEigenValuesSym_m(source, destination, values, buffer, n, k);
     };
-    if (n == 1 || n > largest_lane_order)
-        return walk_singly(count, alone);
-    const Shape shape = {n, n};
-    constexpr int most = largest_lane_elements;
-    const auto x = walked<most>(source, shape);
-    const auto d = walked<largest_lane_order>(values, {1, n});
-    const auto any = [&](const auto &...y) {
-        const Objects *results[] = {&y.objects..., &d.objects};
-        const Overlap overlap(count, *results[0], x.objects);
-        return walk_blocks<T, side_by_side>(count, overlap, SolveBlock<T>{}, alone, x, d, y...);
-    };
-    const auto dense = [&](auto N, const auto &...y) {
-        const Objects *results[] = {&y.objects..., &d.objects};
-        const Overlap overlap(count, *results[0], x.objects);
-        return walk_in<T, Form::dense, side_by_side>(count, overlap, SolveGroup<N, T>{}, alone,
-                                                     walked<N, N>(source), walked<1, N>(values),
-                                                     y...);
-    };
-    if constexpr (wants_vectors<Destination>) {
-        const auto y = walked<most>(destination, shape);
-        return with_dense_order(
-            x.objects.is_dense() && y.objects.is_dense() ? n : 0,
-            [&](auto N) { return dense(N, walked<N, N>(destination)); }, [&] { return any(y); });
-    } else {
-        return with_dense_order(x.objects.is_dense() ? n : 0, dense, any);
-    }
+    const Objects x = objects(source, {n, n}), d = objects(values, {1, n});
+    if constexpr (wants_vectors<Destination>)
+        return solve_arrays<T>(count, alone, x, d, objects(destination, {n, n}));
+    else
+        return solve_arrays<T>(count, alone, x, d);
 }
 
 // ---- entries ----

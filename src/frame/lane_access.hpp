@@ -244,12 +244,13 @@ inline constexpr bool rows_fill_registers = H == 1 || W % lanes_per_register<T> 
 
 } // namespace detail
 
-// One object in every lane.
-template <class T, class Part = Whole, int H, int W, class View>
-ZELM_INLINE void load_splat(Lanes<T> (&a)[H][W], const View &v) {
-    unroll<H>(ZELM_EACH(i) {
-        unroll<Part::width(i, W)>(ZELM_EACH(j) { a[i][j] = splat<Lanes<T>>(get(v, i, j)); });
-    });
+// A single object in every lane, row by row; a row by its number, if there are numbers.
+template <class T>
+[[gnu::noinline]] void load_splat(Lanes<T> *a, const Objects &o, const int *numbers = nullptr) {
+    for (int i = 0; i < o.shape.height; ++i)
+        for (int j = 0; j < o.width(i); ++j)
+            a[i * o.shape.width + j] =
+                splat<Lanes<T>>(load<T>(o.element(0, numbers == nullptr ? i : numbers[i], j)));
 }
 
 // ---- groups of a fixed shape, in each form ------------------------------------------------------

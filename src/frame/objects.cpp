@@ -3,12 +3,6 @@
 namespace zelm {
 namespace {
 
-Objects transposed(Objects o) {
-    std::swap(o.shape.height, o.shape.width);
-    std::swap(o.stride1, o.stride2);
-    return o;
-}
-
 // From planar memory to objects whose rows have adjacent elements, or the other way: registers in
 // both, transposed on the way.
 template <bool to_planes, bool tabled, class T>

@@ -132,6 +132,18 @@ ZELM_INLINE Objects objects(const Operand &op, Shape shape) {
     return o;
 }
 
+ZELM_INLINE Objects transposed(Objects o) {
+    std::swap(o.shape.height, o.shape.width);
+    std::swap(o.stride1, o.stride2);
+    return o;
+}
+// Vectors as matrices of one column.
+ZELM_INLINE Objects as_column(Objects o) {
+    o.shape = {o.shape.width, 1};
+    o.stride1 = o.stride2;
+    return o;
+}
+
 // ---- forms --------------------------------------------------------------------------------------
 // A kernel of a fixed shape is compiled for each way in which its arrays may lie.
 

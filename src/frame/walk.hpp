@@ -84,13 +84,13 @@ struct WalkedScalars {
     }
 };
 
-template <int H, int W, class Part = Whole, class Operand>
-ZELM_INLINE Walked<typename Operand::Type, H, W, Part> walked(const Operand &op) {
-    return {objects<Part>(op, {H, W})};
+template <class T, int H, int W, class Part = Whole>
+ZELM_INLINE Walked<T, H, W, Part> walked(const Objects &o) {
+    return {o};
 }
-template <int elements, class Part = Whole, class Operand>
-ZELM_INLINE WalkedBlocks<elements> walked(const Operand &op, Shape shape) {
-    return {objects<Part>(op, shape)};
+template <int elements>
+ZELM_INLINE WalkedBlocks<elements> walked_blocks(const Objects &o) {
+    return {o};
 }
 template <int length, class Int>
 ZELM_INLINE WalkedNumbers<Int, length> walked(const IndexRows<Int> &op, int n) {
@@ -111,11 +111,20 @@ struct Kernel {
     const void *context;
     int lanes; // objects in a group
 };
-// Does one object alone and returns its status.
-struct Single {
-    ZelStatus (*run)(const void *context, int object);
-    const void *context;
-    ZELM_INLINE ZelStatus operator()(int object) const { return run(context, object); }
+// single(n) does object n alone and returns its status; made of a function that outlives it.
+class Single {
+public:
+    template <class F>
+    ZELM_INLINE Single(const F &f)
+        : run_([](const void *context, int object) {
+              return (*static_cast<const F *>(context))(object);
+          }),
+          context_(&f) {}
+    ZELM_INLINE ZelStatus operator()(int object) const { return run_(context_, object); }
+
+private:
+    ZelStatus (*run_)(const void *context, int object);
+    const void *context_;
 };
 
 inline constexpr int most_arrays = 4;
@@ -134,13 +143,6 @@ ZelStatus walk_groups(int count, const Overlap &allowed, const Kernel &kernel, c
 // By planes, where arrays that are not planar pass through the stage.
 ZelStatus walk_staged(int count, const Overlap &allowed, const Kernel &kernel, const Single &single,
                       const Staged &staged);
-
-template <class F>
-ZELM_INLINE Single single_of(const F &f) {
-    return {
-        [](const void *context, int object) { return (*static_cast<const F *>(context))(object); },
-        &f};
-}
 
 // Objects 0 ... count - 1 one by one, up to the first that fails.
 template <class F>
@@ -215,90 +217,66 @@ ZELM_INLINE ZelStatus with_rooms(const F &f, const Arrays &...array) {
 // arrays and returns its status; `allowed` tells which objects may be worked on at once. A group is
 // as many objects as `registers` registers have lanes.
 
-namespace detail {
-// What does not depend on the description but by values is compiled once for a kernel.
-
-template <class T, Form form, int registers, class F, class... Arrays>
+// In one form, which all arrays have.
+template <class T, Form form, int registers = 1, class F, class... Arrays>
 [[gnu::noinline]] ZelStatus walk_in(int count, const Overlap &allowed, const F &kernel,
                                     const Single &single, const Arrays &...array) {
-    return with_rooms<T, registers * lanes_per_register<T>>(
+    return detail::with_rooms<T, registers * lanes_per_register<T>>(
         [&](const Staged &arrays) __attribute__((always_inline)) {
-            return walk_groups(count, allowed, kernel_of<T, form, registers, Arrays...>(kernel),
-                               single, form, arrays);
+            return walk_groups(count, allowed,
+                               detail::kernel_of<T, form, registers, Arrays...>(kernel), single,
+                               form, arrays);
         },
         array...);
 }
+// By planes, whatever the arrays are.
 template <class T, class F, class... Arrays>
 [[gnu::noinline]] ZelStatus walk_by_planes(int count, const Overlap &allowed, const F &kernel,
                                            const Single &single, const Arrays &...array) {
     constexpr int largest = (std::max)({Arrays::most_elements...});
-    return with_rooms<T, objects_in_room<T, largest>>(
+    return detail::with_rooms<T, detail::objects_in_room<T, largest>>(
         [&](const Staged &arrays) __attribute__((always_inline)) {
-            return walk_staged(count, allowed, kernel_of<T, Form::planes, 1, Arrays...>(kernel),
-                               single, arrays);
+            return walk_staged(count, allowed,
+                               detail::kernel_of<T, Form::planes, 1, Arrays...>(kernel), single,
+                               arrays);
         },
         array...);
 }
-template <class T, int registers_of_dense, class F, class... Arrays>
-[[gnu::noinline]] ZelStatus walk(int count, const Overlap &allowed, const F &kernel,
-                                 const Single &single, const Arrays &...array) {
+// In the form that the arrays have. Groups of dense objects may have several registers.
+template <class T, int registers_of_dense = 1, class F, class... Arrays>
+ZelStatus walk(int count, const Overlap &allowed, const F &kernel, const Single &single,
+               const Arrays &...array) {
     if ((array.objects.is_dense() && ...))
         return walk_in<T, Form::dense, registers_of_dense>(count, allowed, kernel, single,
                                                            array...);
     if ((array.objects.has_adjacent_rows() && ...) && !(array.objects.is_direct_plane() && ...))
-        return walk_in<T, Form::rows, 1>(count, allowed, kernel, single, array...);
+        return walk_in<T, Form::rows>(count, allowed, kernel, single, array...);
     return walk_by_planes<T>(count, allowed, kernel, single, array...);
 }
-template <class T, class F, class... Arrays>
-[[gnu::noinline]] ZelStatus walk_lightly(int count, const Overlap &allowed, const F &kernel,
-                                         const Single &single, const Arrays &...array) {
-    constexpr int L = lanes_per_register<T>;
-    if (!allowed.clear() || !(array.objects.is_dense() && ...))
-        return walk<T, 1>(count, allowed, kernel, single, array...);
-    int first = 0;
-    if (count >= L) {
-        const Objects arrays[] = {array.objects...};
-        const Kernel run = (array.objects.is_gapless() && ...)
-                               ? kernel_of<T, Form::gapless, 1, Arrays...>(kernel)
-                               : kernel_of<T, Form::dense, 1, Arrays...>(kernel);
-        run.run(run.context, arrays, &first, count / L, false);
-    }
-    const int done = count - count % L;
-    return walk_singly(count - done, [&](int n) { return single(done + n); });
-}
-
-} // namespace detail
-
-// In one form, which all arrays have.
-template <class T, Form form, int registers = 1, class F, class G, class... Arrays>
-ZELM_INLINE ZelStatus walk_in(int count, const Overlap &allowed, const F &kernel, const G &single,
-                              const Arrays &...array) {
-    return detail::walk_in<T, form, registers>(count, allowed, kernel, single_of(single), array...);
-}
-// By planes, whatever the arrays are.
-template <class T, class F, class G, class... Arrays>
-ZELM_INLINE ZelStatus walk_by_planes(int count, const Overlap &allowed, const F &kernel,
-                                     const G &single, const Arrays &...array) {
-    return detail::walk_by_planes<T>(count, allowed, kernel, single_of(single), array...);
-}
-// In the form that the arrays have. Groups of dense objects may have several registers.
-template <class T, int registers_of_dense = 1, class F, class G, class... Arrays>
-ZELM_INLINE ZelStatus walk(int count, const Overlap &allowed, const F &kernel, const G &single,
-                           const Arrays &...array) {
-    return detail::walk<T, registers_of_dense>(count, allowed, kernel, single_of(single), array...);
-}
 // Of shapes known at run time.
-template <class T, int registers = 1, class F, class G, class... Arrays>
+template <class T, int registers = 1, class F, class... Arrays>
 ZELM_INLINE ZelStatus walk_blocks(int count, const Overlap &allowed, const F &kernel,
-                                  const G &single, const Arrays &...array) {
+                                  const Single &single, const Arrays &...array) {
     return walk_in<T, Form::rows, registers>(count, allowed, kernel, single, array...);
 }
 // For a kernel that never fails and takes a few instructions per group: dense objects pass in a
 // bare loop, those behind the last full group singly.
-template <class T, class F, class G, class... Arrays>
-ZELM_INLINE ZelStatus walk_lightly(int count, const Overlap &allowed, const F &kernel,
-                                   const G &single, const Arrays &...array) {
-    return detail::walk_lightly<T>(count, allowed, kernel, single_of(single), array...);
+template <class T, class F, class... Arrays>
+ZelStatus walk_lightly(int count, const Overlap &allowed, const F &kernel, const Single &single,
+                       const Arrays &...array) {
+    constexpr int L = lanes_per_register<T>;
+    if (!allowed.clear() || !(array.objects.is_dense() && ...))
+        return walk<T>(count, allowed, kernel, single, array...);
+    int first = 0;
+    if (count >= L) {
+        const Objects arrays[] = {array.objects...};
+        const Kernel run = (array.objects.is_gapless() && ...)
+                               ? detail::kernel_of<T, Form::gapless, 1, Arrays...>(kernel)
+                               : detail::kernel_of<T, Form::dense, 1, Arrays...>(kernel);
+        run.run(run.context, arrays, &first, count / L, false);
+    }
+    const int done = count - count % L;
+    return walk_singly(count - done, [&](int n) { return single(done + n); });
 }
 
 } // namespace zelm

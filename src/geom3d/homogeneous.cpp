@@ -47,11 +47,10 @@ ZelStatus y8_ownzelmAffineTransform3DH_mva_32f(int count, const Matrix &matrix, 
     unsigned divided = ~0u;
     TransformGroup kernel = {{}, divided};
     unroll<4>(ZELM_EACH(i) { unroll<4>(ZELM_EACH(j) { m[i][j] = get(elements, i, j); }); });
-    load_splat<float>(kernel.matrix, elements);
-    const auto from = walked<1, 3>(v);
-    const auto to = walked<1, 3>(result);
+    load_splat<float>(kernel.matrix[0], objects(matrix, {4, 4}));
+    const Objects from = objects(v, {1, 3}), to = objects(result, {1, 3});
     walk<float>(
-        count, Overlap(count, to.objects, from.objects), kernel,
+        count, Overlap(count, to, from), kernel,
         [&](int n) __attribute__((noinline)) {
             float p[3];
             unroll<3>(ZELM_EACH(i) { p[i] = get(v.view(n), 0, i); });
@@ -60,7 +59,7 @@ ZelStatus y8_ownzelmAffineTransform3DH_mva_32f(int count, const Matrix &matrix, 
             unroll<3>(ZELM_EACH(i) { put(result.view(n), 0, i, p[i]); });
             return zelStatusOk; // the vectors behind a failure are done all the same
         },
-        from, to);
+        walked<float, 1, 3>(from), walked<float, 1, 3>(to));
     return (divided & all_lanes<S>) == all_lanes<S> ? zelStatusOk : zelStatusDivByZero;
 }
 

@@ -82,28 +82,32 @@ struct FactorBlock {
     }
 };
 
-template <class Source, class Destination>
-ZelStatus y8_ownzelmCholeskyDecomp_ma(int count, const Source &source,
-                                      const Destination &destination, int n) {
-    using T = typename Source::Element;
+template <class T>
+ZelStatus factor_arrays(int count, const Objects &x, const Objects &y, const Single &single) {
     using Part = LowerTriangle;
-    const auto single = [&](int k) __attribute__((noinline)) {
-        return y8_ownzelmCholeskyDecomp_m(source, destination, n, k);
-    };
+    const int n = x.shape.width;
     if (n == 1 || n > largest_lane_order)
         return walk_singly(count, single);
-    const Shape shape = {n, n};
-    const auto x = walked<largest_lane_elements, Part>(source, shape);
-    const auto y = walked<largest_lane_elements, Part>(destination, shape);
-    const Overlap overlap(count, y.objects, x.objects);
+    const Overlap overlap(count, y, x);
     return with_order<3, 6>(
         n,
         [&](auto N) {
             return walk<T, side_by_side>(count, overlap, FactorGroup<N, T>{}, single,
-                                         walked<N, N, Part>(source),
-                                         walked<N, N, Part>(destination));
+                                         walked<T, N, N, Part>(x), walked<T, N, N, Part>(y));
         },
-        [&] { return walk_blocks<T>(count, overlap, FactorBlock<T>{}, single, x, y); });
+        [&] {
+            return walk_blocks<T>(count, overlap, FactorBlock<T>{}, single,
+                                  walked_blocks<largest_lane_elements>(x),
+                                  walked_blocks<largest_lane_elements>(y));
+        });
+}
+
+template <class Source, class Destination>
+ZelStatus y8_ownzelmCholeskyDecomp_ma(int count, const Source &source,
+                                      const Destination &destination, int n) {
+    return factor_arrays<typename Source::Element>(
+        count, objects<LowerTriangle>(source, {n, n}), objects<LowerTriangle>(destination, {n, n}),
+        [&](int k) { return y8_ownzelmCholeskyDecomp_m(source, destination, n, k); });
 }
 
 template <class Source, class Destination>

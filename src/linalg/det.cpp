@@ -64,24 +64,31 @@ struct DetBlock {
     }
 };
 
-template <class Source, class T>
-ZelStatus y8_ownzelmDet_ma(void *buffer, int count, const Source &source, const Scalars<T> &results,
-                           int n) {
-    const auto single = [&](int k) __attribute__((noinline)) {
-        store<T>(results.object(k), y8_ownzelmDet_m<T>(source, n, k, buffer));
-        return zelStatusOk;
-    };
+template <class T>
+ZelStatus det_arrays(int count, const Objects &x, const Scalars<T> &results, const Single &single) {
+    const int n = x.shape.width;
     if (n > largest_lane_order)
         return walk_singly(count, single);
-    const auto x = walked<largest_lane_elements>(source, {n, n});
     const auto y = walked(results);
-    const Overlap overlap(count, y.objects, x.objects);
+    const Overlap overlap(count, y.objects, x);
     return with_order<3, 6>(
         n,
         [&](auto N) {
-            return walk<T>(count, overlap, DetGroup<N, T>{}, single, walked<N, N>(source), y);
+            return walk<T>(count, overlap, DetGroup<N, T>{}, single, walked<T, N, N>(x), y);
         },
-        [&] { return walk_blocks<T>(count, overlap, DetBlock<T>{}, single, x, y); });
+        [&] {
+            return walk_blocks<T>(count, overlap, DetBlock<T>{}, single,
+                                  walked_blocks<largest_lane_elements>(x), y);
+        });
+}
+
+template <class Source, class T>
+ZelStatus y8_ownzelmDet_ma(void *buffer, int count, const Source &source, const Scalars<T> &results,
+                           int n) {
+    return det_arrays(count, objects(source, {n, n}), results, [&](int k) {
+        store<T>(results.object(k), y8_ownzelmDet_m<T>(source, n, k, buffer));
+        return zelStatusOk;
+    });
 }
 
 template <class Source, class T>

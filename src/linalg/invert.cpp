@@ -81,26 +81,31 @@ struct InvertGroup {
     }
 };
 
+// Of order 3 to 6.
+template <class T>
+ZelStatus invert_arrays(int count, const Objects &x, const Objects &y, const Single &single) {
+    return with_order<3, 6>(
+        x.shape.width,
+        [&](auto N) {
+            return walk<T, in_turn<N>>(count, Overlap(count, y, x), InvertGroup<N, T>{}, single,
+                                       walked<T, N, N>(x), walked<T, N, N>(y));
+        },
+        [] { return zelStatusOk; });
+}
+
 template <int N, class Source, class Destination>
-ZelStatus invert_array(const Source &source, const Destination &destination, int count) {
+ZelStatus invert_one(const Source &source, const Destination &destination, int n, int count) {
     using T = typename Source::Element;
     constexpr Shape shape = {N, N};
-    const auto x = walked<N, N>(source);
-    const auto y = walked<N, N>(destination);
-    return walk<T, in_turn<N>>(
-        count, Overlap(count, y.objects, x.objects), InvertGroup<N, T>{},
-        [&](int n) __attribute__((noinline)) {
-            if constexpr (by_pairs<T, N>)
-                if (n % 2 == 0 && count - n > 1) { // the other one is not yet inverted
-                    T a[N][N];
-                    Inverse<N, T> unused;
-                    load_object(a, view(source, n + 1, shape));
-                    if (invert(unused, a))
-                        return zelStatusSingular;
-                }
-            return invert_object<N, T>(view(source, n, shape), view(destination, n, shape));
-        },
-        x, y);
+    if constexpr (by_pairs<T, N>)
+        if (n % 2 == 0 && count - n > 1) { // the other one is not yet inverted
+            T a[N][N];
+            Inverse<N, T> unused;
+            load_object(a, view(source, n + 1, shape));
+            if (invert(unused, a))
+                return zelStatusSingular;
+        }
+    return invert_object<N, T>(view(source, n, shape), view(destination, n, shape));
 }
 
 // ---- kernels and entries ----
@@ -136,9 +141,13 @@ ZelStatus y8_ownzelmInvert_ma(void *buffer, int count, const Source &source,
             shaped(source, {n, n}), shaped(destination, {n, n}));
     };
     if constexpr (!Destination::is_tabled)
-        if (source.packed() && destination.packed())
-            return with_order<3, 6>(
-                n, [&](auto N) { return invert_array<N>(source, destination, count); }, general);
+        if (source.packed() && destination.packed() && n >= 3 && n <= 6)
+            return invert_arrays<typename Source::Element>(
+                count, objects(source, {n, n}), objects(destination, {n, n}), [&](int k) {
+                    return with_order<3, 6>(
+                        n, [&](auto N) { return invert_one<N>(source, destination, k, count); },
+                        [] { return zelStatusOk; });
+                });
     return general();
 }
 

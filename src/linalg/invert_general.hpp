@@ -310,7 +310,9 @@ ZelStatus invert_general(const Source &source, const Destination &destination, i
         [&](auto N) __attribute__((always_inline)) {
             Lanes<T> a[N][N];
             Inverse<N, Lanes<T>> inverse;
-            load_splat<T>(a, from);
+            unroll<N>(ZELM_EACH(i) {
+                unroll<N>(ZELM_EACH(j) { a[i][j] = splat<Lanes<T>>(get(from, i, j)); });
+            });
             if (invert_far_from_thresholds(inverse, a) != 0)
                 return by_cofactors(small);
             inverse.finish();
@@ -348,25 +350,31 @@ struct InvertFarBlock {
     }
 };
 
-template <class Source, class Destination>
-ZelStatus invert_array_general(const Source &source, const Destination &destination, int n,
-                               int count, void *buffer) {
-    using T = typename Source::Element;
-    const auto single = [&](int k) __attribute__((noinline)) {
-        return invert_general(source, destination, n, k, buffer);
-    };
+template <class T>
+ZelStatus invert_far_arrays(int count, const Objects &x, const Objects &y, const Single &single) {
+    const int n = x.shape.width;
     if (n > largest_lane_order)
         return walk_singly(count, single);
-    const auto x = walked<largest_lane_elements>(source, {n, n});
-    const auto y = walked<largest_lane_elements>(destination, {n, n});
-    const Overlap overlap(count, y.objects, x.objects);
+    const Overlap overlap(count, y, x);
     return with_order<2, 4>(
         n,
         [&](auto N) {
-            return walk<T>(count, overlap, InvertFarGroup<N, T>{}, single, walked<N, N>(source),
-                           walked<N, N>(destination));
+            return walk<T>(count, overlap, InvertFarGroup<N, T>{}, single, walked<T, N, N>(x),
+                           walked<T, N, N>(y));
         },
-        [&] { return walk_blocks<T>(count, overlap, InvertFarBlock<T>{}, single, x, y); });
+        [&] {
+            return walk_blocks<T>(count, overlap, InvertFarBlock<T>{}, single,
+                                  walked_blocks<largest_lane_elements>(x),
+                                  walked_blocks<largest_lane_elements>(y));
+        });
+}
+
+template <class Source, class Destination>
+ZelStatus invert_array_general(const Source &source, const Destination &destination, int n,
+                               int count, void *buffer) {
+    return invert_far_arrays<typename Source::Element>(
+        count, objects(source, {n, n}), objects(destination, {n, n}),
+        [&](int k) { return invert_general(source, destination, n, k, buffer); });
 }
 
 } // namespace zelm

@@ -112,30 +112,33 @@ struct FactorBlock {
     }
 };
 
-template <class Source, class Destination>
-ZelStatus y8_ownzelmLUDecomp_ma(int count, const Source &source, const IndexRows<int> &index,
-                                const Destination &destination) {
-    using T = typename Source::Element;
+template <class T>
+ZelStatus factor_arrays(int count, const Objects &x, const IndexRows<int> &index, const Objects &y,
+                        const Single &single) {
     const int n = index.length;
-    const auto single = [&](int k) __attribute__((noinline)) {
-        return y8_ownzelmLUDecomp_m(source, index.row(k), destination, n, k);
-    };
     if (n == 1 || n > largest_lane_order)
         return walk_singly(count, single);
-    const Shape shape = {n, n};
-    const Overlap overlap(count, objects(destination, shape), objects(source, shape));
+    const Overlap overlap(count, y, x);
     return with_order<3, 6>(
         n,
         [&](auto N) {
-            return walk<T>(count, overlap, FactorGroup<N, T>{}, single, walked<N, N>(source),
-                           walked<N>(index, n), walked<N, N>(destination));
+            return walk<T>(count, overlap, FactorGroup<N, T>{}, single, walked<T, N, N>(x),
+                           walked<N>(index, n), walked<T, N, N>(y));
         },
         [&] {
-            return walk_blocks<T>(count, overlap, FactorBlock<T>{}, single,
-                                  walked<largest_lane_elements>(source, shape),
-                                  walked<largest_lane_order>(index, n),
-                                  walked<largest_lane_elements>(destination, shape));
+            constexpr int most = largest_lane_elements;
+            return walk_blocks<T>(count, overlap, FactorBlock<T>{}, single, walked_blocks<most>(x),
+                                  walked<largest_lane_order>(index, n), walked_blocks<most>(y));
         });
+}
+
+template <class Source, class Destination>
+ZelStatus y8_ownzelmLUDecomp_ma(int count, const Source &source, const IndexRows<int> &index,
+                                const Destination &destination) {
+    const int n = index.length;
+    return factor_arrays<typename Source::Element>(
+        count, objects(source, {n, n}), index, objects(destination, {n, n}),
+        [&](int k) { return y8_ownzelmLUDecomp_m(source, index.row(k), destination, n, k); });
 }
 
 template <class Source, class Destination>

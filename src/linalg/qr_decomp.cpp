@@ -56,30 +56,34 @@ struct FactorBlock {
     }
 };
 
-template <class Source, class Destination>
-ZelStatus y8_ownzelmQRDecomp_ma(int count, const Source &source, const Destination &destination,
-                                Shape shape) {
-    using T = typename Source::Element;
-    const auto single = [&](int k) __attribute__((noinline)) {
-        return y8_ownzelmQRDecomp_m(source, destination, shape, k);
-    };
+template <class T>
+ZelStatus factor_arrays(int count, const Objects &x, const Objects &y, const Single &single) {
+    const Shape shape = x.shape;
     if (shape.height > largest_lane_elements / shape.width)
         return walk_singly(count, single);
-    const Overlap overlap(count, objects(destination, shape), objects(source, shape));
+    const Overlap overlap(count, y, x);
     const auto fixed = [&](auto H, auto W) {
-        return walk<T>(count, overlap, FactorGroup<H, W, T>{}, single, walked<H, W>(source),
-                       walked<H, W>(destination));
-    };
-    const auto any = [&] {
-        return walk_blocks<T>(count, overlap, FactorBlock<T>{}, single,
-                              walked<largest_lane_elements>(source, shape),
-                              walked<largest_lane_elements>(destination, shape));
+        return walk<T>(count, overlap, FactorGroup<H, W, T>{}, single, walked<T, H, W>(x),
+                       walked<T, H, W>(y));
     };
     // The one oblong shape of use in fits has straight-line code too.
     if (shape.height == 8 && shape.width == 4)
         return fixed(std::integral_constant<int, 8>{}, std::integral_constant<int, 4>{});
     return with_order<3, 6>(
-        shape.width == shape.height ? shape.width : 0, [&](auto N) { return fixed(N, N); }, any);
+        shape.width == shape.height ? shape.width : 0, [&](auto N) { return fixed(N, N); },
+        [&] {
+            return walk_blocks<T>(count, overlap, FactorBlock<T>{}, single,
+                                  walked_blocks<largest_lane_elements>(x),
+                                  walked_blocks<largest_lane_elements>(y));
+        });
+}
+
+template <class Source, class Destination>
+ZelStatus y8_ownzelmQRDecomp_ma(int count, const Source &source, const Destination &destination,
+                                Shape shape) {
+    return factor_arrays<typename Source::Element>(
+        count, objects(source, shape), objects(destination, shape),
+        [&](int k) { return y8_ownzelmQRDecomp_m(source, destination, shape, k); });
 }
 
 template <class Source, class T, class Destination>

@@ -85,21 +85,23 @@ struct SolveEachBlock {
         return 0;
     }
 };
-// Factors of any size, as `View` shows them.
-template <class Family, class T, class View>
+// One factor of any size, in a table or not.
+template <class Family, class T, bool tabled>
 struct SolveBlocksWithOne {
     using S = Lanes<T>;
-    const View view;
+    const Objects factor;
     const int *const numbers; // of the factor's rows, or null
-    const Shape shape;
-    typename Family::template PreparedBlock<S, largest_lane_elements> factor;
+    typename Family::template PreparedBlock<S, largest_lane_elements> prepared;
 
-    SolveBlocksWithOne(const View &v, const int *rows, Shape s) : view(v), numbers(rows), shape(s) {
-        factor.prepare(shape, element());
+    SolveBlocksWithOne(const Objects &f, const int *rows) : factor(f), numbers(rows) {
+        prepared.prepare(factor.shape, element());
     }
     ZELM_INLINE auto element() const {
         return [this](int i, int j) __attribute__((always_inline)) {
-            return splat<S>(get(view, numbers == nullptr ? i : numbers[i], j));
+            const int row = numbers == nullptr ? i : numbers[i];
+            return splat<S>(load<T>(tabled
+                                        ? factor.entry(row, j)
+                                        : factor.base + row * factor.stride1 + j * factor.stride2));
         };
     }
     template <class... Numbers>
@@ -107,73 +109,67 @@ struct SolveBlocksWithOne {
                         const Numbers &...rows) const {
         S y[largest_lane_elements];
         load_block(y, b, group.first, rows_of<T>(group.first, rows...));
-        factor.solve(shape, element(), y);
+        prepared.solve(factor.shape, element(), y);
         store_block(x, group.first, y);
         return 0;
     }
 };
 
-} // namespace detail
-
-// alone(n) does object n. `numbers`: of the factors' rows, if they have any.
-template <class Family, class Factor, class Vector, class Result, class Single, class... Numbers>
-void solve_arrays(int count, Shape shape, const Factor &factor, const Vector &b, const Result &x,
-                  const Single &alone, const Numbers &...numbers) {
-    using T = typename Factor::Element;
+template <class T, class Family, bool one_factor, class... Numbers>
+void solve_objects(int count, const Objects &factor, const Objects &b, const Objects &x,
+                   const Single &alone, const Numbers &...numbers) {
     using Part = typename Family::Part;
-    constexpr bool by_number = sizeof...(Numbers) != 0;
     constexpr int most = largest_lane_elements;
-    const Shape in = by_number ? Shape{shape.height, 1} : Shape{1, shape.height};
-    const Shape out = {1, shape.width};
-    if (shape.height > most / (Factor::is_array ? shape.width : 1)) {
+    const Shape shape = factor.shape;
+    if (shape.height > most / (one_factor ? 1 : shape.width)) {
         walk_singly(count, alone);
         return;
     }
-    const Objects result = objects(x, out);
-    const Overlap overlap(count, result, objects<Part>(factor, shape),
-                          objects(b, {1, shape.height}));
+    const Overlap overlap(count, x, factor, b);
+    const int *rows = nullptr;
+    ((rows = numbers.row(0)), ...);
     with_order<3, 6>(
         shape.width == shape.height ? shape.width : 0,
         [&](auto N) {
-            const auto from = walked<N, 1>(b.as_column());
-            const auto to = walked<N, 1>(x.as_column());
-            if constexpr (Factor::is_array) {
-                walk<T>(count, overlap, detail::SolveEach<Family, N, T>{}, alone,
-                        walked<N, N, Part>(factor), from, to, walked<N>(numbers, N)...);
-            } else {
-                detail::SolveWithOne<Family, N, T> kernel;
-                const auto f = view(factor, 0, shape);
-                unroll<N>(ZELM_EACH(i) {
-                    int row = i;
-                    ((row = numbers.row(0)[int{i}]), ...);
-                    unroll<Part::width(i, N)>(
-                        ZELM_EACH(j) { kernel.factor.f[i][j] = splat<Lanes<T>>(get(f, row, j)); });
-                });
+            const auto from = walked<T, N, 1>(as_column(b)), to = walked<T, N, 1>(as_column(x));
+            if constexpr (one_factor) {
+                SolveWithOne<Family, N, T> kernel;
+                load_splat<T>(kernel.factor.f[0], factor, rows);
                 kernel.factor.prepare();
                 walk<T>(count, overlap, kernel, alone, from, to, walked<N>(numbers, N)...);
+            } else {
+                walk<T>(count, overlap, SolveEach<Family, N, T>{}, alone,
+                        walked<T, N, N, Part>(factor), from, to, walked<N>(numbers, N)...);
             }
         },
         [&] {
-            const auto from = [&] {
-                if constexpr (by_number)
-                    return walked<most>(b.as_column(), in);
-                else
-                    return walked<most>(b, in);
-            }();
-            const WalkedBlocks<most> to = {result};
-            if constexpr (Factor::is_array) {
-                walk_blocks<T>(count, overlap, detail::SolveEachBlock<Family, T>{}, alone,
-                               walked<most, Part>(factor, shape), from, to,
-                               walked<largest_lane_order>(numbers, shape.height)...);
-            } else {
-                const int *rows = nullptr;
-                ((rows = numbers.row(0)), ...);
-                const auto f = view(factor, 0, shape);
-                const detail::SolveBlocksWithOne<Family, T, decltype(f)> kernel(f, rows, shape);
+            // Rows by number are the rows of a column.
+            const auto from = walked_blocks<most>(rows == nullptr ? b : as_column(b));
+            const auto to = walked_blocks<most>(x);
+            const auto with_one = [&](const auto &kernel) {
                 walk_blocks<T>(count, overlap, kernel, alone, from, to,
                                walked<most>(numbers, shape.height)...);
-            }
+            };
+            if constexpr (!one_factor)
+                walk_blocks<T>(count, overlap, SolveEachBlock<Family, T>{}, alone,
+                               walked_blocks<most>(factor), from, to,
+                               walked<largest_lane_order>(numbers, shape.height)...);
+            else if (factor.description == Description::pointer)
+                with_one(SolveBlocksWithOne<Family, T, true>(factor, rows));
+            else
+                with_one(SolveBlocksWithOne<Family, T, false>(factor, rows));
         });
+}
+
+} // namespace detail
+
+// alone(n) does object n. `numbers`: of the factors' rows, if they have any.
+template <class Family, class Factor, class Vector, class Result, class... Numbers>
+void solve_arrays(int count, Shape shape, const Factor &factor, const Vector &b, const Result &x,
+                  const Single &alone, const Numbers &...numbers) {
+    detail::solve_objects<typename Factor::Element, Family, !Factor::is_array>(
+        count, objects<typename Family::Part>(factor, shape), objects(b, {1, shape.height}),
+        objects(x, {1, shape.width}), alone, numbers...);
 }
 
 } // namespace zelm

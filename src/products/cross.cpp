@@ -65,27 +65,27 @@ struct CrossWithOne {
     }
 };
 
+template <class T, bool a_is_array, bool b_is_array>
+ZelStatus cross_arrays(int count, const Objects &a, const Objects &b, const Objects &d,
+                       const Single &single) {
+    const auto to = walked<T, 1, 3>(d), x = walked<T, 1, 3>(a), y = walked<T, 1, 3>(b);
+    const Overlap overlap(count, d, a, b);
+    if constexpr (a_is_array && b_is_array) {
+        return walk_lightly<T>(count, overlap, CrossPairs<T>{}, single, to, x, y);
+    } else {
+        CrossWithOne<T, b_is_array> kernel;
+        load_splat<T>(kernel.fixed[0], a_is_array ? b : a);
+        return walk_lightly<T>(count, overlap, kernel, single, to, a_is_array ? x : y);
+    }
+}
+
 template <class A, class B, class D>
 ZelStatus y8_ownzelmCrossProduct(int count, const A &a, const B &b, const D &d) {
-    using T = typename D::Element;
-    const auto to = walked<1, 3>(d);
-    const Overlap overlap(count, to.objects, objects(a, triple), objects(b, triple));
-    const auto single = [&](int n) __attribute__((noinline)) {
-        cross_object(a, b, d, n);
-        return zelStatusOk;
-    };
-    if constexpr (A::is_array && B::is_array) {
-        return walk_lightly<T>(count, overlap, CrossPairs<T>{}, single, to, walked<1, 3>(a),
-                               walked<1, 3>(b));
-    } else if constexpr (A::is_array) {
-        CrossWithOne<T, false> kernel;
-        load_splat<T>(kernel.fixed, view(b, 0, triple));
-        return walk_lightly<T>(count, overlap, kernel, single, to, walked<1, 3>(a));
-    } else {
-        CrossWithOne<T, true> kernel;
-        load_splat<T>(kernel.fixed, view(a, 0, triple));
-        return walk_lightly<T>(count, overlap, kernel, single, to, walked<1, 3>(b));
-    }
+    return cross_arrays<typename D::Element, A::is_array, B::is_array>(
+        count, objects(a, triple), objects(b, triple), objects(d, triple), [&](int n) {
+            cross_object(a, b, d, n);
+            return zelStatusOk;
+        });
 }
 
 template <class A, class B, class D>

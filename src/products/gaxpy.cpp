@@ -101,26 +101,31 @@ struct GaxpyWithOneAddend {
     }
 };
 
-template <int N, class A, class X, class B, class D>
-void gaxpy_squares(int count, const A &a, const X &x, const B &b, const D &d) {
-    using T = typename D::Element;
-    const auto from = walked<1, N>(x);
-    const auto to = walked<1, N>(d);
-    const Overlap overlap(count, to.objects, from.objects, objects(b, {1, N}));
-    const auto single = [&](int n) __attribute__((noinline)) {
-        gaxpy_square<N>(a, x, b, d, n);
-        return zelStatusOk;
-    };
-    if constexpr (B::is_array) {
+template <int N, class T, bool b_is_array>
+void gaxpy_lanes(int count, const Objects &a, const Objects &x, const Objects &b, const Objects &d,
+                 const Single &single) {
+    const auto from = walked<T, 1, N>(x), to = walked<T, 1, N>(d);
+    const Overlap overlap(count, d, x, b);
+    if constexpr (b_is_array) {
         GaxpyGroup<N, T> kernel;
-        load_splat<T>(kernel.m, view(a, 0, {N, N}));
-        walk<T>(count, overlap, kernel, single, to, from, walked<1, N>(b));
+        load_splat<T>(kernel.m[0], a);
+        walk<T>(count, overlap, kernel, single, to, from, walked<T, 1, N>(b));
     } else {
         GaxpyWithOneAddend<N, T> kernel;
-        load_splat<T>(kernel.m, view(a, 0, {N, N}));
-        load_splat<T>(kernel.fixed, view(b, 0, {1, N}));
+        load_splat<T>(kernel.m[0], a);
+        load_splat<T>(kernel.fixed[0], b);
         walk<T>(count, overlap, kernel, single, to, from);
     }
+}
+template <int N, class A, class X, class B, class D>
+void gaxpy_squares(int count, const A &a, const X &x, const B &b, const D &d) {
+    constexpr Shape shape = {1, N};
+    gaxpy_lanes<N, typename D::Element, B::is_array>(count, objects(a, {N, N}), objects(x, shape),
+                                                     objects(b, shape), objects(d, shape),
+                                                     [&](int n) {
+                                                         gaxpy_square<N>(a, x, b, d, n);
+                                                         return zelStatusOk;
+                                                     });
 }
 
 // Columns that fill registers: a result is a sum of columns, which needs no transposes.

@@ -134,15 +134,13 @@ struct MultiplyByOneRight {
     }
 };
 
-template <int n, int N, class A, class B, class D>
-void in_lanes(int count, const A &a, const B &b, const D &d) {
-    using T = typename D::Element;
-    const auto to = walked<n, N>(d);
-    const Overlap overlap(count, to.objects, objects(a, {n, n}), objects(b, {n, N}));
-    const auto alone = [&](int object) __attribute__((noinline)) {
-        any_shape({n, n, N}, a, b, d, object);
-        return zelStatusOk;
-    };
+template <int n, int N, class T, bool a_array, bool b_array>
+void in_lanes(int count, const Objects &a, const Objects &b, const Objects &d,
+              const Single &alone) {
+    const Overlap overlap(count, d, a, b);
+    const auto x = walked<T, n, n>(a);
+    const auto y = walked<T, n, N>(b);
+    const auto to = walked<T, n, N>(d);
     const auto pass = [&](const auto &kernel, const auto &...arrays)
         __attribute__((always_inline)) {
         if constexpr (N == 1 && n == 3) // too few instructions for a walk's bookkeeping
@@ -152,25 +150,25 @@ void in_lanes(int count, const A &a, const B &b, const D &d) {
         else
             walk<T>(count, overlap, kernel, alone, arrays...);
     };
-    if constexpr (!A::is_array) {
+    if constexpr (!a_array) {
         MultiplyByOneLeft<n, N, T> kernel;
-        load_splat<T>(kernel.x, view(a, 0, {n, n}));
-        pass(kernel, walked<n, N>(b), to);
-    } else if constexpr (!B::is_array) {
+        load_splat<T>(kernel.x[0], a);
+        pass(kernel, y, to);
+    } else if constexpr (!b_array) {
         MultiplyByOneRight<n, N, T> kernel;
-        load_splat<T>(kernel.y, view(b, 0, {n, N}));
-        pass(kernel, walked<n, n>(a), to);
+        load_splat<T>(kernel.y[0], b);
+        pass(kernel, x, to);
     } else {
-        if constexpr (N == 1 && n == 3 && !A::is_tabled)
-            if (!rows_adjacent(a) && rows_adjacent(a.transposed()))
-                return pass(MultiplyGroup<n, N, T, true>{}, walked<n, n>(a.transposed()),
-                            walked<n, N>(b), to);
-        pass(MultiplyGroup<n, N, T>{}, walked<n, n>(a), walked<n, N>(b), to);
+        if constexpr (N == 1 && n == 3)
+            if (!a.has_adjacent_rows() && transposed(a).has_adjacent_rows())
+                return pass(MultiplyGroup<n, N, T, true>{}, walked<T, n, n>(transposed(a)), y, to);
+        pass(MultiplyGroup<n, N, T>{}, x, y, to);
     }
 }
 
+// alone(n) does product n.
 template <int n, int N, class A, class B, class D>
-void square(int count, const A &a, const B &b, const D &d) {
+void square(int count, const A &a, const B &b, const D &d, const Single &alone) {
     using T = typename D::Element;
     // Tables of objects cost lanes a look at every address, rows none.
     if constexpr (N > 1 && !D::is_tabled && (rows_win<T, n> || D::has_table || !D::is_array)) {
@@ -206,19 +204,23 @@ void square(int count, const A &a, const B &b, const D &d) {
             return kernel(transposed, b, d);
     }
     if constexpr (D::is_array)
-        in_lanes<n, N>(count, a, b, d);
+        in_lanes<n, N, T, A::is_array, B::is_array>(count, objects(a, {n, n}), objects(b, {n, N}),
+                                                    objects(d, {n, N}), alone);
     else
-        for (int object = 0; object < count; ++object)
-            any_shape({n, n, N}, a, b, d, object);
+        alone(0);
 }
 
 template <bool vector, class A, class B, class D>
 ZelStatus y8_ownzelmMul(int count, Sizes s, const A &a, const B &b, const D &d) {
+    const auto alone = [&](int object) {
+        any_shape(s, a, b, d, object);
+        return zelStatusOk;
+    };
     if (s.M == s.K && (vector || s.N == s.K)) {
         const bool done = with_order<3, 6>(
             s.K,
             [&](auto n) {
-                square<n, vector ? 1 : int{n}>(count, a, b, d);
+                square<n, vector ? 1 : int{n}>(count, a, b, d, alone);
                 return true;
             },
             [] { return false; });
@@ -232,9 +234,7 @@ ZelStatus y8_ownzelmMul(int count, Sizes s, const A &a, const B &b, const D &d) 
                 return zelStatusOk;
         }
     }
-    for (int object = 0; object < count; ++object)
-        any_shape(s, a, b, d, object);
-    return zelStatusOk;
+    return walk_singly(count, alone);
 }
 
 // ---- entries ----

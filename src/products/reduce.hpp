@@ -115,14 +115,37 @@ struct ReduceWithOne {
     }
 };
 
+namespace detail {
+template <class F, int H, int W, class T>
+void reduce_squares(int count, const Scalars<T> &results, const Objects &a, const Single &single) {
+    const auto to = walked(results);
+    walk_lightly<T>(count, Overlap(count, to.objects, a), ReduceSquares<H, W, T, F>{}, single, to,
+                    walked<T, H, W>(a));
+}
+template <class F, int H, int W, class T, bool b_is_array>
+void reduce_products(int count, const Scalars<T> &results, const Objects &a, const Objects &b,
+                     const Single &single) {
+    const auto to = walked(results);
+    const auto from = walked<T, H, W>(a);
+    const Overlap overlap(count, to.objects, a, b);
+    if constexpr (b_is_array) {
+        walk_lightly<T>(count, overlap, ReducePairs<H, W, T, F>{}, single, to, from,
+                        walked<T, H, W>(b));
+    } else {
+        ReduceWithOne<H, W, T, F> kernel;
+        load_splat<T>(kernel.fixed[0], b);
+        walk_lightly<T>(count, overlap, kernel, single, to, from);
+    }
+}
+} // namespace detail
+
 // results(n) = F of the products of object n of a with object n of b, or with itself, for objects
 // of a fixed shape.
 template <class F, int H, int W, class T, class A, class... B>
 void reduce_lanes(int count, const Scalars<T> &results, const A &a, const B &...b) {
     static_assert(sizeof...(B) <= 1);
     constexpr Shape shape = {H, W};
-    constexpr bool squares = sizeof...(B) == 0, pairs = !squares && (B::is_array && ...);
-    const auto single = [&](int n) __attribute__((noinline)) {
+    const auto single = [&](int n) {
         T terms[H][W];
         const auto x = view(a, n, shape);
         const auto multiply = [&](const auto &y) __attribute__((always_inline)) {
@@ -130,26 +153,18 @@ void reduce_lanes(int count, const Scalars<T> &results, const A &a, const B &...
                 terms[e / W][e % W] = get(x, e / W, e % W) * get(y, e / W, e % W);
             });
         };
-        if constexpr (squares)
+        if constexpr (sizeof...(B) == 0)
             multiply(x);
         else
             multiply(view(b..., n, shape));
         store<T>(results.object(n), F{}(terms));
         return zelStatusOk;
     };
-    const auto to = walked(results);
-    const auto from = walked<H, W>(a);
-    const Overlap overlap(count, to.objects, from.objects, objects(b, shape)...);
-    if constexpr (squares) {
-        walk_lightly<T>(count, overlap, ReduceSquares<H, W, T, F>{}, single, to, from);
-    } else if constexpr (pairs) {
-        walk_lightly<T>(count, overlap, ReducePairs<H, W, T, F>{}, single, to, from,
-                        walked<H, W>(b)...);
-    } else {
-        ReduceWithOne<H, W, T, F> kernel;
-        load_splat<T>(kernel.fixed, view(b..., 0, shape));
-        walk_lightly<T>(count, overlap, kernel, single, to, from);
-    }
+    if constexpr (sizeof...(B) == 0)
+        detail::reduce_squares<F, H, W, T>(count, results, objects(a, shape), single);
+    else
+        detail::reduce_products<F, H, W, T, (B::is_array && ...)>(count, results, objects(a, shape),
+                                                                  objects(b, shape)..., single);
 }
 
 } // namespace zelm
