@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Make the public header, the export list and the member lists from api/members.txt.
+"""Make all that lists the exported members from api/members.txt: see `main` for the files.
 
     generate.py           write the files that have changed
     generate.py --check   write nothing; fail with a diff if a file is not what would be written
@@ -18,6 +18,7 @@ TEMPLATE = ROOT / "api" / "zelm.h.in"
 HEADER = ROOT / "include" / "zelm.h"
 EXPORTS = ROOT / "src" / "exports.map"
 MEMBERS = ROOT / "api" / "members.inc"
+ENTRIES = ROOT / "src" / "frame" / "entries.inc"
 FUNCTIONS = ROOT / "include" / "zelm" / "members.hpp"
 
 COLUMNS = 100
@@ -26,8 +27,9 @@ TYPES = {"32f": "float", "64f": "double"}
 # Exported without being a member: declared in the template.
 OTHER_EXPORTS = ["zelmGetLibVersion"]
 
-# The strides of an operand in standard description.
+# The strides of an operand in standard description, and the rank of its objects.
 STRIDES = {"v": "2", "va": "02", "m": "12", "ma": "012", "t": "12", "ta": "012", "ca": "0"}
+RANKS = {"v": 1, "m": 2, "t": 2, "c": 0}
 
 # Arguments that are the same in every description. {T} is the element type.
 PLAIN = {
@@ -40,8 +42,8 @@ PLAIN = {
     "cindex": "const int *{name}",
 }
 
-# prototype is a list: the text up to and with the parenthesis, then the parameters.
-Member = namedtuple("Member", "name family kind ctype description arguments prototype")
+# parameters are those of the C function, operands the names and values of what is made of them.
+Member = namedtuple("Member", "name family kind ctype description arguments parameters operands")
 Family = namedtuple("Family", "name title expected blocks")
 Block = namedtuple("Block", "text members")
 
@@ -50,27 +52,34 @@ class TableError(Exception):
     pass
 
 
-def operand(name, kind, letter, ctype):
-    """The parameters that operand name:kind becomes in the description with this letter."""
-    capital = name[0].upper() + name[1:]
-    const = "" if name.startswith("dst") else "const "
+def operand(name, kind, description, ctype):
+    """What operand name:kind becomes: its parameters, and the C++ object that is made of them."""
+    written = name.startswith("dst")
+    letter = description[-1 if written else 0]
     array = kind.endswith("a")
-    strides = STRIDES[kind]
-
-    def shifted(count_of_strides):
-        table = f"{const}{ctype} *const *pp{capital}"
-        return [table, f"int {name}RoiShift"] + [f"int {name}Stride{s}" for s in count_of_strides]
-
     if letter == "P" and kind != "ca":
-        return shifted("0" if array else "")
-    if letter == "L" and array:
-        return shifted(strides.replace("0", ""))
-    return [f"{const}{ctype} *p{capital}"] + [f"int {name}Stride{s}" for s in strides]
+        form, stars, kept = "Tabled", "*const *", "0"
+    elif letter == "L" and array:
+        form, stars, kept = "Layout", "*const *", "12"
+    else:
+        form, stars, kept = "Standard", "*", "012"
+
+    const = "" if written else "const "
+    values = ["p" + name[0].upper() + name[1:]]
+    if form != "Standard":
+        values = ["p" + values[0], f"{name}RoiShift"]
+    values += [f"{name}Stride{s}" if s in STRIDES[kind] else "0" for s in kept]
+    integers = [f"int {value}" for value in values[1:] if value != "0"]
+
+    shape = f"{const}T, {RANKS[kind[0]]}" + ("" if form == "Layout" else f", {array}".lower())
+    transposed = ".transposed()" if kind[0] == "t" else ""
+    made = f"{form}<{shape}>{{{', '.join(values)}}}{transposed}"
+    return [f"{const}{ctype} {stars}{values[0]}", *integers], made
 
 
 def parameters(arguments, description, ctype):
-    """The parameters of a member, from its argument string."""
-    result = []
+    """The parameters of a member and the operands they make, from its argument string."""
+    result, operands = [], []
     for argument in arguments.split():
         name, _, kind = argument.partition(":")
         if not kind:
@@ -78,11 +87,12 @@ def parameters(arguments, description, ctype):
         elif kind in PLAIN:
             result.append(PLAIN[kind].format(T=ctype, name=name))
         elif kind in STRIDES:
-            letter = description[-1] if name.startswith("dst") else description[0]
-            result += operand(name, kind, letter, ctype)
+            of_this, made = operand(name, kind, description, ctype)
+            result += of_this
+            operands.append((name, made))
         else:
             raise TableError(f"unknown kind in '{argument}'")
-    return result
+    return result, operands
 
 
 def expand(family, line):
@@ -107,8 +117,8 @@ def expand(family, line):
         parts = [f"zelm{operation}", kind, of_type, description]
         name = "_".join(part for part in parts if part not in ("-", "S"))
         ctype = TYPES[of_type]
-        prototype = [f"ZELM_API ZelStatus {name}("] + parameters(arguments, description, ctype)
-        members.append(Member(name, operation, kind, ctype, description, arguments, prototype))
+        made = parameters(arguments, description, ctype)
+        members.append(Member(name, operation, kind, ctype, description, arguments, *made))
     return members
 
 
@@ -160,9 +170,9 @@ def comment(lines):
     return [f"/* {lines[0]}"] + body
 
 
-def wrapped(prototype):
+def prototype(member):
     """The lines of a prototype; further lines begin below the first parameter, or indented."""
-    head, *rest = prototype
+    head, rest = f"ZELM_API ZelStatus {member.name}(", member.parameters
     pieces = [parameter + "," for parameter in rest[:-1]] + [rest[-1] + ");"]
 
     def filled(lines, indent, further):
@@ -186,7 +196,7 @@ def header(families, template):
         for block in family.blocks:
             lines += ["", *comment(block.text)]
             for member in block.members:
-                lines += wrapped(member.prototype)
+                lines += prototype(member)
     return template.replace("@FAMILIES@", "\n".join(lines[1:]))
 
 
@@ -212,6 +222,27 @@ def member_list(families):
             f"ZELM_MEMBER({m.name}, {m.family}, {m.kind}, {m.ctype}, {m.description}, "
             f'"{m.arguments}")'
         )
+    return "\n".join(lines) + "\n"
+
+
+def entry_list(families):
+    """A macro for every member, and one for all members of an operation and kind."""
+    lines = ["// Made by api/generate.py from api/members.txt, for ZELM_MEMBERS in member.hpp."]
+    of_kind = {}
+    for m in all_members(families):
+        macro = m.name.replace("zelm", "ZELM_MEMBERS_", 1)
+        names = ", ".join(f"const auto &{name}" for name, _ in m.operands)
+        values = ", \\\n     ".join(value for _, value in m.operands)
+        lines += [
+            f"#define {macro}(...) ZELM_MEMBER({m.name}, {m.ctype}, \\",
+            f"    ({', '.join(m.parameters)}), \\",
+            f"    ({names}), \\",
+            f"    ({values}), __VA_ARGS__)",
+        ]
+        if m.kind != "-":
+            of_kind.setdefault(f"{m.family}_{m.kind}", []).append(f"{macro}(__VA_ARGS__)")
+    for name, macros in of_kind.items():
+        lines += [f"#define ZELM_MEMBERS_{name}(...) \\", "    " + " ".join(macros)]
     return "\n".join(lines) + "\n"
 
 
@@ -280,6 +311,7 @@ def main(arguments):
         HEADER: header(families, TEMPLATE.read_text(encoding="ascii")),
         EXPORTS: exports(families),
         MEMBERS: member_list(families),
+        ENTRIES: entry_list(families),
         FUNCTIONS: function_table(families),
     }
     stale = False

@@ -163,70 +163,28 @@ ZELM_INLINE ZelStatus scratch_size(int n, int *size) {
 } // namespace
 } // namespace zelm
 
-#define VALUES_M(D, T, suffix, kind)                                                               \
-    ZELM_MEMBER(zelmEigenValues_##kind##_##suffix,                                                 \
-                (ZELM_PARAMETERS(D, kind, const T, src), T * re, T * im, int n, T *buffer),        \
-                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src), zelm::NoDestination{},    \
-                                    zelm::NoDestination{}, re, im, n, buffer))
-#define VALUES_MA(D, T, suffix, kind)                                                              \
-    ZELM_MEMBER(                                                                                   \
-        zelmEigenValues_##kind##_##suffix,                                                         \
-        (ZELM_PARAMETERS(D, kind, const T, src), T * re, T * im, int n, int count, T *buffer),     \
-        zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src), zelm::NoDestination{},            \
-                            zelm::NoDestination{}, re, im, n, count, buffer))
-#define BOTH_M(D, T, suffix, kind)                                                                 \
-    ZELM_MEMBER(zelmEigenValuesVectors_##kind##_##suffix,                                          \
-                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, right),       \
-                 ZELM_PARAMETERS(D, kind, T, left), T * re, T * im, int n, T *buffer),             \
-                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src),                           \
-                                    ZELM_OPERAND(D, kind, T, right),                               \
-                                    ZELM_OPERAND(D, kind, T, left), re, im, n, buffer))
-#define BOTH_MA(D, T, suffix, kind)                                                                \
-    ZELM_MEMBER(zelmEigenValuesVectors_##kind##_##suffix,                                          \
-                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, right),       \
-                 ZELM_PARAMETERS(D, kind, T, left), T * re, T * im, int n, int count, T *buffer),  \
-                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src),                           \
-                                    ZELM_OPERAND(D, kind, T, right),                               \
-                                    ZELM_OPERAND(D, kind, T, left), re, im, n, count, buffer))
-#define RIGHT_M(D, T, suffix, kind)                                                                \
-    ZELM_MEMBER(zelmEigenValuesVectorsRight_##kind##_##suffix,                                     \
-                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T * re, \
-                 T * im, int n, T *buffer),                                                        \
-                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src),                           \
-                                    ZELM_OPERAND(D, kind, T, dst), zelm::NoDestination{}, re, im,  \
-                                    n, buffer))
-#define RIGHT_MA(D, T, suffix, kind)                                                               \
-    ZELM_MEMBER(zelmEigenValuesVectorsRight_##kind##_##suffix,                                     \
-                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T * re, \
-                 T * im, int n, int count, T *buffer),                                             \
-                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src),                           \
-                                    ZELM_OPERAND(D, kind, T, dst), zelm::NoDestination{}, re, im,  \
-                                    n, count, buffer))
-#define LEFT_M(D, T, suffix, kind)                                                                 \
-    ZELM_MEMBER(zelmEigenValuesVectorsLeft_##kind##_##suffix,                                      \
-                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T * re, \
-                 T * im, int n, T *buffer),                                                        \
-                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src), zelm::NoDestination{},    \
-                                    ZELM_OPERAND(D, kind, T, dst), re, im, n, buffer))
-#define LEFT_MA(D, T, suffix, kind)                                                                \
-    ZELM_MEMBER(zelmEigenValuesVectorsLeft_##kind##_##suffix,                                      \
-                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), T * re, \
-                 T * im, int n, int count, T *buffer),                                             \
-                zelm::eigen_general(ZELM_OPERAND(D, kind, const T, src), zelm::NoDestination{},    \
-                                    ZELM_OPERAND(D, kind, T, dst), re, im, n, count, buffer))
-#define SCRATCH(T, suffix)                                                                         \
-    ZELM_MEMBER(zelmEigenValuesGetBufSize_##suffix, (int n, int *size),                            \
-                zelm::scratch_size<T, false>(n, size))                                             \
-    ZELM_MEMBER(zelmEigenValuesVectorsGetBufSize_##suffix, (int n, int *size),                     \
-                zelm::scratch_size<T, true>(n, size))
+// eigen_general(source, right vectors, left vectors, ...)
+constexpr zelm::NoDestination none{};
 
-ZELM_SINGLE(VALUES_M, m)
-ZELM_ARRAY(VALUES_MA, ma)
-ZELM_SINGLE(BOTH_M, m)
-ZELM_ARRAY(BOTH_MA, ma)
-ZELM_SINGLE(RIGHT_M, m)
-ZELM_ARRAY(RIGHT_MA, ma)
-ZELM_SINGLE(LEFT_M, m)
-ZELM_ARRAY(LEFT_MA, ma)
-SCRATCH(float, 32f)
-SCRATCH(double, 64f)
+ZELM_MEMBERS(EigenValues, (m),
+             eigen_general(src, none, none, pDstValuesRe, pDstValuesIm, widthHeight, pBuffer))
+ZELM_MEMBERS(EigenValues, (ma),
+             eigen_general(src, none, none, pDstValuesRe, pDstValuesIm, widthHeight, count,
+                           pBuffer))
+ZELM_MEMBERS(EigenValuesVectors, (m),
+             eigen_general(src, dstRight, dstLeft, pDstValuesRe, pDstValuesIm, widthHeight,
+                           pBuffer))
+ZELM_MEMBERS(EigenValuesVectors, (ma),
+             eigen_general(src, dstRight, dstLeft, pDstValuesRe, pDstValuesIm, widthHeight, count,
+                           pBuffer))
+ZELM_MEMBERS(EigenValuesVectorsRight, (m),
+             eigen_general(src, dst, none, pDstValuesRe, pDstValuesIm, widthHeight, pBuffer))
+ZELM_MEMBERS(EigenValuesVectorsRight, (ma),
+             eigen_general(src, dst, none, pDstValuesRe, pDstValuesIm, widthHeight, count, pBuffer))
+ZELM_MEMBERS(EigenValuesVectorsLeft, (m),
+             eigen_general(src, none, dst, pDstValuesRe, pDstValuesIm, widthHeight, pBuffer))
+ZELM_MEMBERS(EigenValuesVectorsLeft, (ma),
+             eigen_general(src, none, dst, pDstValuesRe, pDstValuesIm, widthHeight, count, pBuffer))
+
+ZELM_MEMBERS(EigenValuesGetBufSize, (32f, 64f), scratch_size<T, false>(widthHeight, pSize))
+ZELM_MEMBERS(EigenValuesVectorsGetBufSize, (32f, 64f), scratch_size<T, true>(widthHeight, pSize))

@@ -232,31 +232,12 @@ ZELM_INLINE ZelStatus eigen_symmetric(const Source &source, T *buffer,
 } // namespace
 } // namespace zelm
 
-#define VALUES_M(D, T, suffix, kind)                                                               \
-    ZELM_MEMBER(zelmEigenValuesSym_##kind##_##suffix,                                              \
-                (ZELM_PARAMETERS(D, kind, const T, src), T * buffer, T * values, int n),           \
-                zelm::eigen_symmetric(ZELM_OPERAND(D, kind, const T, src), buffer,                 \
-                                      zelm::NoDestination{}, values, n))
-#define VALUES_MA(D, T, suffix, kind)                                                              \
-    ZELM_MEMBER(                                                                                   \
-        zelmEigenValuesSym_##kind##_##suffix,                                                      \
-        (ZELM_PARAMETERS(D, kind, const T, src), T * buffer, T * values, int n, int count),        \
-        zelm::eigen_symmetric(ZELM_OPERAND(D, kind, const T, src), buffer, zelm::NoDestination{},  \
-                              values, n, count))
-#define VECTORS_M(D, T, suffix, kind)                                                              \
-    ZELM_MEMBER(zelmEigenValuesVectorsSym_##kind##_##suffix,                                       \
-                (ZELM_PARAMETERS(D, kind, const T, src), T * buffer,                               \
-                 ZELM_PARAMETERS(D, kind, T, dst), T * values, int n),                             \
-                zelm::eigen_symmetric(ZELM_OPERAND(D, kind, const T, src), buffer,                 \
-                                      ZELM_OPERAND(D, kind, T, dst), values, n))
-#define VECTORS_MA(D, T, suffix, kind)                                                             \
-    ZELM_MEMBER(zelmEigenValuesVectorsSym_##kind##_##suffix,                                       \
-                (ZELM_PARAMETERS(D, kind, const T, src), T * buffer,                               \
-                 ZELM_PARAMETERS(D, kind, T, dst), T * values, int n, int count),                  \
-                zelm::eigen_symmetric(ZELM_OPERAND(D, kind, const T, src), buffer,                 \
-                                      ZELM_OPERAND(D, kind, T, dst), values, n, count))
+constexpr zelm::NoDestination none{};
 
-ZELM_SINGLE(VALUES_M, m)
-ZELM_ARRAY(VALUES_MA, ma)
-ZELM_SINGLE(VECTORS_M, m)
-ZELM_ARRAY(VECTORS_MA, ma)
+ZELM_MEMBERS(EigenValuesSym, (m), eigen_symmetric(src, pBuffer, none, pDstValues, widthHeight))
+ZELM_MEMBERS(EigenValuesSym, (ma),
+             eigen_symmetric(src, pBuffer, none, pDstValues, widthHeight, count))
+ZELM_MEMBERS(EigenValuesVectorsSym, (m),
+             eigen_symmetric(src, pBuffer, dst, pDstValues, widthHeight))
+ZELM_MEMBERS(EigenValuesVectorsSym, (ma),
+             eigen_symmetric(src, pBuffer, dst, pDstValues, widthHeight, count))

@@ -1,35 +1,17 @@
 #include "sums.hpp"
 
-// clang-format off
-#define ADD_M(kinds, a, b)         ZELM_SINGLE(ZELM_SUM_M, zelmAdd, Sum, kinds, a, b, matrices)
-#define ADD_MA(kinds, a, b, entry) ZELM_ARRAY(ZELM_SUM_MA, zelmAdd, Sum, kinds, a, b, entry)
-#define ADD_V(kinds, a, b)         ZELM_SINGLE(ZELM_SUM_V, zelmAdd, Sum, kinds, a, b, vectors)
-#define ADD_VA(kinds, a, b, entry) ZELM_ARRAY(ZELM_SUM_VA, zelmAdd, Sum, kinds, a, b, entry)
+using namespace zelm::sums;
 
-ADD_M(mm, m, m)
-ADD_M(tm, t, m)
-ADD_M(tt, t, t)
-ADD_V(vv, v, v)
-ADD_V(vc, v, c)
+ZELM_MEMBERS(Add, (mm, tm, tt), matrices<Sum>(src1, src2, dst, width, height))
+ZELM_MEMBERS(Add, (mam), matrix_beside_array<Sum>(src1, src2, dst, width, height, count))
+ZELM_MEMBERS(Add, (mat, mama, tam, tat, tama, tata),
+             matrix_arrays<Sum>(src1, src2, dst, width, height, count))
 
-ADD_MA(mam,  ma, m,  matrix_beside_array)
-ADD_MA(mat,  ma, t,  matrix_arrays)
-ADD_MA(mama, ma, ma, matrix_arrays)
-ADD_MA(tam,  ta, m,  matrix_arrays)
-ADD_MA(tat,  ta, t,  matrix_arrays)
-ADD_MA(tama, ta, ma, matrix_arrays)
-ADD_MA(tata, ta, ta, matrix_arrays)
-
-ADD_VA(vav,  va, v,  array_with_vector)
-ADD_VA(vava, va, va, vector_arrays)
-ADD_VA(vac,  va, c,  vector_arrays)
-ADD_VA(vca,  v,  ca, vector_arrays)
-
-// vaca is spelled out: one member differs from its twins.
-ZELM_SUM_VA(S, float,  32f,   zelmAdd, Sum, vaca, va, ca, vector_arrays)
-ZELM_SUM_VA(S, double, 64f,   zelmAdd, Sum, vaca, va, ca, vector_arrays)
-ZELM_SUM_VA(P, float,  32f_P, zelmAdd, Sum, vaca, va, ca, vector_arrays_any_first_stride)
-ZELM_SUM_VA(P, double, 64f_P, zelmAdd, Sum, vaca, va, ca, vector_arrays)
-ZELM_SUM_VA(L, float,  32f_L, zelmAdd, Sum, vaca, va, ca, vector_arrays)
-ZELM_SUM_VA(L, double, 64f_L, zelmAdd, Sum, vaca, va, ca, vector_arrays)
-// clang-format on
+ZELM_MEMBERS(Add, (vv), vectors<Sum>(src1, src2, dst, len))
+ZELM_MEMBERS(Add, (vc), vectors<Sum>(src, Constant<T>{val}, dst, len))
+ZELM_MEMBERS(Add, (vav), array_with_vector<Sum>(src1, src2, dst, len, count))
+ZELM_MEMBERS(Add, (vava), vector_arrays<Sum>(src1, src2, dst, len, count))
+ZELM_MEMBERS(Add, (vac), vector_arrays<Sum>(src, Constant<T>{val}, dst, len, count))
+ZELM_MEMBERS(Add, (vca, vaca_32f, vaca_64f, vaca_64f_P, vaca_32f_L, vaca_64f_L),
+             vector_arrays<Sum>(src, val, dst, len, count))
+ZELM_MEMBERS(Add, (vaca_32f_P), vector_arrays_any_first_stride<Sum>(src, val, dst, len, count))

@@ -51,39 +51,9 @@ ZELM_INLINE ZelStatus arrays(const A &a, const B &b, const D &d, int len, int co
 } // namespace
 } // namespace zelm
 
-// clang-format off
-#define COMBINE_PARAMETERS(D, T, a, b, d)                                                         \
-    ZELM_PARAMETERS(D, a, const T, src1), ZELM_PARAMETERS(D, b, const T, src2),                   \
-    ZELM_PARAMETERS(D, d, T, dst)
-#define COMBINE_OPERANDS(D, T, a, b, d)                                                           \
-    ZELM_OPERAND(D, a, const T, src1), ZELM_OPERAND(D, b, const T, src2), ZELM_OPERAND(D, d, T, dst)
+ZELM_MEMBERS(LComb, (vv), vectors(src1, src2, dst, len, Combination<T>{scale1, scale2}))
+ZELM_MEMBERS(LComb, (vav, vava),
+             arrays(src1, src2, dst, len, count, Combination<T>{scale1, scale2}))
 
-#define LCOMB_V(D, T, suffix, kinds, a, b)                                                        \
-    ZELM_MEMBER(zelmLComb_##kinds##_##suffix,                                                     \
-                (COMBINE_PARAMETERS(D, T, a, b, v), int len, T scale1, T scale2),                 \
-                zelm::vectors(COMBINE_OPERANDS(D, T, a, b, v), len,                               \
-                              zelm::Combination<T>{scale1, scale2}))
-#define LCOMB_VA(D, T, suffix, kinds, a, b)                                                       \
-    ZELM_MEMBER(zelmLComb_##kinds##_##suffix,                                                     \
-                (COMBINE_PARAMETERS(D, T, a, b, va), int len, int count, T scale1, T scale2),     \
-                zelm::arrays(COMBINE_OPERANDS(D, T, a, b, va), len, count,                        \
-                             zelm::Combination<T>{scale1, scale2}))
-#define SAXPY_V(D, T, suffix, kinds, a, b)                                                        \
-    ZELM_MEMBER(zelmSaxpy_##kinds##_##suffix,                                                     \
-                (COMBINE_PARAMETERS(D, T, a, b, v), int len, T scale),                            \
-                zelm::vectors(COMBINE_OPERANDS(D, T, a, b, v), len, zelm::ScaledSum<T>{scale}))
-#define SAXPY_VA(D, T, suffix, kinds, a, b)                                                       \
-    ZELM_MEMBER(zelmSaxpy_##kinds##_##suffix,                                                     \
-                (COMBINE_PARAMETERS(D, T, a, b, va), int len, int count, T scale),                \
-                zelm::arrays(COMBINE_OPERANDS(D, T, a, b, va), len, count,                        \
-                             zelm::ScaledSum<T>{scale}))
-
-ZELM_SINGLE(LCOMB_V, vv, v, v)
-ZELM_ARRAY(LCOMB_VA, vav, va, v)
-ZELM_ARRAY(LCOMB_VA, vava, va, va)
-
-ZELM_SINGLE(SAXPY_V, vv, v, v)
-ZELM_ARRAY(SAXPY_VA, vav, va, v)
-ZELM_ARRAY(SAXPY_VA, vva, v, va)
-ZELM_ARRAY(SAXPY_VA, vava, va, va)
-// clang-format on
+ZELM_MEMBERS(Saxpy, (vv), vectors(src1, src2, dst, len, ScaledSum<T>{scale}))
+ZELM_MEMBERS(Saxpy, (vav, vva, vava), arrays(src1, src2, dst, len, count, ScaledSum<T>{scale}))

@@ -9,8 +9,14 @@ namespace {
 
 // ---- Copy: the distances from object to object are checked last, where there are two ----
 
-template <bool strides_first, class S, class D>
+// ma_PP, va_PP, va_32f_SP, va_32f_LP: the offset before all strides.
+template <class S, class D>
+constexpr bool shifts_first = D::is_tabled && (S::is_tabled || (D::object_rank == 1 &&
+                                                                sizeof(typename D::Element) == 4));
+
+template <class S, class D>
 ZELM_INLINE ZelStatus copy(const S &source, const D &destination, Shape shape, int count) {
+    constexpr bool strides_first = !shifts_first<S, D>;
     const auto inside = element_strides(source, destination);
     const auto offset = shifts(source, destination);
     if (const ZelStatus s = first_failure(
@@ -92,72 +98,16 @@ ZELM_INLINE ZelStatus identity_shift_early(const D &d, int width, int height, in
 } // namespace
 } // namespace zelm
 
-// clang-format off
-#define COPY_MA(S, D, T, suffix, strides_first)                                                   \
-    ZELM_MEMBER(zelmCopy_ma_##suffix##_##S##D,                                                    \
-                (ZELM_PARAMETERS(S, ma, const T, src), ZELM_PARAMETERS(D, ma, T, dst), int width, \
-                 int height, int count),                                                          \
-                zelm::copy<strides_first>(ZELM_OPERAND(S, ma, const T, src),                      \
-                                          ZELM_OPERAND(D, ma, T, dst), {height, width}, count))
-#define COPY_VA(S, D, T, suffix, strides_first)                                                   \
-    ZELM_MEMBER(zelmCopy_va_##suffix##_##S##D,                                                    \
-                (ZELM_PARAMETERS(S, va, const T, src), ZELM_PARAMETERS(D, va, T, dst), int len,   \
-                 int count),                                                                      \
-                zelm::copy<strides_first>(ZELM_OPERAND(S, va, const T, src),                      \
-                                          ZELM_OPERAND(D, va, T, dst), {1, len}, count))
-// source, destination, whether strides are checked before shifts
-#define COPY(M, T, suffix, SP, LP)                                                                \
-    M(S, S, T, suffix, true)                                                                      \
-    M(S, P, T, suffix, SP)                                                                        \
-    M(S, L, T, suffix, true)                                                                      \
-    M(P, S, T, suffix, true)                                                                      \
-    M(P, P, T, suffix, false)                                                                     \
-    M(P, L, T, suffix, true)                                                                      \
-    M(L, S, T, suffix, true)                                                                      \
-    M(L, P, T, suffix, LP)                                                                        \
-    M(L, L, T, suffix, true)
+ZELM_MEMBERS(Copy, (ma), copy(src, dst, {height, width}, count))
+ZELM_MEMBERS(Copy, (va), copy(src, dst, {1, len}, count))
 
-COPY(COPY_MA, float,  32f, true,  true)
-COPY(COPY_MA, double, 64f, true,  true)
-COPY(COPY_VA, float,  32f, false, false)
-COPY(COPY_VA, double, 64f, true,  true)
+ZELM_MEMBERS(Extract, (m, t), extract(src, pDst, {height, width}))
+ZELM_MEMBERS(Extract, (ma, ta), extract(src, pDst, {height, width}, count))
+ZELM_MEMBERS(Extract, (v_32f, v_64f, v_64f_P), extract(src, pDst, {1, len}))
+ZELM_MEMBERS(Extract, (v_32f_P), extract_pointers_first(src, pDst, {1, len}))
+ZELM_MEMBERS(Extract, (va), extract(src, pDst, {1, len}, count))
 
-#define EXTRACT_M(D, T, suffix, kind)                                                             \
-    ZELM_MEMBER(zelmExtract_##kind##_##suffix,                                                    \
-                (ZELM_PARAMETERS(D, kind, const T, src), T *pDst, int width, int height),         \
-                zelm::extract(ZELM_OPERAND(D, kind, const T, src), pDst, {height, width}))
-#define EXTRACT_MA(D, T, suffix, kind)                                                            \
-    ZELM_MEMBER(zelmExtract_##kind##_##suffix,                                                    \
-                (ZELM_PARAMETERS(D, kind, const T, src), T *pDst, int width, int height,          \
-                 int count),                                                                      \
-                zelm::extract(ZELM_OPERAND(D, kind, const T, src), pDst, {height, width}, count))
-#define EXTRACT_V(D, T, suffix, entry)                                                            \
-    ZELM_MEMBER(zelmExtract_v_##suffix, (ZELM_PARAMETERS(D, v, const T, src), T *pDst, int len),  \
-                zelm::entry(ZELM_OPERAND(D, v, const T, src), pDst, {1, len}))
-#define EXTRACT_VA(D, T, suffix, kind)                                                            \
-    ZELM_MEMBER(zelmExtract_va_##suffix,                                                          \
-                (ZELM_PARAMETERS(D, va, const T, src), T *pDst, int len, int count),              \
-                zelm::extract(ZELM_OPERAND(D, va, const T, src), pDst, {1, len}, count))
-
-ZELM_SINGLE(EXTRACT_M, m)
-ZELM_SINGLE(EXTRACT_M, t)
-EXTRACT_V(S, float,  32f,   extract)
-EXTRACT_V(S, double, 64f,   extract)
-EXTRACT_V(P, float,  32f_P, extract_pointers_first)
-EXTRACT_V(P, double, 64f_P, extract)
-ZELM_ARRAY(EXTRACT_MA, ma)
-ZELM_ARRAY(EXTRACT_MA, ta)
-ZELM_ARRAY(EXTRACT_VA, va)
-
-#define IDENTITY(D, T, suffix, entry)                                                             \
-    ZELM_MEMBER(zelmLoadIdentity_ma_##suffix,                                                     \
-                (ZELM_PARAMETERS(D, ma, T, dst), int width, int height, int count),               \
-                zelm::entry(ZELM_OPERAND(D, ma, T, dst), width, height, count))
-
-IDENTITY(S, float,  32f,   identity)
-IDENTITY(S, double, 64f,   identity)
-IDENTITY(L, float,  32f_L, identity)
-IDENTITY(L, double, 64f_L, identity)
-IDENTITY(P, float,  32f_P, identity_shift_early)
-IDENTITY(P, double, 64f_P, identity_stride_last)
-// clang-format on
+ZELM_MEMBERS(LoadIdentity, (ma_32f, ma_64f, ma_32f_L, ma_64f_L),
+             identity(dst, width, height, count))
+ZELM_MEMBERS(LoadIdentity, (ma_32f_P), identity_shift_early(dst, width, height, count))
+ZELM_MEMBERS(LoadIdentity, (ma_64f_P), identity_stride_last(dst, width, height, count))

@@ -66,39 +66,8 @@ ZELM_INLINE ZelStatus vectors(const A &a, const B &b, const D &d, int len, int c
 } // namespace
 } // namespace zelm
 
-// clang-format off
-#define SCALE_M(D, T, suffix, kinds, a, b)                                                        \
-    ZELM_MEMBER(zelmMul_##kinds##_##suffix,                                                       \
-                (ZELM_PARAMETERS(D, a, const T, src), ZELM_PARAMETERS(D, b, const T, val),        \
-                 ZELM_PARAMETERS(D, m, T, dst), int width, int height),                           \
-                zelm::matrix(ZELM_OPERAND(D, a, const T, src), ZELM_OPERAND(D, b, const T, val),  \
-                             ZELM_OPERAND(D, m, T, dst), width, height))
-#define SCALE_MA(D, T, suffix, kinds, a, b)                                                       \
-    ZELM_MEMBER(zelmMul_##kinds##_##suffix,                                                       \
-                (ZELM_PARAMETERS(D, a, const T, src), ZELM_PARAMETERS(D, b, const T, val),        \
-                 ZELM_PARAMETERS(D, ma, T, dst), int width, int height, int count),               \
-                zelm::matrices(ZELM_OPERAND(D, a, const T, src), ZELM_OPERAND(D, b, const T, val), \
-                               ZELM_OPERAND(D, ma, T, dst), width, height, count))
-#define SCALE_V(D, T, suffix, kinds, a, b)                                                        \
-    ZELM_MEMBER(zelmMul_##kinds##_##suffix,                                                       \
-                (ZELM_PARAMETERS(D, a, const T, src), ZELM_PARAMETERS(D, b, const T, val),        \
-                 ZELM_PARAMETERS(D, v, T, dst), int len),                                         \
-                zelm::vector(ZELM_OPERAND(D, a, const T, src), ZELM_OPERAND(D, b, const T, val),  \
-                             ZELM_OPERAND(D, v, T, dst), len))
-#define SCALE_VA(D, T, suffix, kinds, a, b)                                                       \
-    ZELM_MEMBER(zelmMul_##kinds##_##suffix,                                                       \
-                (ZELM_PARAMETERS(D, a, const T, src), ZELM_PARAMETERS(D, b, const T, val),        \
-                 ZELM_PARAMETERS(D, va, T, dst), int len, int count),                             \
-                zelm::vectors(ZELM_OPERAND(D, a, const T, src), ZELM_OPERAND(D, b, const T, val), \
-                              ZELM_OPERAND(D, va, T, dst), len, count))
-
-ZELM_SINGLE(SCALE_M, mc, m, c)
-ZELM_SINGLE(SCALE_M, tc, t, c)
-ZELM_SINGLE(SCALE_V, vc, v, c)
-
-ZELM_ARRAY(SCALE_MA, mac,  ma, c)
-ZELM_ARRAY(SCALE_MA, tac,  ta, c)
-ZELM_ARRAY(SCALE_VA, vac,  va, c)
-ZELM_ARRAY(SCALE_VA, vca,  v,  ca)
-ZELM_ARRAY(SCALE_VA, vaca, va, ca)
-// clang-format on
+ZELM_MEMBERS(Mul, (mc, tc), matrix(src, Constant<T>{val}, dst, width, height))
+ZELM_MEMBERS(Mul, (mac, tac), matrices(src, Constant<T>{val}, dst, width, height, count))
+ZELM_MEMBERS(Mul, (vc), vector(src, Constant<T>{val}, dst, len))
+ZELM_MEMBERS(Mul, (vac), vectors(src, Constant<T>{val}, dst, len, count))
+ZELM_MEMBERS(Mul, (vca, vaca), vectors(src, val, dst, len, count))

@@ -1,39 +1,19 @@
 #include "sums.hpp"
 
-// clang-format off
-#define SUB_M(kinds, a, b)         ZELM_SINGLE(ZELM_SUM_M, zelmSub, Difference, kinds, a, b, matrices)
-#define SUB_MA(kinds, a, b, entry) ZELM_ARRAY(ZELM_SUM_MA, zelmSub, Difference, kinds, a, b, entry)
-#define SUB_V(kinds, a, b)         ZELM_SINGLE(ZELM_SUM_V, zelmSub, Difference, kinds, a, b, vectors)
-#define SUB_VA(kinds, a, b, entry) ZELM_ARRAY(ZELM_SUM_VA, zelmSub, Difference, kinds, a, b, entry)
+using namespace zelm::sums;
 
-SUB_M(mm, m, m)
-SUB_M(mt, m, t)
-SUB_M(tm, t, m)
-SUB_M(tt, t, t)
-SUB_V(vv, v, v)
-SUB_V(vc, v, c)
-SUB_V(cv, c, v)
+ZELM_MEMBERS(Sub, (mm, mt, tm, tt), matrices<Difference>(src1, src2, dst, width, height))
+ZELM_MEMBERS(Sub, (mam, mma),
+             matrix_beside_array<Difference>(src1, src2, dst, width, height, count))
+ZELM_MEMBERS(Sub, (mat, mta, mama, mata, tam, tma, tat, tta, tama, tata),
+             matrix_arrays<Difference>(src1, src2, dst, width, height, count))
 
-SUB_MA(mam,  ma, m,  matrix_beside_array)
-SUB_MA(mma,  m,  ma, matrix_beside_array)
-SUB_MA(mat,  ma, t,  matrix_arrays)
-SUB_MA(mta,  m,  ta, matrix_arrays)
-SUB_MA(mama, ma, ma, matrix_arrays)
-SUB_MA(mata, ma, ta, matrix_arrays)
-SUB_MA(tam,  ta, m,  matrix_arrays)
-SUB_MA(tma,  t,  ma, matrix_arrays)
-SUB_MA(tat,  ta, t,  matrix_arrays)
-SUB_MA(tta,  t,  ta, matrix_arrays)
-SUB_MA(tama, ta, ma, matrix_arrays)
-SUB_MA(tata, ta, ta, matrix_arrays)
-
-SUB_VA(vav,  va, v,  array_with_vector)
-SUB_VA(vva,  v,  va, vector_arrays)
-SUB_VA(vava, va, va, vector_arrays)
-SUB_VA(vac,  va, c,  vector_arrays)
-SUB_VA(vca,  v,  ca, vector_arrays)
-SUB_VA(vaca, va, ca, vector_arrays)
-SUB_VA(cav,  ca, v,  vector_arrays)
-SUB_VA(cva,  c,  va, constant_with_array)
-SUB_VA(cava, ca, va, vector_arrays)
-// clang-format on
+ZELM_MEMBERS(Sub, (vv), vectors<Difference>(src1, src2, dst, len))
+ZELM_MEMBERS(Sub, (vc), vectors<Difference>(src, Constant<T>{val}, dst, len))
+ZELM_MEMBERS(Sub, (cv), vectors<Difference>(Constant<T>{val}, src, dst, len))
+ZELM_MEMBERS(Sub, (vav), array_with_vector<Difference>(src1, src2, dst, len, count))
+ZELM_MEMBERS(Sub, (vva, vava), vector_arrays<Difference>(src1, src2, dst, len, count))
+ZELM_MEMBERS(Sub, (vac), vector_arrays<Difference>(src, Constant<T>{val}, dst, len, count))
+ZELM_MEMBERS(Sub, (vca, vaca), vector_arrays<Difference>(src, val, dst, len, count))
+ZELM_MEMBERS(Sub, (cav, cava), vector_arrays<Difference>(val, src, dst, len, count))
+ZELM_MEMBERS(Sub, (cva), constant_with_array<Difference>(Constant<T>{val}, src, dst, len, count))

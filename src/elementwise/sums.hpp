@@ -140,30 +140,3 @@ ZELM_INLINE ZelStatus constant_with_array(const A &a, const B &b, const D &d, in
 }
 
 } // namespace zelm::sums
-
-// M-macros of the lists: operation, kinds, the two sources' kinds, the destination's, the entry.
-// clang-format off
-#define ZELM_SUM_OPERANDS(D, T, a, b, d)                                                          \
-    ZELM_OPERAND(D, a, const T, src1), ZELM_OPERAND(D, b, const T, src2), ZELM_OPERAND(D, d, T, dst)
-#define ZELM_SUM_PARAMETERS(D, T, a, b, d)                                                        \
-    ZELM_PARAMETERS(D, a, const T, src1), ZELM_PARAMETERS(D, b, const T, src2),                   \
-    ZELM_PARAMETERS(D, d, T, dst)
-
-#define ZELM_SUM_M(D, T, suffix, name, Op, kinds, a, b, entry)                                    \
-    ZELM_MEMBER(name##_##kinds##_##suffix,                                                        \
-                (ZELM_SUM_PARAMETERS(D, T, a, b, m), int width, int height),                      \
-                zelm::sums::entry<zelm::sums::Op>(ZELM_SUM_OPERANDS(D, T, a, b, m), width, height))
-#define ZELM_SUM_MA(D, T, suffix, name, Op, kinds, a, b, entry)                                   \
-    ZELM_MEMBER(name##_##kinds##_##suffix,                                                        \
-                (ZELM_SUM_PARAMETERS(D, T, a, b, ma), int width, int height, int count),          \
-                zelm::sums::entry<zelm::sums::Op>(ZELM_SUM_OPERANDS(D, T, a, b, ma), width,       \
-                                                  height, count))
-#define ZELM_SUM_V(D, T, suffix, name, Op, kinds, a, b, entry)                                    \
-    ZELM_MEMBER(name##_##kinds##_##suffix,                                                        \
-                (ZELM_SUM_PARAMETERS(D, T, a, b, v), int len),                                    \
-                zelm::sums::entry<zelm::sums::Op>(ZELM_SUM_OPERANDS(D, T, a, b, v), len))
-#define ZELM_SUM_VA(D, T, suffix, name, Op, kinds, a, b, entry)                                   \
-    ZELM_MEMBER(name##_##kinds##_##suffix,                                                        \
-                (ZELM_SUM_PARAMETERS(D, T, a, b, va), int len, int count),                        \
-                zelm::sums::entry<zelm::sums::Op>(ZELM_SUM_OPERANDS(D, T, a, b, va), len, count))
-// clang-format on

@@ -273,18 +273,5 @@ ZELM_INLINE ZelStatus transpose_objects(const S &source, const D &destination, i
 } // namespace
 } // namespace zelm
 
-#define TRANSPOSE_M(D, T, suffix, kind)                                                            \
-    ZELM_MEMBER(zelmTranspose_##kind##_##suffix,                                                   \
-                (ZELM_PARAMETERS(D, kind, const T, src), int width, int height,                    \
-                 ZELM_PARAMETERS(D, kind, T, dst)),                                                \
-                zelm::transpose_objects(ZELM_OPERAND(D, kind, const T, src),                       \
-                                        ZELM_OPERAND(D, kind, T, dst), width, height))
-#define TRANSPOSE_MA(D, T, suffix, kind)                                                           \
-    ZELM_MEMBER(zelmTranspose_##kind##_##suffix,                                                   \
-                (ZELM_PARAMETERS(D, kind, const T, src), int width, int height,                    \
-                 ZELM_PARAMETERS(D, kind, T, dst), int count),                                     \
-                zelm::transpose_objects(ZELM_OPERAND(D, kind, const T, src),                       \
-                                        ZELM_OPERAND(D, kind, T, dst), width, height, count))
-
-ZELM_SINGLE(TRANSPOSE_M, m)
-ZELM_ARRAY(TRANSPOSE_MA, ma)
+ZELM_MEMBERS(Transpose, (m), transpose_objects(src, dst, width, height))
+ZELM_MEMBERS(Transpose, (ma), transpose_objects(src, dst, width, height, count))

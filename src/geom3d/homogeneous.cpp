@@ -77,9 +77,4 @@ ZELM_INLINE ZelStatus affine_transform_3dh(const Matrix &m, const Vector &v, con
 } // namespace
 } // namespace zelm
 
-ZELM_MEMBER(zelmAffineTransform3DH_mva_32f,
-            (ZELM_PARAMETERS(S, m, const float, src1), ZELM_PARAMETERS(S, va, const float, src2),
-             ZELM_PARAMETERS(S, va, float, dst), int count),
-            zelm::affine_transform_3dh(ZELM_OPERAND(S, m, const float, src1),
-                                       ZELM_OPERAND(S, va, const float, src2),
-                                       ZELM_OPERAND(S, va, float, dst), count))
+ZELM_MEMBERS(AffineTransform3DH, (mva), affine_transform_3dh(src1, src2, dst, count))

@@ -167,55 +167,40 @@ ZELM_INLINE ZelStatus y8_own3dzelmInvert_m_32f_4x4(const char *source, Distance 
 } // namespace
 } // namespace zelm::geom3d
 
-using namespace zelm;
 using namespace zelm::geom3d;
 
-#define MATRIX(name, parameters, ...)                                                              \
-    ZELM_MEMBER(zelm##name##_m4_32f, parameters, store_matrix(dst, __VA_ARGS__))
+#define MATRIX(operation, ...) ZELM_MEMBERS(operation, (m4), store_matrix(pDst, __VA_ARGS__))
 
-MATRIX(Identity, (float *dst), scaling(1, 1, 1))
-MATRIX(Translation, (float *dst, float tx, float ty, float tz), translation(tx, ty, tz))
-MATRIX(Scaling, (float *dst, float sx, float sy, float sz), scaling(sx, sy, sz))
-MATRIX(RotationX, (float *dst, float angle), rotation_x(Turn(angle)))
-MATRIX(RotationY, (float *dst, float angle), rotation_y(Turn(angle)))
-MATRIX(RotationZ, (float *dst, float angle), rotation_z(Turn(angle)))
-ZELM_MEMBER(zelmRotationAxis_v3m4_32f, (const float *axis, float *dst, float angle),
-            store_matrix(dst, rotation_axis(load_small<3>(axis), Turn(angle))))
-MATRIX(RotationYawPitchRoll, (float *dst, float yaw, float pitch, float roll),
-       yaw_pitch_roll(Turn(yaw), Turn(pitch), Turn(roll)))
-MATRIX(LookAtLH, (const float *eye, const float *at, const float *up, float *dst),
-       look(eye, eye, at, up))
-MATRIX(LookAtRH, (const float *eye, const float *at, const float *up, float *dst),
-       look(eye, at, eye, up))
+MATRIX(Identity, scaling(1, 1, 1))
+MATRIX(Translation, translation(tx, ty, tz))
+MATRIX(Scaling, scaling(sx, sy, sz))
+MATRIX(RotationX, rotation_x(Turn(angle)))
+MATRIX(RotationY, rotation_y(Turn(angle)))
+MATRIX(RotationZ, rotation_z(Turn(angle)))
+MATRIX(RotationYawPitchRoll, yaw_pitch_roll(Turn(yaw), Turn(pitch), Turn(roll)))
+MATRIX(LookAtLH, look(pEye, pEye, pAt, pUp))
+MATRIX(LookAtRH, look(pEye, pAt, pEye, pUp))
+MATRIX(PerspectiveLH, perspective_lh(width, height, zNear, zFar))
+MATRIX(PerspectiveRH, perspective_rh(width, height, zNear, zFar))
+MATRIX(PerspectiveFovLH, perspective_fov_lh(fovY, aspect, zNear, zFar))
+MATRIX(PerspectiveFovRH, perspective_fov_rh(fovY, aspect, zNear, zFar))
+MATRIX(PerspectiveOffCenterLH, perspective_off_center_lh(left, right, bottom, top, zNear, zFar))
+MATRIX(PerspectiveOffCenterRH, perspective_off_center_rh(left, right, bottom, top, zNear, zFar))
+MATRIX(OrthoLH, ortho_lh(width, height, zNear, zFar))
+MATRIX(OrthoRH, ortho_rh(width, height, zNear, zFar))
+MATRIX(OrthoOffCenterLH, ortho_off_center_lh(left, right, bottom, top, zNear, zFar))
+MATRIX(OrthoOffCenterRH, ortho_off_center_rh(left, right, bottom, top, zNear, zFar))
+MATRIX(Transpose, transposed(load_matrix(pSrc)))
+MATRIX(MulTranspose, transposed(product(load_matrix(pSrc1), load_matrix(pSrc2))))
 
-#define CENTERED(name, function)                                                                   \
-    MATRIX(name, (float *dst, float width, float height, float n, float f),                        \
-           function(width, height, n, f))
-#define OFF_CENTER(name, function)                                                                 \
-    MATRIX(name, (float *dst, float l, float r, float b, float t, float n, float f),               \
-           function(l, r, b, t, n, f))
-CENTERED(PerspectiveLH, perspective_lh)
-CENTERED(PerspectiveRH, perspective_rh)
-CENTERED(PerspectiveFovLH, perspective_fov_lh)
-CENTERED(PerspectiveFovRH, perspective_fov_rh)
-OFF_CENTER(PerspectiveOffCenterLH, perspective_off_center_lh)
-OFF_CENTER(PerspectiveOffCenterRH, perspective_off_center_rh)
-CENTERED(OrthoLH, ortho_lh)
-CENTERED(OrthoRH, ortho_rh)
-OFF_CENTER(OrthoOffCenterLH, ortho_off_center_lh)
-OFF_CENTER(OrthoOffCenterRH, ortho_off_center_rh)
-
-MATRIX(Transpose, (const float *src, float *dst), transposed(load_matrix(src)))
-MATRIX(MulTranspose, (const float *a, const float *b, float *dst),
-       transposed(product(load_matrix(a), load_matrix(b))))
-ZELM_MEMBER(zelmMul_mm4x4_32f, (const float *a, const float *b, float *dst),
-            a == nullptr || b == nullptr || dst == nullptr
-                ? zelStatusNullPointer
-                : store_matrix(dst, product(load_matrix(a), load_matrix(b))))
-ZELM_MEMBER(zelmIsIdentity_m4_32f, (const float *src, int *result),
-            (store<int>(result, is_identity(load_matrix(src))), zelStatusOk))
-ZELM_MEMBER(zelmDet_m4_32f, (const float *src, float *det),
-            (store<float>(det, determinant(src)), zelStatusOk))
-ZELM_MEMBER(zelmInvert_m4_32f, (const float *src, float *det, float *dst),
-            y8_own3dzelmInvert_m_32f_4x4(reinterpret_cast<const char *>(src), packed_row, det,
-                                         reinterpret_cast<char *>(dst), packed_row))
+ZELM_MEMBERS(RotationAxis, (v3m4),
+             store_matrix(pDst, rotation_axis(load_small<3>(pAxis), Turn(angle))))
+ZELM_MEMBERS(Mul, (mm4x4),
+             pSrc1 == nullptr || pSrc2 == nullptr || pDst == nullptr
+                 ? zelStatusNullPointer
+                 : store_matrix(pDst, product(load_matrix(pSrc1), load_matrix(pSrc2))))
+ZELM_MEMBERS(IsIdentity, (m4), (store<int>(pResult, is_identity(load_matrix(pSrc))), zelStatusOk))
+ZELM_MEMBERS(Det, (m4), (store<float>(pDet, determinant(pSrc)), zelStatusOk))
+ZELM_MEMBERS(Invert, (m4),
+             y8_own3dzelmInvert_m_32f_4x4(reinterpret_cast<const char *>(pSrc), packed_row, pDet,
+                                          reinterpret_cast<char *>(pDst), packed_row))

@@ -283,12 +283,10 @@ ZelStatus unproject_all(const float *mat1, const float *mat2, const float *mat3,
 using namespace zelm::geom3d;
 
 #define TRANSFORM(name, Transform, n)                                                              \
-    ZELM_MEMBER(zelm##name##_m4v##n##_32f, (const float *mat, const float *src, float *dst),       \
-                transform_one<Transform<n>, n>(mat, src, dst))                                     \
-    ZELM_MEMBER(zelm##name##_m4v##n##a_32f,                                                        \
-                (const float *mat, const float *src, int src_stride, float *dst, int dst_stride,   \
-                 int count),                                                                       \
-                transform_all<Transform<n>, n>(mat, {src, src_stride}, {dst, dst_stride}, count))
+    ZELM_MEMBERS(name, (m4v##n), transform_one<Transform<n>, n>(pMat, pSrc, pDst))                 \
+    ZELM_MEMBERS(                                                                                  \
+        name, (m4v##n##a),                                                                         \
+        transform_all<Transform<n>, n>(pMat, {pSrc, srcStride}, {pDst, dstStride}, count))
 
 TRANSFORM(AffineTransform, Affine, 2)
 TRANSFORM(AffineTransform, Affine, 3)
@@ -299,16 +297,11 @@ TRANSFORM(AffineTransformNormal, Direction, 2)
 TRANSFORM(AffineTransformNormal, Direction, 3)
 
 #define VIEWPORT(name, function)                                                                   \
-    ZELM_MEMBER(zelm##name##_m4v3_32f,                                                             \
-                (const float *mat1, const float *mat2, const float *mat3, const float *src,        \
-                 float *dst, float width, float height, float near, float far),                    \
-                function##_one(mat1, mat2, mat3, src, dst, {width, height, near, far}))            \
-    ZELM_MEMBER(zelm##name##_m4v3a_32f,                                                            \
-                (const float *mat1, const float *mat2, const float *mat3, const float *src,        \
-                 int src_stride, float *dst, int dst_stride, int count, float width, float height, \
-                 float near, float far),                                                           \
-                function##_all(mat1, mat2, mat3, {src, src_stride}, {dst, dst_stride}, count,      \
-                               {width, height, near, far}))
+    ZELM_MEMBERS(name, (m4v3),                                                                     \
+                 function##_one(pMat1, pMat2, pMat3, pSrc, pDst, {width, height, minZ, maxZ}))     \
+    ZELM_MEMBERS(name, (m4v3a),                                                                    \
+                 function##_all(pMat1, pMat2, pMat3, {pSrc, srcStride}, {pDst, dstStride}, count,  \
+                                {width, height, minZ, maxZ}))
 
 VIEWPORT(Project, project)
 VIEWPORT(Unproject, unproject)

@@ -33,8 +33,8 @@ ZELM_INLINE ZelStatus give(float *dst, const T &value) {
 constexpr auto sum = [](auto a, auto b) { return a + b; };
 constexpr auto less = [](auto a, auto b) { return a - b; };
 // Strict comparisons: where one is false, as it is with a NaN, the second element is taken.
-constexpr auto smaller = [](auto a, auto b) { return select(a < b, a, b); };
-constexpr auto larger = [](auto a, auto b) { return select(a > b, a, b); };
+constexpr auto lesser = [](auto a, auto b) { return select(a < b, a, b); };
+constexpr auto greater = [](auto a, auto b) { return select(a > b, a, b); };
 constexpr auto scaled = [](float scale) { return [=](auto a) { return a * scale; }; };
 constexpr auto between = [](float s) { return [=](auto a, auto b) { return a + (b - a) * s; }; };
 constexpr auto barycentric = [](float f, float g) {
@@ -63,44 +63,30 @@ constexpr auto catmull_rom = [](float s) {
 } // namespace
 } // namespace zelm::geom3d
 
-// clang-format off
-#define VECTORS(n)                                                                                 \
-    VECTOR(Add, n, (const float *a, const float *b, float *dst), each<n>(dst, sum, a, b))          \
-    VECTOR(Sub, n, (const float *a, const float *b, float *dst), each<n>(dst, less, a, b))         \
-    VECTOR(Min, n, (const float *a, const float *b, float *dst), each<n>(dst, smaller, a, b))      \
-    VECTOR(Max, n, (const float *a, const float *b, float *dst), each<n>(dst, larger, a, b))       \
-    VECTOR(MulC, n, (const float *a, float *dst, float scale), each<n>(dst, scaled(scale), a))     \
-    VECTOR(LenSqr, n, (const float *a, float *dst),                                                \
-           give(dst, dot(load_small<n>(a), load_small<n>(a))))                                     \
-    VECTOR(Len, n, (const float *a, float *dst), give(dst, length(load_small<n>(a))))              \
-    VECTOR(Normalize, n, (const float *a, float *dst), give(dst, normalized(load_small<n>(a))))    \
-    VECTOR(DotProduct, n, (const float *a, const float *b, float *dst),                            \
-           give(dst, dot(load_small<n>(a), load_small<n>(b))))                                     \
-    VECTOR(InterpolationLinear, n, (const float *a, const float *b, float *dst, float s),          \
-           each<n>(dst, between(s), a, b))                                                         \
-    VECTOR(BaryCentric, n,                                                                         \
-           (const float *a, const float *b, const float *c, float *dst, float f, float g),         \
-           each<n>(dst, barycentric(f, g), a, b, c))                                               \
-    VECTOR(Hermite, n,                                                                             \
-           (const float *p1, const float *t1, const float *p2, const float *t2, float *dst,        \
-            float s),                                                                              \
-           each<n>(dst, hermite(s), p1, t1, p2, t2))                                               \
-    VECTOR(InterpolationCatmullRom, n,                                                             \
-           (const float *q0, const float *q1, const float *q2, const float *q3, float *dst,        \
-            float s),                                                                              \
-           each<n>(dst, catmull_rom(s), q0, q1, q2, q3))
-#define VECTOR(operation, n, parameters, ...)                                                      \
-    ZELM_MEMBER(zelm##operation##_v##n##_32f, parameters, __VA_ARGS__)
-// clang-format on
-
 using namespace zelm::geom3d;
+
+// clang-format off
+#define VECTORS(n)                                                                                \
+    ZELM_MEMBERS(Add, (v##n), each<n>(pDst, sum, pSrc1, pSrc2))                                   \
+    ZELM_MEMBERS(Sub, (v##n), each<n>(pDst, less, pSrc1, pSrc2))                                  \
+    ZELM_MEMBERS(Min, (v##n), each<n>(pDst, lesser, pSrc1, pSrc2))                                \
+    ZELM_MEMBERS(Max, (v##n), each<n>(pDst, greater, pSrc1, pSrc2))                               \
+    ZELM_MEMBERS(MulC, (v##n), each<n>(pDst, scaled(scale), pSrc))                                \
+    ZELM_MEMBERS(LenSqr, (v##n), give(pDst, dot(load_small<n>(pSrc), load_small<n>(pSrc))))       \
+    ZELM_MEMBERS(Len, (v##n), give(pDst, length(load_small<n>(pSrc))))                            \
+    ZELM_MEMBERS(Normalize, (v##n), give(pDst, normalized(load_small<n>(pSrc))))                  \
+    ZELM_MEMBERS(DotProduct, (v##n), give(pDst, dot(load_small<n>(pSrc1), load_small<n>(pSrc2)))) \
+    ZELM_MEMBERS(InterpolationLinear, (v##n), each<n>(pDst, between(s), pSrc1, pSrc2))            \
+    ZELM_MEMBERS(BaryCentric, (v##n), each<n>(pDst, barycentric(f, g), pSrc1, pSrc2, pSrc3))      \
+    ZELM_MEMBERS(Hermite, (v##n), each<n>(pDst, hermite(s), pPos1, pTan1, pPos2, pTan2))          \
+    ZELM_MEMBERS(InterpolationCatmullRom, (v##n),                                                 \
+                 each<n>(pDst, catmull_rom(s), pSrc1, pSrc2, pSrc3, pSrc4))
+// clang-format on
 
 VECTORS(2)
 VECTORS(3)
 VECTORS(4)
-VECTOR(CrossProduct, 2, (const float *a, const float *b, float *dst),
-       give(dst, cross(load_small<2>(a), load_small<2>(b))))
-VECTOR(CrossProduct, 3, (const float *a, const float *b, float *dst),
-       give(dst, cross(load_small<3>(a), load_small<3>(b))))
-VECTOR(CrossProduct, 4, (const float *a, const float *b, const float *c, float *dst),
-       give(dst, cross(load_small<4>(a), load_small<4>(b), load_small<4>(c))))
+ZELM_MEMBERS(CrossProduct, (v2), give(pDst, cross(load_small<2>(pSrc1), load_small<2>(pSrc2))))
+ZELM_MEMBERS(CrossProduct, (v3), give(pDst, cross(load_small<3>(pSrc1), load_small<3>(pSrc2))))
+ZELM_MEMBERS(CrossProduct, (v4),
+             give(pDst, cross(load_small<4>(pSrc1), load_small<4>(pSrc2), load_small<4>(pSrc3))))

@@ -132,21 +132,5 @@ ZELM_INLINE ZelStatus cholesky_backsubst(const Factor &factor, const Vector &b, 
 } // namespace
 } // namespace zelm
 
-#define CHOLESKY_MV(D, T, suffix, kinds, f, v)                                                     \
-    ZELM_MEMBER(zelmCholeskyBackSubst_##kinds##_##suffix,                                          \
-                (ZELM_PARAMETERS(D, f, const T, src), ZELM_PARAMETERS(D, v, const T, src2),        \
-                 ZELM_PARAMETERS(D, v, T, dst), int n),                                            \
-                zelm::cholesky_backsubst(ZELM_OPERAND(D, f, const T, src),                         \
-                                         ZELM_OPERAND(D, v, const T, src2),                        \
-                                         ZELM_OPERAND(D, v, T, dst), n))
-#define CHOLESKY_MVA(D, T, suffix, kinds, f, v)                                                    \
-    ZELM_MEMBER(zelmCholeskyBackSubst_##kinds##_##suffix,                                          \
-                (ZELM_PARAMETERS(D, f, const T, src), ZELM_PARAMETERS(D, v, const T, src2),        \
-                 ZELM_PARAMETERS(D, v, T, dst), int n, int count),                                 \
-                zelm::cholesky_backsubst(ZELM_OPERAND(D, f, const T, src),                         \
-                                         ZELM_OPERAND(D, v, const T, src2),                        \
-                                         ZELM_OPERAND(D, v, T, dst), n, count))
-
-ZELM_SINGLE(CHOLESKY_MV, mv, m, v)
-ZELM_ARRAY(CHOLESKY_MVA, mva, m, va)
-ZELM_ARRAY(CHOLESKY_MVA, mava, ma, va)
+ZELM_MEMBERS(CholeskyBackSubst, (mv), cholesky_backsubst(src, src2, dst, widthHeight))
+ZELM_MEMBERS(CholeskyBackSubst, (mva, mava), cholesky_backsubst(src, src2, dst, widthHeight, count))

@@ -143,17 +143,5 @@ ZELM_INLINE ZelStatus cholesky_decomp(const Source &source, const Destination &d
 } // namespace
 } // namespace zelm
 
-#define CHOLESKY_M(D, T, suffix, kind)                                                             \
-    ZELM_MEMBER(zelmCholeskyDecomp_##kind##_##suffix,                                              \
-                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), int n), \
-                zelm::cholesky_decomp(ZELM_OPERAND(D, kind, const T, src),                         \
-                                      ZELM_OPERAND(D, kind, T, dst), n))
-#define CHOLESKY_MA(D, T, suffix, kind)                                                            \
-    ZELM_MEMBER(zelmCholeskyDecomp_##kind##_##suffix,                                              \
-                (ZELM_PARAMETERS(D, kind, const T, src), ZELM_PARAMETERS(D, kind, T, dst), int n,  \
-                 int count),                                                                       \
-                zelm::cholesky_decomp(ZELM_OPERAND(D, kind, const T, src),                         \
-                                      ZELM_OPERAND(D, kind, T, dst), n, count))
-
-ZELM_SINGLE(CHOLESKY_M, m)
-ZELM_ARRAY(CHOLESKY_MA, ma)
+ZELM_MEMBERS(CholeskyDecomp, (m), cholesky_decomp(src, dst, widthHeight))
+ZELM_MEMBERS(CholeskyDecomp, (ma), cholesky_decomp(src, dst, widthHeight, count))

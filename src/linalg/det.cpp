@@ -118,14 +118,5 @@ ZELM_INLINE ZelStatus det(const Source &source, int n, T *buffer, T *result, int
 } // namespace
 } // namespace zelm
 
-#define DET_M(D, T, suffix, kind)                                                                  \
-    ZELM_MEMBER(zelmDet_##kind##_##suffix,                                                         \
-                (ZELM_PARAMETERS(D, kind, const T, src), int n, T *buffer, T *dst),                \
-                zelm::det(ZELM_OPERAND(D, kind, const T, src), n, buffer, dst))
-#define DET_MA(D, T, suffix, kind)                                                                 \
-    ZELM_MEMBER(zelmDet_##kind##_##suffix,                                                         \
-                (ZELM_PARAMETERS(D, kind, const T, src), int n, T *buffer, T *dst, int count),     \
-                zelm::det(ZELM_OPERAND(D, kind, const T, src), n, buffer, dst, count))
-
-ZELM_SINGLE(DET_M, m)
-ZELM_ARRAY(DET_MA, ma)
+ZELM_MEMBERS(Det, (m), det(src, widthHeight, pBuffer, pDst))
+ZELM_MEMBERS(Det, (ma), det(src, widthHeight, pBuffer, pDst, count))

@@ -195,18 +195,5 @@ ZELM_INLINE ZelStatus invert(const Source &source, T *buffer, const Destination 
 } // namespace
 } // namespace zelm
 
-#define INVERT_M(D, T, suffix, kind)                                                               \
-    ZELM_MEMBER(zelmInvert_##kind##_##suffix,                                                      \
-                (ZELM_PARAMETERS(D, kind, const T, src), T * buffer,                               \
-                 ZELM_PARAMETERS(D, kind, T, dst), int n),                                         \
-                zelm::invert(ZELM_OPERAND(D, kind, const T, src), buffer,                          \
-                             ZELM_OPERAND(D, kind, T, dst), n))
-#define INVERT_MA(D, T, suffix, kind)                                                              \
-    ZELM_MEMBER(zelmInvert_##kind##_##suffix,                                                      \
-                (ZELM_PARAMETERS(D, kind, const T, src), T * buffer,                               \
-                 ZELM_PARAMETERS(D, kind, T, dst), int n, int count),                              \
-                zelm::invert(ZELM_OPERAND(D, kind, const T, src), buffer,                          \
-                             ZELM_OPERAND(D, kind, T, dst), n, count))
-
-ZELM_SINGLE(INVERT_M, m)
-ZELM_ARRAY(INVERT_MA, ma)
+ZELM_MEMBERS(Invert, (m), invert(src, pBuffer, dst, widthHeight))
+ZELM_MEMBERS(Invert, (ma), invert(src, pBuffer, dst, widthHeight, count))

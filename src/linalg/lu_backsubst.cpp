@@ -121,22 +121,5 @@ ZELM_INLINE ZelStatus lu_backsubst(const Factor &factor, const int *index, const
 } // namespace
 } // namespace zelm
 
-#define LU_MV(D, T, suffix, kinds, f, v)                                                           \
-    ZELM_MEMBER(zelmLUBackSubst_##kinds##_##suffix,                                                \
-                (ZELM_PARAMETERS(D, f, const T, src), const int *index,                            \
-                 ZELM_PARAMETERS(D, v, const T, src2), ZELM_PARAMETERS(D, v, T, dst), int n),      \
-                zelm::lu_backsubst(ZELM_OPERAND(D, f, const T, src), index,                        \
-                                   ZELM_OPERAND(D, v, const T, src2), ZELM_OPERAND(D, v, T, dst),  \
-                                   n))
-#define LU_MVA(D, T, suffix, kinds, f, v)                                                          \
-    ZELM_MEMBER(zelmLUBackSubst_##kinds##_##suffix,                                                \
-                (ZELM_PARAMETERS(D, f, const T, src), const int *index,                            \
-                 ZELM_PARAMETERS(D, v, const T, src2), ZELM_PARAMETERS(D, v, T, dst), int n,       \
-                 int count),                                                                       \
-                zelm::lu_backsubst(ZELM_OPERAND(D, f, const T, src), index,                        \
-                                   ZELM_OPERAND(D, v, const T, src2), ZELM_OPERAND(D, v, T, dst),  \
-                                   n, count))
-
-ZELM_SINGLE(LU_MV, mv, m, v)
-ZELM_ARRAY(LU_MVA, mva, m, va)
-ZELM_ARRAY(LU_MVA, mava, ma, va)
+ZELM_MEMBERS(LUBackSubst, (mv), lu_backsubst(src, pSrcIndex, src2, dst, widthHeight))
+ZELM_MEMBERS(LUBackSubst, (mva, mava), lu_backsubst(src, pSrcIndex, src2, dst, widthHeight, count))

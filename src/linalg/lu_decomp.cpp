@@ -173,18 +173,5 @@ ZELM_INLINE ZelStatus lu_decomp(const Source &source, int *index, const Destinat
 } // namespace
 } // namespace zelm
 
-#define LU_M(D, T, suffix, kind)                                                                   \
-    ZELM_MEMBER(zelmLUDecomp_##kind##_##suffix,                                                    \
-                (ZELM_PARAMETERS(D, kind, const T, src), int *index,                               \
-                 ZELM_PARAMETERS(D, kind, T, dst), int n),                                         \
-                zelm::lu_decomp(ZELM_OPERAND(D, kind, const T, src), index,                        \
-                                ZELM_OPERAND(D, kind, T, dst), n))
-#define LU_MA(D, T, suffix, kind)                                                                  \
-    ZELM_MEMBER(zelmLUDecomp_##kind##_##suffix,                                                    \
-                (ZELM_PARAMETERS(D, kind, const T, src), int *index,                               \
-                 ZELM_PARAMETERS(D, kind, T, dst), int n, int count),                              \
-                zelm::lu_decomp(ZELM_OPERAND(D, kind, const T, src), index,                        \
-                                ZELM_OPERAND(D, kind, T, dst), n, count))
-
-ZELM_SINGLE(LU_M, m)
-ZELM_ARRAY(LU_MA, ma)
+ZELM_MEMBERS(LUDecomp, (m), lu_decomp(src, pDstIndex, dst, widthHeight))
+ZELM_MEMBERS(LUDecomp, (ma), lu_decomp(src, pDstIndex, dst, widthHeight, count))

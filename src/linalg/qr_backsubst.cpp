@@ -114,23 +114,5 @@ ZELM_INLINE ZelStatus qr_backsubst(const Factor &factor, T *buffer, const Vector
 } // namespace
 } // namespace zelm
 
-#define QR_MV(D, T, suffix, kinds, f, v)                                                           \
-    ZELM_MEMBER(zelmQRBackSubst_##kinds##_##suffix,                                                \
-                (ZELM_PARAMETERS(D, f, const T, src), T * buffer,                                  \
-                 ZELM_PARAMETERS(D, v, const T, src2), ZELM_PARAMETERS(D, v, T, dst), int width,   \
-                 int height),                                                                      \
-                zelm::qr_backsubst(ZELM_OPERAND(D, f, const T, src), buffer,                       \
-                                   ZELM_OPERAND(D, v, const T, src2), ZELM_OPERAND(D, v, T, dst),  \
-                                   width, height))
-#define QR_MVA(D, T, suffix, kinds, f, v)                                                          \
-    ZELM_MEMBER(zelmQRBackSubst_##kinds##_##suffix,                                                \
-                (ZELM_PARAMETERS(D, f, const T, src), T * buffer,                                  \
-                 ZELM_PARAMETERS(D, v, const T, src2), ZELM_PARAMETERS(D, v, T, dst), int width,   \
-                 int height, int count),                                                           \
-                zelm::qr_backsubst(ZELM_OPERAND(D, f, const T, src), buffer,                       \
-                                   ZELM_OPERAND(D, v, const T, src2), ZELM_OPERAND(D, v, T, dst),  \
-                                   width, height, count))
-
-ZELM_SINGLE(QR_MV, mv, m, v)
-ZELM_ARRAY(QR_MVA, mva, m, va)
-ZELM_ARRAY(QR_MVA, mava, ma, va)
+ZELM_MEMBERS(QRBackSubst, (mv), qr_backsubst(src, pBuffer, src2, dst, width, height))
+ZELM_MEMBERS(QRBackSubst, (mva, mava), qr_backsubst(src, pBuffer, src2, dst, width, height, count))

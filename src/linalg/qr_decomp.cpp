@@ -122,18 +122,5 @@ ZELM_INLINE ZelStatus qr_decomp(const Source &source, T *buffer, const Destinati
 } // namespace
 } // namespace zelm
 
-#define QR_M(D, T, suffix, kind)                                                                   \
-    ZELM_MEMBER(zelmQRDecomp_##kind##_##suffix,                                                    \
-                (ZELM_PARAMETERS(D, kind, const T, src), T * buffer,                               \
-                 ZELM_PARAMETERS(D, kind, T, dst), int width, int height),                         \
-                zelm::qr_decomp(ZELM_OPERAND(D, kind, const T, src), buffer,                       \
-                                ZELM_OPERAND(D, kind, T, dst), width, height))
-#define QR_MA(D, T, suffix, kind)                                                                  \
-    ZELM_MEMBER(zelmQRDecomp_##kind##_##suffix,                                                    \
-                (ZELM_PARAMETERS(D, kind, const T, src), T * buffer,                               \
-                 ZELM_PARAMETERS(D, kind, T, dst), int width, int height, int count),              \
-                zelm::qr_decomp(ZELM_OPERAND(D, kind, const T, src), buffer,                       \
-                                ZELM_OPERAND(D, kind, T, dst), width, height, count))
-
-ZELM_SINGLE(QR_M, m)
-ZELM_ARRAY(QR_MA, ma)
+ZELM_MEMBERS(QRDecomp, (m), qr_decomp(src, pBuffer, dst, width, height))
+ZELM_MEMBERS(QRDecomp, (ma), qr_decomp(src, pBuffer, dst, width, height, count))

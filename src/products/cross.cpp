@@ -132,22 +132,6 @@ ZELM_INLINE ZelStatus arrays(const A &a, const B &b, const D &d, int count) {
 } // namespace
 } // namespace zelm
 
-// clang-format off
-#define CROSS_PARAMETERS(D, T, a, b, d)                                                           \
-    ZELM_PARAMETERS(D, a, const T, src1), ZELM_PARAMETERS(D, b, const T, src2),                   \
-    ZELM_PARAMETERS(D, d, T, dst)
-#define CROSS_OPERANDS(D, T, a, b, d)                                                             \
-    ZELM_OPERAND(D, a, const T, src1), ZELM_OPERAND(D, b, const T, src2), ZELM_OPERAND(D, d, T, dst)
-#define CROSS_V(D, T, suffix, kinds, a, b)                                                        \
-    ZELM_MEMBER(zelmCrossProduct_##kinds##_##suffix, (CROSS_PARAMETERS(D, T, a, b, v)),           \
-                zelm::pair(CROSS_OPERANDS(D, T, a, b, v)))
-#define CROSS_VA(D, T, suffix, kinds, a, b, entry)                                                \
-    ZELM_MEMBER(zelmCrossProduct_##kinds##_##suffix,                                              \
-                (CROSS_PARAMETERS(D, T, a, b, va), int count),                                    \
-                zelm::entry(CROSS_OPERANDS(D, T, a, b, va), count))
-
-ZELM_SINGLE(CROSS_V, vv, v, v)
-ZELM_ARRAY(CROSS_VA, vav, va, v, array_with_vector)
-ZELM_ARRAY(CROSS_VA, vva, v, va, arrays)
-ZELM_ARRAY(CROSS_VA, vava, va, va, arrays)
-// clang-format on
+ZELM_MEMBERS(CrossProduct, (vv), pair(src1, src2, dst))
+ZELM_MEMBERS(CrossProduct, (vav), array_with_vector(src1, src2, dst, count))
+ZELM_MEMBERS(CrossProduct, (vva, vava), arrays(src1, src2, dst, count))

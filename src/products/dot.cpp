@@ -114,19 +114,5 @@ ZELM_INLINE ZelStatus dots(const A &a, const B &b, T *dst, int len, int count) {
 } // namespace
 } // namespace zelm
 
-#define DOT_V(D, T, suffix, kinds, a, b)                                                           \
-    ZELM_MEMBER(zelmDotProduct_##kinds##_##suffix,                                                 \
-                (ZELM_PARAMETERS(D, a, const T, src1), ZELM_PARAMETERS(D, b, const T, src2),       \
-                 T * pDst, int len),                                                               \
-                zelm::dot(ZELM_OPERAND(D, a, const T, src1), ZELM_OPERAND(D, b, const T, src2),    \
-                          pDst, len))
-#define DOT_VA(D, T, suffix, kinds, a, b)                                                          \
-    ZELM_MEMBER(zelmDotProduct_##kinds##_##suffix,                                                 \
-                (ZELM_PARAMETERS(D, a, const T, src1), ZELM_PARAMETERS(D, b, const T, src2),       \
-                 T * pDst, int len, int count),                                                    \
-                zelm::dots(ZELM_OPERAND(D, a, const T, src1), ZELM_OPERAND(D, b, const T, src2),   \
-                           pDst, len, count))
-
-ZELM_SINGLE(DOT_V, vv, v, v)
-ZELM_ARRAY(DOT_VA, vav, va, v)
-ZELM_ARRAY(DOT_VA, vava, va, va)
+ZELM_MEMBERS(DotProduct, (vv), dot(src1, src2, pDst, len))
+ZELM_MEMBERS(DotProduct, (vav, vava), dots(src1, src2, pDst, len, count))

@@ -243,22 +243,6 @@ ZELM_INLINE ZelStatus gaxpy(const A &a, int width, int height, const X &x, int f
 } // namespace
 } // namespace zelm
 
-// clang-format off
-#define GAXPY_PARAMETERS(D, T, x, b, d)                                                           \
-    ZELM_PARAMETERS(D, m, const T, src1), int width, int height,                                  \
-    ZELM_PARAMETERS(D, x, const T, src2), int src2Len, ZELM_PARAMETERS(D, b, const T, src3),      \
-    int src3Len, ZELM_PARAMETERS(D, d, T, dst)
-#define GAXPY_ARGUMENTS(D, T, x, b, d)                                                            \
-    ZELM_OPERAND(D, m, const T, src1), width, height, ZELM_OPERAND(D, x, const T, src2), src2Len, \
-    ZELM_OPERAND(D, b, const T, src3), src3Len, ZELM_OPERAND(D, d, T, dst)
-#define GAXPY_V(D, T, suffix, kinds, x, b)                                                        \
-    ZELM_MEMBER(zelmGaxpy_##kinds##_##suffix, (GAXPY_PARAMETERS(D, T, x, b, v)),                  \
-                zelm::gaxpy(GAXPY_ARGUMENTS(D, T, x, b, v)))
-#define GAXPY_VA(D, T, suffix, kinds, x, b)                                                       \
-    ZELM_MEMBER(zelmGaxpy_##kinds##_##suffix, (GAXPY_PARAMETERS(D, T, x, b, va), int count),      \
-                zelm::gaxpy(GAXPY_ARGUMENTS(D, T, x, b, va), count))
-
-ZELM_SINGLE(GAXPY_V, mv, v, v)
-ZELM_ARRAY(GAXPY_VA, mva, va, va)
-ZELM_ARRAY(GAXPY_VA, mvav, va, v)
-// clang-format on
+ZELM_MEMBERS(Gaxpy, (mv), gaxpy(src1, width, height, src2, src2Len, src3, src3Len, dst))
+ZELM_MEMBERS(Gaxpy, (mva, mvav),
+             gaxpy(src1, width, height, src2, src2Len, src3, src3Len, dst, count))

@@ -1,21 +1,18 @@
 #include "mul_product.hpp"
 
-// clang-format off
-ZELM_SINGLE(ZELM_MUL_MATRICES, mm, m, m)
-ZELM_SINGLE(ZELM_MUL_MATRICES, mt, m, t)
-ZELM_SINGLE(ZELM_MUL_MATRICES, tm, t, m)
-ZELM_SINGLE(ZELM_MUL_MATRICES, tt, t, t)
+using namespace zelm::products;
 
-ZELM_ARRAY(ZELM_MUL_MATRIX_ARRAYS, mam,  ma, m)
-ZELM_ARRAY(ZELM_MUL_MATRIX_ARRAYS, mat,  ma, t)
-ZELM_ARRAY(ZELM_MUL_MATRIX_ARRAYS, tam,  ta, m)
-ZELM_ARRAY(ZELM_MUL_MATRIX_ARRAYS, tat,  ta, t)
-ZELM_ARRAY(ZELM_MUL_MATRIX_ARRAYS, mma,  m,  ma)
-ZELM_ARRAY(ZELM_MUL_MATRIX_ARRAYS, mta,  m,  ta)
-ZELM_ARRAY(ZELM_MUL_MATRIX_ARRAYS, tma,  t,  ma)
-ZELM_ARRAY(ZELM_MUL_MATRIX_ARRAYS, tta,  t,  ta)
-ZELM_ARRAY(ZELM_MUL_MATRIX_ARRAYS, mama, ma, ma)
-ZELM_ARRAY(ZELM_MUL_MATRIX_ARRAYS, mata, ma, ta)
-ZELM_ARRAY(ZELM_MUL_MATRIX_ARRAYS, tama, ta, ma)
-ZELM_ARRAY(ZELM_MUL_MATRIX_ARRAYS, tata, ta, ta)
+// clang-format off
+#define FACTORS src1, {src1Width, src1Height}, src2, {src2Width, src2Height}
 // clang-format on
+
+// Whether the first factor is used transposed, whether the second is.
+ZELM_MEMBERS(Mul, (mm), matrices<false, false>(FACTORS, dst))
+ZELM_MEMBERS(Mul, (mt), matrices<false, true>(FACTORS, dst))
+ZELM_MEMBERS(Mul, (tm), matrices<true, false>(FACTORS, dst))
+ZELM_MEMBERS(Mul, (tt), matrices<true, true>(FACTORS, dst))
+
+ZELM_MEMBERS(Mul, (mam, mma, mama), matrices<false, false>(FACTORS, dst, count))
+ZELM_MEMBERS(Mul, (mat, mta, mata), matrices<false, true>(FACTORS, dst, count))
+ZELM_MEMBERS(Mul, (tam, tma, tama), matrices<true, false>(FACTORS, dst, count))
+ZELM_MEMBERS(Mul, (tat, tta, tata), matrices<true, true>(FACTORS, dst, count))

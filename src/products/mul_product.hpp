@@ -334,37 +334,3 @@ ZELM_INLINE ZelStatus vectors(const A &a, Stored sa, const B &b, int len, const 
 }
 
 } // namespace zelm::products
-
-// clang-format off
-#define ZELM_TRANSPOSED_m  false
-#define ZELM_TRANSPOSED_ma false
-#define ZELM_TRANSPOSED_t  true
-#define ZELM_TRANSPOSED_ta true
-
-#define ZELM_MUL_MATRICES_(D, T, suffix, kinds, a, b, d, count_parameter, count)                  \
-    ZELM_MEMBER(zelmMul_##kinds##_##suffix,                                                       \
-                (ZELM_PARAMETERS(D, a, const T, src1), int width1, int height1,                   \
-                 ZELM_PARAMETERS(D, b, const T, src2), int width2, int height2,                   \
-                 ZELM_PARAMETERS(D, d, T, dst) count_parameter),                                  \
-                zelm::products::matrices<ZELM_TRANSPOSED_##a, ZELM_TRANSPOSED_##b>(               \
-                    ZELM_OPERAND(D, a, const T, src1), {width1, height1},                         \
-                    ZELM_OPERAND(D, b, const T, src2), {width2, height2},                         \
-                    ZELM_OPERAND(D, d, T, dst) count))
-#define ZELM_MUL_VECTORS_(D, T, suffix, kinds, a, b, d, count_parameter, count)                   \
-    ZELM_MEMBER(zelmMul_##kinds##_##suffix,                                                       \
-                (ZELM_PARAMETERS(D, a, const T, src1), int width1, int height1,                   \
-                 ZELM_PARAMETERS(D, b, const T, src2), int len2,                                  \
-                 ZELM_PARAMETERS(D, d, T, dst) count_parameter),                                  \
-                zelm::products::vectors<ZELM_TRANSPOSED_##a>(                                     \
-                    ZELM_OPERAND(D, a, const T, src1), {width1, height1},                         \
-                    ZELM_OPERAND(D, b, const T, src2), len2, ZELM_OPERAND(D, d, T, dst) count))
-#define ZELM_COMMA ,
-#define ZELM_MUL_MATRICES(D, T, suffix, kinds, a, b)                                              \
-    ZELM_MUL_MATRICES_(D, T, suffix, kinds, a, b, m, , )
-#define ZELM_MUL_MATRIX_ARRAYS(D, T, suffix, kinds, a, b)                                         \
-    ZELM_MUL_MATRICES_(D, T, suffix, kinds, a, b, ma, ZELM_COMMA int count, ZELM_COMMA count)
-#define ZELM_MUL_VECTOR(D, T, suffix, kinds, a, b)                                                \
-    ZELM_MUL_VECTORS_(D, T, suffix, kinds, a, b, v, , )
-#define ZELM_MUL_VECTOR_ARRAYS(D, T, suffix, kinds, a, b)                                         \
-    ZELM_MUL_VECTORS_(D, T, suffix, kinds, a, b, va, ZELM_COMMA int count, ZELM_COMMA count)
-// clang-format on

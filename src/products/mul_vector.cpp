@@ -1,13 +1,12 @@
 #include "mul_product.hpp"
 
-// clang-format off
-ZELM_SINGLE(ZELM_MUL_VECTOR, mv, m, v)
-ZELM_SINGLE(ZELM_MUL_VECTOR, tv, t, v)
+using namespace zelm::products;
 
-ZELM_ARRAY(ZELM_MUL_VECTOR_ARRAYS, mav,  ma, v)
-ZELM_ARRAY(ZELM_MUL_VECTOR_ARRAYS, tav,  ta, v)
-ZELM_ARRAY(ZELM_MUL_VECTOR_ARRAYS, mva,  m,  va)
-ZELM_ARRAY(ZELM_MUL_VECTOR_ARRAYS, tva,  t,  va)
-ZELM_ARRAY(ZELM_MUL_VECTOR_ARRAYS, mava, ma, va)
-ZELM_ARRAY(ZELM_MUL_VECTOR_ARRAYS, tava, ta, va)
-// clang-format on
+#define FACTORS src1, {src1Width, src1Height}, src2, src2Len
+
+// Whether the matrix is used transposed.
+ZELM_MEMBERS(Mul, (mv), vectors<false>(FACTORS, dst))
+ZELM_MEMBERS(Mul, (tv), vectors<true>(FACTORS, dst))
+
+ZELM_MEMBERS(Mul, (mav, mva, mava), vectors<false>(FACTORS, dst, count))
+ZELM_MEMBERS(Mul, (tav, tva, tava), vectors<true>(FACTORS, dst, count))

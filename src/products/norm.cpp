@@ -154,38 +154,9 @@ ZELM_INLINE ZelStatus traces(const A &a, T *dst, int order, int count) {
 } // namespace
 } // namespace zelm
 
-// clang-format off
-#define NORM_V(D, T, suffix)                                                                      \
-    ZELM_MEMBER(zelmL2Norm_v_##suffix, (ZELM_PARAMETERS(D, v, const T, src), T *pDst, int len),   \
-                zelm::norm(ZELM_OPERAND(D, v, const T, src), pDst, {1, len}))
-#define NORM_VA(D, T, suffix)                                                                     \
-    ZELM_MEMBER(zelmL2Norm_va_##suffix,                                                           \
-                (ZELM_PARAMETERS(D, va, const T, src), T *pDst, int len, int count),              \
-                zelm::norms(ZELM_OPERAND(D, va, const T, src), pDst, {1, len}, count))
-#define NORM_M(D, T, suffix)                                                                      \
-    ZELM_MEMBER(zelmFrobNorm_m_##suffix,                                                          \
-                (ZELM_PARAMETERS(D, m, const T, src), int width, int height, T *pDst),            \
-                zelm::norm(ZELM_OPERAND(D, m, const T, src), pDst, {height, width}))
-#define NORM_MA(D, T, suffix)                                                                     \
-    ZELM_MEMBER(zelmFrobNorm_ma_##suffix,                                                         \
-                (ZELM_PARAMETERS(D, ma, const T, src), int width, int height, T *pDst, int count), \
-                zelm::norms(ZELM_OPERAND(D, ma, const T, src), pDst, {height, width}, count))
-#define TRACE_M(D, T, suffix)                                                                     \
-    ZELM_MEMBER(zelmTrace_m_##suffix,                                                             \
-                (ZELM_PARAMETERS(D, m, const T, src), int widthHeight, T *pDst),                  \
-                zelm::trace(ZELM_OPERAND(D, m, const T, src), pDst, widthHeight))
-#define TRACE_MA(D, T, suffix)                                                                    \
-    ZELM_MEMBER(zelmTrace_ma_##suffix,                                                            \
-                (ZELM_PARAMETERS(D, ma, const T, src), int widthHeight, T *pDst, int count),      \
-                zelm::traces(ZELM_OPERAND(D, ma, const T, src), pDst, widthHeight, count))
-// clang-format on
-
-#define SINGLE(M) M(S, float, 32f) M(S, double, 64f) M(P, float, 32f_P) M(P, double, 64f_P)
-#define ARRAY(M) SINGLE(M) M(L, float, 32f_L) M(L, double, 64f_L)
-
-SINGLE(NORM_V)
-ARRAY(NORM_VA)
-SINGLE(NORM_M)
-ARRAY(NORM_MA)
-SINGLE(TRACE_M)
-ARRAY(TRACE_MA)
+ZELM_MEMBERS(L2Norm, (v), norm(src, pDst, {1, len}))
+ZELM_MEMBERS(L2Norm, (va), norms(src, pDst, {1, len}, count))
+ZELM_MEMBERS(FrobNorm, (m), norm(src, pDst, {height, width}))
+ZELM_MEMBERS(FrobNorm, (ma), norms(src, pDst, {height, width}, count))
+ZELM_MEMBERS(Trace, (m), trace(src, pDst, widthHeight))
+ZELM_MEMBERS(Trace, (ma), traces(src, pDst, widthHeight, count))
