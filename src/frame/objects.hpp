@@ -215,6 +215,32 @@ struct Planes {
     }
 };
 
+// Objects, or a single one, whose rows have adjacent elements, for kernels that go object by
+// object.
+template <class T, bool array>
+struct AdjacentRows {
+    using Type = T;
+    using Element = std::remove_const_t<T>;
+    static constexpr bool is_array = array;
+
+    char *base;
+    bool is_table; // of objects
+    Distance step, offset, stride1;
+
+    explicit AdjacentRows(const Objects &o)
+        : base(o.base),
+          is_table(o.description == Description::layout),
+          step(is_table ? Distance{sizeof(char *)} : o.step),
+          offset(o.offset),
+          stride1(o.stride1) {}
+
+    ZELM_INLINE char *object(int n) const {
+        char *const at = base + n * step;
+        return is_table ? load<char *>(at) + offset : at;
+    }
+    ZELM_INLINE StridedView<T> view(int n) const { return {object(n), stride1, sizeof(T)}; }
+};
+
 template <class Operand>
 inline constexpr bool is_dense = false;
 template <class T, int H, int W, bool gapless>

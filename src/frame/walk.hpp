@@ -242,16 +242,26 @@ template <class T, class F, class... Arrays>
         },
         array...);
 }
-// In the form that the arrays have. Groups of dense objects may have several registers.
+// By rows, whose elements are adjacent in all arrays. Groups of dense objects may have several
+// registers.
 template <class T, int registers_of_dense = 1, class F, class... Arrays>
-ZelStatus walk(int count, const Overlap &allowed, const F &kernel, const Single &single,
-               const Arrays &...array) {
+ZelStatus walk_by_rows(int count, const Overlap &allowed, const F &kernel, const Single &single,
+                       const Arrays &...array) {
     if ((array.objects.is_dense() && ...))
         return walk_in<T, Form::dense, registers_of_dense>(count, allowed, kernel, single,
                                                            array...);
-    if ((array.objects.has_adjacent_rows() && ...) && !(array.objects.is_direct_plane() && ...))
-        return walk_in<T, Form::rows>(count, allowed, kernel, single, array...);
-    return walk_by_planes<T>(count, allowed, kernel, single, array...);
+    return walk_in<T, Form::rows>(count, allowed, kernel, single, array...);
+}
+// In the form that the arrays have.
+template <class T, int registers_of_dense = 1, class F, class... Arrays>
+ZelStatus walk(int count, const Overlap &allowed, const F &kernel, const Single &single,
+               const Arrays &...array) {
+    const bool dense = (array.objects.is_dense() && ...);
+    const bool rows = (array.objects.has_adjacent_rows() && ...);
+    const bool planes = (array.objects.is_direct_plane() && ...);
+    return dense || (rows && !planes)
+               ? walk_by_rows<T, registers_of_dense>(count, allowed, kernel, single, array...)
+               : walk_by_planes<T>(count, allowed, kernel, single, array...);
 }
 // Of shapes known at run time.
 template <class T, int registers = 1, class F, class... Arrays>

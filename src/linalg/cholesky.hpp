@@ -78,23 +78,20 @@ ZELM_INLINE void substitute_cholesky(const S (&f)[N][N], S (&x)[N]) {
 }
 
 // The same for an order known at run time: factor(i, k) is an element of the lower triangle, x(i)
-// refers to one of the vector.
+// refers to one of the vector. Forwards it goes column by column, so that no sum waits for itself.
 template <class S, class Factor, class Vector>
 ZELM_INLINE void substitute_cholesky(int n, const Factor &factor, const Vector &x) {
-    const auto finish = [&](int i, S value) __attribute__((always_inline)) {
-        x(i) = value * factor(i, i);
-    };
-    for (int i = 0; i < n; ++i) {
-        S value = x(i);
-        for (int k = 0; k < i; ++k)
-            value = value - factor(i, k) * x(k);
-        finish(i, value);
+    for (int k = 0; k < n; ++k) {
+        const S last = x(k) * factor(k, k);
+        x(k) = last;
+        for (int i = k + 1; i < n; ++i)
+            x(i) = x(i) - factor(i, k) * last;
     }
     for (int i = n - 1; i >= 0; --i) {
         S value = x(i);
         for (int k = i + 1; k < n; ++k)
             value = value - factor(k, i) * x(k);
-        finish(i, value);
+        x(i) = value * factor(i, i);
     }
 }
 

@@ -87,8 +87,8 @@ ZelStatus invert_arrays(int count, const Objects &x, const Objects &y, const Sin
     return with_order<3, 6>(
         x.shape.width,
         [&](auto N) {
-            return walk<T, in_turn<N>>(count, Overlap(count, y, x), InvertGroup<N, T>{}, single,
-                                       walked<T, N, N>(x), walked<T, N, N>(y));
+            return walk_by_rows<T, in_turn<N>>(count, Overlap(count, y, x), InvertGroup<N, T>{},
+                                               single, walked<T, N, N>(x), walked<T, N, N>(y));
         },
         [] { return zelStatusOk; });
 }

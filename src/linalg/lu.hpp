@@ -57,19 +57,20 @@ ZELM_INLINE void substitute(const S (&f)[N][N], S (&x)[N]) {
     });
 }
 
-// The same for an order known at run time: factor(i, j) is an element of the factor.
+// The same for an order known at run time: factor(i, j) is an element of the factor. Forwards it
+// goes column by column, so that no sum waits for itself; backwards the order of the products
+// forbids it.
 template <class S, class Factor>
 ZELM_INLINE void substitute(int n, const Factor &factor, S *x) {
-    const auto subtract = [&](int i, int first, int last) __attribute__((always_inline)) {
+    for (int j = 0; j < n - 1; ++j)
+        for (int i = j + 1; i < n; ++i)
+            x[i] = x[i] - factor(i, j) * x[j];
+    for (int i = n - 1; i >= 0; --i) {
         S value = x[i];
-        for (int j = first; j < last; ++j)
+        for (int j = i + 1; j < n; ++j)
             value = value - factor(i, j) * x[j];
-        return value;
-    };
-    for (int i = 1; i < n; ++i)
-        x[i] = subtract(i, 0, i);
-    for (int i = n - 1; i >= 0; --i)
-        x[i] = subtract(i, i + 1, n) / factor(i, i);
+        x[i] = value / factor(i, i);
+    }
 }
 
 } // namespace zelm

@@ -109,12 +109,12 @@ void gaxpy_lanes(int count, const Objects &a, const Objects &x, const Objects &b
     if constexpr (b_is_array) {
         GaxpyGroup<N, T> kernel;
         load_splat<T>(kernel.m[0], a);
-        walk<T>(count, overlap, kernel, single, to, from, walked<T, 1, N>(b));
+        walk_by_rows<T>(count, overlap, kernel, single, to, from, walked<T, 1, N>(b));
     } else {
         GaxpyWithOneAddend<N, T> kernel;
         load_splat<T>(kernel.m[0], a);
         load_splat<T>(kernel.fixed[0], b);
-        walk<T>(count, overlap, kernel, single, to, from);
+        walk_by_rows<T>(count, overlap, kernel, single, to, from);
     }
 }
 template <int N, class A, class X, class B, class D>

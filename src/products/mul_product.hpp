@@ -29,23 +29,14 @@ struct Sizes {
 template <class T, int N>
 inline constexpr bool rows_win = sizeof(T) == 8 || N > 3;
 
-// kernel(a, b, d), compiled for them, where these are arrays without gaps. Returns whether they
-// are.
-template <int n, int N, class A, class B, class D, class Kernel>
-ZELM_INLINE bool without_gaps(const A &a, const B &b, const D &d, const Kernel &kernel) {
-    if constexpr (D::is_array)
-        if (is_gapless(a, {n, n}) && is_gapless(b, {n, N}) && is_gapless(d, {n, N})) {
-            kernel(as_gapless<n, n>(a), as_gapless<n, N>(b), as_gapless<n, N>(d));
-            return true;
-        }
-    return false;
-}
-
-template <int n, int N, class A, class B, class D>
-ZELM_INLINE void along_rows(int count, const A a, const B b, const D d) {
-    for (int object = 0; object < count; ++object)
-        multiply_rows<n, n, N>(a.view(object), b.view(object), d.view(object));
-}
+template <int n, int N>
+struct AlongRows {
+    template <class A, class B, class D>
+    ZELM_INLINE void operator()(int count, const A a, const B b, const D d) const {
+        for (int object = 0; object < count; ++object)
+            multiply_rows<n, n, N>(a.view(object), b.view(object), d.view(object));
+    }
+};
 
 // Matrix times vector, adjacent elements everywhere: registers along the columns where whole ones
 // make up a column. A matrix that serves all vectors is kept as columns. Pairs of lanes are too few
@@ -55,28 +46,61 @@ inline constexpr bool columns_win = n % lanes_per_row<T> == 0;
 template <class T, int n>
 inline constexpr bool products_win = columns_win<T, n> || sizeof(T) == 8;
 
-template <int n, class A, class B, class D>
-ZELM_INLINE void along_columns(int count, const A a, const B b, const D d) {
-    using T = typename D::Element;
-    if constexpr (A::is_array) {
-        for (int object = 0; object < count; ++object)
-            multiply_row_products<n>(a.view(object), b.object(object), d.object(object));
-    } else {
-        ColumnsOf<T, n> columns;
-        columns.load(a.view(0));
-        for (int object = 0; object < count; ++object)
-            multiply_columns(columns, b.object(object), d.object(object));
+template <int n>
+struct AlongColumns {
+    template <class A, class B, class D>
+    ZELM_INLINE void operator()(int count, const A a, const B b, const D d) const {
+        using T = typename D::Element;
+        if constexpr (A::is_array) {
+            for (int object = 0; object < count; ++object)
+                multiply_row_products<n>(a.view(object), b.object(object), d.object(object));
+        } else {
+            ColumnsOf<T, n> columns;
+            columns.load(a.view(0));
+            for (int object = 0; object < count; ++object)
+                multiply_columns(columns, b.object(object), d.object(object));
+        }
     }
-}
+};
 
 // Adjacent columns instead of rows, which are those of the transpose: d^T = b^T * a^T.
-template <int n, class A, class B, class D>
-ZELM_INLINE void along_transposed_rows(int count, const A transposed, const B b, const D d) {
-    using T = typename D::Element;
-    constexpr Distance none = 0, element = sizeof(T);
-    for (int object = 0; object < count; ++object)
-        multiply_row_tile<1, n, n, T>({b.object(object), none, element}, transposed.view(object),
-                                      {d.object(object), none, element}, 0);
+template <int n>
+struct AlongTransposedRows {
+    template <class A, class B, class D>
+    ZELM_INLINE void operator()(int count, const A transposed, const B b, const D d) const {
+        using T = typename D::Element;
+        constexpr Distance none = 0, element = sizeof(T);
+        for (int object = 0; object < count; ++object)
+            multiply_row_tile<1, n, n, T>({b.object(object), none, element},
+                                          transposed.view(object),
+                                          {d.object(object), none, element}, 0);
+    }
+};
+
+template <class Kernel, class T, bool a_is_array, bool b_is_array>
+[[gnu::noinline]] void with_any_rows(int count, const Objects &a, const Objects &b,
+                                     const Objects &d) {
+    Kernel{}(count, AdjacentRows<const T, a_is_array>(a), AdjacentRows<const T, b_is_array>(b),
+             AdjacentRows<T, true>(d));
+}
+// The kernel where all rows have adjacent elements; a and d have n rows, b and d N columns. Returns
+// whether they have. For strided arrays without gaps it has code of its own: with distances that
+// are constants no address waits in a register.
+template <class Kernel, int n, int N, class A, class B, class D>
+ZELM_INLINE bool along(int count, const A &a, const B &b, const D &d) {
+    constexpr Shape square = {n, n}, shape = {n, N};
+    if constexpr (D::is_array && !D::has_table)
+        if (is_gapless(a, square) && is_gapless(b, shape) && is_gapless(d, shape)) {
+            Kernel{}(count, as_gapless<n, n>(a), as_gapless<n, N>(b), as_gapless<n, N>(d));
+            return true;
+        }
+    const bool vectors = N == 1;
+    if (!rows_adjacent(a) || !(vectors ? column_adjacent(b) : rows_adjacent(b)) ||
+        !(vectors ? column_adjacent(d) : rows_adjacent(d)))
+        return false;
+    with_any_rows<Kernel, typename D::Element, A::is_array, B::is_array>(
+        count, objects(a, square), objects(b, shape), objects(d, shape));
+    return true;
 }
 
 template <class A, class B, class D>
@@ -171,38 +195,16 @@ template <int n, int N, class A, class B, class D>
 void square(int count, const A &a, const B &b, const D &d, const Single &alone) {
     using T = typename D::Element;
     // Tables of objects cost lanes a look at every address, rows none.
-    if constexpr (N > 1 && !D::is_tabled && (rows_win<T, n> || D::has_table || !D::is_array)) {
-        const auto kernel = [count](const auto &x, const auto &y, const auto &z)
-            __attribute__((always_inline)) {
-            along_rows<n, N>(count, x, y, z);
-        };
-        if (without_gaps<n, N>(a, b, d, kernel))
+    if constexpr (N > 1 && !D::is_tabled && (rows_win<T, n> || D::has_table || !D::is_array))
+        if (along<AlongRows<n, N>, n, N>(count, a, b, d))
             return;
-        if (rows_adjacent(a) && rows_adjacent(b) && rows_adjacent(d))
-            return kernel(a, b, d);
-    }
     if constexpr (N == 1 && D::is_array && !D::is_tabled &&
-                  (columns_win<T, n> || (A::is_array && products_win<T, n>))) {
-        const auto kernel = [count](const auto &x, const auto &y, const auto &z)
-            __attribute__((always_inline)) {
-            along_columns<n>(count, x, y, z);
-        };
-        if (without_gaps<n, N>(a, b, d, kernel))
+                  (columns_win<T, n> || (A::is_array && products_win<T, n>)))
+        if (along<AlongColumns<n>, n, N>(count, a, b, d))
             return;
-        if (rows_adjacent(a) && column_adjacent(b) && column_adjacent(d))
-            return kernel(a, b, d);
-    }
-    if constexpr (N == 1 && n > 3 && D::is_array && !D::is_tabled && A::is_array) {
-        const auto kernel = [count](const auto &x, const auto &y, const auto &z)
-            __attribute__((always_inline)) {
-            along_transposed_rows<n>(count, x, y, z);
-        };
-        const auto transposed = a.transposed();
-        if (without_gaps<n, N>(transposed, b, d, kernel))
+    if constexpr (N == 1 && n > 3 && D::is_array && !D::is_tabled && A::is_array)
+        if (along<AlongTransposedRows<n>, n, N>(count, a.transposed(), b, d))
             return;
-        if (rows_adjacent(transposed) && column_adjacent(b) && column_adjacent(d))
-            return kernel(transposed, b, d);
-    }
     if constexpr (D::is_array)
         in_lanes<n, N, T, A::is_array, B::is_array>(count, objects(a, {n, n}), objects(b, {n, N}),
                                                     objects(d, {n, N}), alone);
@@ -226,13 +228,9 @@ ZelStatus y8_ownzelmMul(int count, Sizes s, const A &a, const B &b, const D &d) 
             [] { return false; });
         if (done)
             return zelStatusOk;
-        if constexpr (!vector && D::is_array && !D::is_tabled) {
-            const auto kernel = [count](const auto &x, const auto &y, const auto &z) {
-                along_rows<8, 8>(count, x, y, z);
-            };
-            if (s.K == 8 && without_gaps<8, 8>(a, b, d, kernel))
+        if constexpr (!vector && D::is_array && !D::is_tabled)
+            if (s.K == 8 && along<AlongRows<8, 8>, 8, 8>(count, a, b, d))
                 return zelStatusOk;
-        }
     }
     return walk_singly(count, alone);
 }
@@ -293,9 +291,9 @@ ZELM_INLINE bool small_dense_product(const Standard<const T, 2, false> &a, Store
         return false;
     const auto product = [&](auto N) __attribute__((always_inline)) {
         constexpr int element = sizeof(T), row = N * element;
-        along_rows<N, N>(1, Standard<const T, 2, false>{a.base, 0, row, element},
-                         Standard<const T, 2, false>{b.base, 0, row, element},
-                         Standard<T, 2, false>{d.base, 0, row, element});
+        AlongRows<N, N>{}(1, Standard<const T, 2, false>{a.base, 0, row, element},
+                          Standard<const T, 2, false>{b.base, 0, row, element},
+                          Standard<T, 2, false>{d.base, 0, row, element});
     };
     if (n == 4)
         product(std::integral_constant<int, 4>{});
