@@ -1,5 +1,5 @@
-// Transposes: orders 3 to 6 in registers, larger packed matrices tile by tile, everything else
-// element by element.
+// Transposes: packed matrices of orders 3 to 6 in registers, larger ones tile by tile, everything
+// else as a move of elements.
 #include "move.hpp"
 
 #include "../frame/checks.hpp"

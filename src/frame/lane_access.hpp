@@ -1,8 +1,10 @@
 // Lane groups in and out of memory: lane l of a register holds one element of object first + l.
 //
-// Memory comes in three shapes: planar (the same element of consecutive objects adjacent: one
-// register load per element), packed rows (loads along each object's rows and a transpose), and
-// anything else (element by element). A group is always full: the walk stages what is not.
+// Groups of a fixed shape are loaded in the form that their kernel is compiled for: dense objects
+// and rows by loads along each object's rows and a transpose, planes by one register load per
+// element. Groups of a shape known at run time, and those that are given by an address for each
+// lane, choose at run time and know elements apart as well. A group is always full: the walk stages
+// what is not.
 #pragma once
 
 #include "interleaved.hpp"

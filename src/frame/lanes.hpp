@@ -1,8 +1,8 @@
-// Registers of lanes: the one place that knows how wide a register is.
+// Registers of lanes; simd.hpp says how wide they are.
 //
 // An algorithm is a template over a scalar-like type S: an element type T (float, double) or
-// Lanes<T>, one object per lane. It uses + - * /, comparisons, select, magnitude and nothing else,
-// so a lane computes exactly what the scalar instance computes.
+// Lanes<T>, one object per lane. It uses + - * /, comparisons and the functions below and nothing
+// else, so a lane computes exactly what the scalar instance computes.
 #pragma once
 
 #include "simd.hpp"

@@ -1,4 +1,5 @@
-// Operands: where the objects of a call lie. Nothing else in the library computes an address.
+// Operands: where the objects of a call lie, as its arguments say it. Entries, checks and objects
+// done alone work with them; arrays that are walked become Objects (objects.hpp).
 //
 // An operand is an array of objects or one object that stands for every object of the array; an
 // object is a matrix (rank 2), a vector (rank 1, one row of len elements) or a constant (rank 0).
@@ -92,8 +93,9 @@ struct LowerTriangle {
     static constexpr int width(int i, int columns) { return i < columns ? i + 1 : columns; }
 };
 
-// packed() is about the call's own stride2: it chooses limits. What a kernel needs to know of
-// adjacent elements it asks the view, which is the object as it enters the operation.
+// packed() is about the call's own stride2: it chooses limits, and the method where that depends on
+// the arguments. What a kernel needs to know of adjacent elements it asks the view, which is the
+// object as it enters the operation.
 
 template <class T, int rank, bool array>
 struct Standard {

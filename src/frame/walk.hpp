@@ -6,7 +6,8 @@
 // are copied back. Then the failing object is done alone, to leave it as a failure leaves it.
 //
 // A kernel is a type of its own, so that it is compiled once for each form and not for each
-// description. All else is compiled once (walk.cpp).
+// description. The loop over groups, the stage and all copies are compiled once (walk.cpp,
+// objects.cpp).
 #pragma once
 
 #include "lane_access.hpp"
