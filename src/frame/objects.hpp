@@ -69,6 +69,16 @@ struct Objects {
     }
 };
 
+// Elements of object 0.
+template <class T>
+ZELM_INLINE T get(const Objects &o, int i, int j) {
+    return load<T>(o.element(0, i, j));
+}
+template <class T>
+ZELM_INLINE void put(const Objects &o, int i, int j, T x) {
+    store<T>(o.element(0, i, j), x);
+}
+
 namespace detail {
 template <class T>
 ZELM_INLINE Objects objects(Description d, Shape shape, const void *base, Distance step,
@@ -217,26 +227,25 @@ struct Planes {
 
 // Objects, or a single one, whose rows have adjacent elements, for kernels that go object by
 // object.
-template <class T, bool array>
+template <class T, bool array, bool table>
 struct AdjacentRows {
     using Type = T;
     using Element = std::remove_const_t<T>;
     static constexpr bool is_array = array;
 
     char *base;
-    bool is_table; // of objects
     Distance step, offset, stride1;
 
     explicit AdjacentRows(const Objects &o)
-        : base(o.base),
-          is_table(o.description == Description::layout),
-          step(is_table ? Distance{sizeof(char *)} : o.step),
-          offset(o.offset),
-          stride1(o.stride1) {}
+        : base(o.base), step(o.step), offset(o.offset), stride1(o.stride1) {}
 
     ZELM_INLINE char *object(int n) const {
-        char *const at = base + n * step;
-        return is_table ? load<char *>(at) + offset : at;
+        if constexpr (!array)
+            return base;
+        else if constexpr (table)
+            return load<char *>(base + n * Distance{sizeof(char *)}) + offset;
+        else
+            return base + n * step;
     }
     ZELM_INLINE StridedView<T> view(int n) const { return {object(n), stride1, sizeof(T)}; }
 };

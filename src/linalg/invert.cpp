@@ -119,7 +119,9 @@ template <class Source, class Destination>
 ZelStatus y8_ownzelmInvert_m(const Source &source, const Destination &destination, int n,
                              void *buffer) {
     using T = typename Source::Element;
-    const auto general = [&] { return invert_general(source, destination, n, 0, buffer); };
+    const auto general = [&] {
+        return invert_general<T>(objects(source, {n, n}), objects(destination, {n, n}), buffer);
+    };
     if (!rows_are_adjacent(source, destination))
         return general();
     return with_order<3, 6>(
@@ -133,21 +135,19 @@ ZelStatus y8_ownzelmInvert_m(const Source &source, const Destination &destinatio
 template <class Source, class Destination>
 ZelStatus y8_ownzelmInvert_ma(void *buffer, int count, const Source &source,
                               const Destination &destination, int n) {
-    const auto general = [&] { // tables too: their method does not depend on what they say
-        return with_strides(
-            [&](const auto &from, const auto &to) {
-                return invert_array_general(from, to, n, count, buffer);
-            },
-            shaped(source, {n, n}), shaped(destination, {n, n}));
+    using T = typename Source::Element;
+    const Objects x = objects(source, {n, n}), y = objects(destination, {n, n});
+    // Tables too: their method does not depend on what they say.
+    const auto general = [&] {
+        return invert_array_general<T>(count, with_even_strides(x), with_even_strides(y), buffer);
     };
     if constexpr (!Destination::is_tabled)
         if (source.packed() && destination.packed() && n >= 3 && n <= 6)
-            return invert_arrays<typename Source::Element>(
-                count, objects(source, {n, n}), objects(destination, {n, n}), [&](int k) {
-                    return with_order<3, 6>(
-                        n, [&](auto N) { return invert_one<N>(source, destination, k, count); },
-                        [] { return zelStatusOk; });
-                });
+            return invert_arrays<T>(count, x, y, [&](int k) {
+                return with_order<3, 6>(
+                    n, [&](auto N) { return invert_one<N>(source, destination, k, count); },
+                    [] { return zelStatusOk; });
+            });
     return general();
 }
 

@@ -25,8 +25,8 @@ ZELM_INLINE S value_of(const Elimination<S> &minor, ElementOf<S> threshold) {
 inline constexpr int largest_cofactors_in_lanes = largest_lane_elimination;
 
 // `largest`: of the order; what is on the stack is of that size.
-template <class T, int largest, class Source, class Destination>
-[[gnu::noinline]] ZelStatus invert_by_cofactors(int n, const Source from, const Destination to,
+template <class T, int largest>
+[[gnu::noinline]] ZelStatus invert_by_cofactors(int n, const Objects from, const Objects to,
                                                 char *buffer) {
     using S = Lanes<T>;
     constexpr int L = lanes_of<S>, largest_minor = largest - 1;
@@ -35,7 +35,9 @@ template <class T, int largest, class Source, class Destination>
     const bool lanes = n <= largest;
     S w[largest_minor * largest_minor];
     char *const determinant = lanes ? reinterpret_cast<char *>(w) : buffer;
-    pack(from, n, buffer);
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < n; ++j)
+            store<T>(buffer + (i * Distance{n} + j) * Distance{sizeof(T)}, get<T>(from, i, j));
     if (lanes)
         __builtin_memcpy(determinant, buffer, size);
     const Elimination<T> found = eliminate<OfInverse, T>(determinant, n, threshold);
@@ -54,7 +56,7 @@ template <class T, int largest, class Source, class Destination>
                 for (int row = 0; row < n; ++row)
                     for (int column = 0; column < n; ++column)
                         if (row != i && column != j) {
-                            store<T>(at, get(from, row, column));
+                            store<T>(at, get<T>(from, row, column));
                             at += sizeof(T);
                         }
                 write(i, j, value_of(eliminate<OfMinor, T>(buffer, n - 1, threshold), threshold));
@@ -279,45 +281,39 @@ private:
 
 // One object, in every lane; returns whether that inverts it. The stack that this takes is given
 // back.
-template <class T, class Source, class Destination>
-[[gnu::noinline]] bool invert_by_elimination(int n, const Source from, const Destination to) {
+template <class T>
+[[gnu::noinline]] bool invert_by_elimination(int n, const Objects from, const Objects to) {
     LaneInverse<T> m(n);
-    for (int i = 0; i < n; ++i)
-        for (int j = 0; j < n; ++j)
-            m.source()[i * n + j] = splat<Lanes<T>>(get(from, i, j));
+    load_splat<T>(m.source(), from);
     if (m.invert() != 0)
         return false;
     for (int i = 0; i < n; ++i)
         for (int j = 0; j < n; ++j)
-            put(to, i, j, m.result()[i * n + j][0]);
+            put<T>(to, i, j, m.result()[i * n + j][0]);
     return true;
 }
 
-template <class Source, class Destination>
-ZelStatus invert_general(const Source &source, const Destination &destination, int n, int object,
-                         void *buffer) {
-    using T = typename Source::Element;
-    const auto from = view(source, object, {n, n});
-    const auto to = view(destination, object, {n, n});
+// One object, which is in every lane.
+template <class T>
+ZelStatus invert_general(const Objects &from, const Objects &to, void *buffer) {
+    const int n = from.shape.width;
     const auto by_cofactors = [&](auto largest) __attribute__((always_inline)) {
         return invert_by_cofactors<T, largest>(n, from, to, static_cast<char *>(buffer));
     };
     constexpr std::integral_constant<int, largest_lane_order> small;
     constexpr std::integral_constant<int, largest_cofactors_in_lanes> large;
-    // The object in every lane.
     return with_order<2, 4>(
         n,
         [&](auto N) __attribute__((always_inline)) {
             Lanes<T> a[N][N];
             Inverse<N, Lanes<T>> inverse;
-            unroll<N>(ZELM_EACH(i) {
-                unroll<N>(ZELM_EACH(j) { a[i][j] = splat<Lanes<T>>(get(from, i, j)); });
-            });
+            load_splat<T>(a[0], from);
             if (invert_far_from_thresholds(inverse, a) != 0)
                 return by_cofactors(small);
             inverse.finish();
-            unroll<N>(
-                ZELM_EACH(i) { unroll<N>(ZELM_EACH(j) { put(to, i, j, inverse.row[i][j][0]); }); });
+            for (int i = 0; i < N; ++i)
+                for (int j = 0; j < N; ++j)
+                    put<T>(to, i, j, inverse.row[i][j][0]);
             return zelStatusOk;
         },
         [&]() __attribute__((always_inline)) {
@@ -351,8 +347,9 @@ struct InvertFarBlock {
 };
 
 template <class T>
-ZelStatus invert_far_arrays(int count, const Objects &x, const Objects &y, const Single &single) {
+ZelStatus invert_array_general(int count, const Objects &x, const Objects &y, void *buffer) {
     const int n = x.shape.width;
+    const auto single = [&](int k) { return invert_general<T>(x.from(k), y.from(k), buffer); };
     if (n > largest_lane_order)
         return walk_singly(count, single);
     const Overlap overlap(count, y, x);
@@ -367,14 +364,6 @@ ZelStatus invert_far_arrays(int count, const Objects &x, const Objects &y, const
                                   walked_blocks<largest_lane_elements>(x),
                                   walked_blocks<largest_lane_elements>(y));
         });
-}
-
-template <class Source, class Destination>
-ZelStatus invert_array_general(const Source &source, const Destination &destination, int n,
-                               int count, void *buffer) {
-    return invert_far_arrays<typename Source::Element>(
-        count, objects(source, {n, n}), objects(destination, {n, n}),
-        [&](int k) { return invert_general(source, destination, n, k, buffer); });
 }
 
 } // namespace zelm

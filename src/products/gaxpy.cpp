@@ -106,15 +106,22 @@ void gaxpy_lanes(int count, const Objects &a, const Objects &x, const Objects &b
                  const Single &single) {
     const auto from = walked<T, 1, N>(x), to = walked<T, 1, N>(d);
     const Overlap overlap(count, d, x, b);
+    // Vectors of three without gaps are the ones of use.
+    const auto pass = [&](const auto &kernel, const auto &...arrays) {
+        if constexpr (N == 3)
+            if ((arrays.objects.is_gapless() && ...))
+                return walk_in<T, Form::gapless>(count, overlap, kernel, single, arrays...);
+        return walk_by_rows<T>(count, overlap, kernel, single, arrays...);
+    };
     if constexpr (b_is_array) {
         GaxpyGroup<N, T> kernel;
         load_splat<T>(kernel.m[0], a);
-        walk_by_rows<T>(count, overlap, kernel, single, to, from, walked<T, 1, N>(b));
+        pass(kernel, to, from, walked<T, 1, N>(b));
     } else {
         GaxpyWithOneAddend<N, T> kernel;
         load_splat<T>(kernel.m[0], a);
         load_splat<T>(kernel.fixed[0], b);
-        walk_by_rows<T>(count, overlap, kernel, single, to, from);
+        pass(kernel, to, from);
     }
 }
 template <int N, class A, class X, class B, class D>

@@ -77,11 +77,11 @@ struct AlongTransposedRows {
     }
 };
 
-template <class Kernel, class T, bool a_is_array, bool b_is_array>
+template <class Kernel, class T, bool a_is_array, bool b_is_array, bool tables>
 [[gnu::noinline]] void with_any_rows(int count, const Objects &a, const Objects &b,
                                      const Objects &d) {
-    Kernel{}(count, AdjacentRows<const T, a_is_array>(a), AdjacentRows<const T, b_is_array>(b),
-             AdjacentRows<T, true>(d));
+    Kernel{}(count, AdjacentRows<const T, a_is_array, tables>(a),
+             AdjacentRows<const T, b_is_array, tables>(b), AdjacentRows<T, true, tables>(d));
 }
 // The kernel where all rows have adjacent elements; a and d have n rows, b and d N columns. Returns
 // whether they have. For strided arrays without gaps it has code of its own: with distances that
@@ -98,7 +98,7 @@ ZELM_INLINE bool along(int count, const A &a, const B &b, const D &d) {
     if (!rows_adjacent(a) || !(vectors ? column_adjacent(b) : rows_adjacent(b)) ||
         !(vectors ? column_adjacent(d) : rows_adjacent(d)))
         return false;
-    with_any_rows<Kernel, typename D::Element, A::is_array, B::is_array>(
+    with_any_rows<Kernel, typename D::Element, A::is_array, B::is_array, D::has_table>(
         count, objects(a, square), objects(b, shape), objects(d, shape));
     return true;
 }
