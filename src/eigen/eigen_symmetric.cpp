@@ -150,7 +150,7 @@ ZelStatus solve_arrays(int count, const Single &alone, const Objects &x, const O
     if (n == 1 || n > largest_lane_order)
         return walk_singly(count, alone);
     const Objects *results[] = {&y..., &d};
-    const Overlap overlap(count, *results[0], x);
+    const Overlap overlap(count, *results[0], x); // values beside vectors share memory with nothing
     const bool dense = (x.is_dense() && ... && y.is_dense());
     return with_dense_order(
         dense ? n : 0,

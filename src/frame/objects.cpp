@@ -136,6 +136,7 @@ Objects with_even_strides(const Objects &o) {
     return is_stride(same.stride1) && is_stride(same.stride2) ? same : o;
 }
 
+// As bit patterns: row numbers are moved as floats.
 void copy_objects(const Objects &from, const Objects &to, int n) {
     if (from.element_size == sizeof(float))
         copy<float>(from, to, n);

@@ -10,7 +10,7 @@ struct Objects {
     Description description;
     bool lower;       // the elements on and below the diagonal alone
     bool written;     // else read
-    bool numbers;     // of rows: these are never planes
+    bool numbers;     // of rows, which stay as they are where other arrays pass as planes
     int element_size; // bytes
     Shape shape;
     char *base;       // object 0, or the table
@@ -52,8 +52,8 @@ struct Objects {
     ZELM_INLINE bool is_planar() const {
         return description != Description::layout && step == element_size;
     }
-    // A kernel by planes may take the array as it is.
-    ZELM_INLINE bool is_direct_plane() const {
+    // A kernel by planes takes the array as it is.
+    ZELM_INLINE bool serves_as_planes() const {
         return numbers || (description == Description::standard && is_planar());
     }
     ZELM_INLINE bool has_adjacent_rows() const {
@@ -136,7 +136,7 @@ ZELM_INLINE Objects objects(const IndexRows<Int> &op, Shape shape) {
     return o;
 }
 template <class Part, class Operand>
-ZELM_INLINE Objects objects(const Operand &op, Shape shape) {
+ZELM_INLINE Objects objects_of_part(const Operand &op, Shape shape) {
     Objects o = objects(op, shape);
     o.lower = std::is_same_v<Part, LowerTriangle>;
     return o;
@@ -177,7 +177,7 @@ struct Dense {
 
 // Adjacent elements in every row, an address for each object.
 template <class T, int H, int W>
-struct Rows {
+struct ByRows {
     using Type = T;
     using Element = std::remove_const_t<T>;
 
@@ -185,7 +185,7 @@ struct Rows {
     bool is_table; // of objects
     Distance step, offset, stride1;
 
-    explicit Rows(const Objects &o)
+    explicit ByRows(const Objects &o)
         : base(o.base),
           is_table(o.description == Description::layout),
           step(o.step),
@@ -255,11 +255,59 @@ inline constexpr bool is_dense = false;
 template <class T, int H, int W, bool gapless>
 inline constexpr bool is_dense<Dense<T, H, W, gapless>> = true;
 
-// ---- copies of any objects ----------------------------------------------------------------------
+// ---- tables with even distances -----------------------------------------------------------------
 
 // A table of elements whose entries are rows and columns at even distances says the same as two
 // strides: returns strided objects. All others are returned as they are.
 Objects with_even_strides(const Objects &o);
+
+// An operand and the shape of its objects.
+template <class Operand>
+struct Shaped {
+    const Operand &operand;
+    Shape shape;
+};
+template <class Operand>
+ZELM_INLINE Shaped<Operand> shaped(const Operand &op, Shape shape) {
+    return {op, shape};
+}
+namespace detail {
+template <class Operand>
+struct Strided { // what is no table
+    using Type = Operand;
+    static constexpr bool was_table = false;
+    ZELM_INLINE static bool find(const Shaped<Operand> &op, Operand &same) {
+        same = op.operand;
+        return true;
+    }
+};
+template <class T, int rank, bool array>
+struct Strided<Tabled<T, rank, array>> {
+    using Type = Standard<T, rank, array>;
+    static constexpr bool was_table = true;
+    static bool find(const Shaped<Tabled<T, rank, array>> &op, Type &same) {
+        const Objects o = with_even_strides(objects(op.operand, op.shape));
+        same = {reinterpret_cast<T *>(o.base), op.operand.stride0, static_cast<int>(o.stride1),
+                static_cast<int>(o.stride2)};
+        return o.description == Description::standard;
+    }
+};
+} // namespace detail
+
+// f(operands...), with strided operands in the place of tables if all tables are regular.
+template <class F, class... Operands>
+ZELM_INLINE auto with_strides(const F &f, const Shaped<Operands> &...op) {
+    if constexpr ((detail::Strided<Operands>::was_table || ...)) {
+        std::tuple<typename detail::Strided<Operands>::Type...> same;
+        const bool regular = std::apply(
+            [&](auto &...to) { return (detail::Strided<Operands>::find(op, to) && ...); }, same);
+        if (regular)
+            return std::apply(f, same);
+    }
+    return f(op.operand...);
+}
+
+// ---- copies of any objects ----------------------------------------------------------------------
 
 // Objects 0 ... n - 1 to another array of their shape and part; the two are apart.
 void copy_objects(const Objects &from, const Objects &to, int n);

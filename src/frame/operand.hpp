@@ -123,7 +123,7 @@ struct Standard {
     ZELM_INLINE Standard transposed() const {
         return {base, stride0, stride1, stride2, !exchanged};
     }
-    // A vector as a matrix of one column, or one row.
+    // A vector as a matrix of one column.
     ZELM_INLINE Standard<T, 2, array> as_column() const {
         return {base, stride0, stride2, sizeof(T)};
     }
@@ -148,7 +148,6 @@ struct Layout {
         return strided_view<T, rank>(object(n), stride1, stride2, exchanged);
     }
     ZELM_INLINE bool packed() const { return rank == 0 || stride2 == int{sizeof(T)}; }
-    ZELM_INLINE bool planar() const { return false; }
     ZELM_INLINE Layout from(int first) const {
         return {table + first, shift, stride1, stride2, exchanged};
     }
@@ -182,7 +181,6 @@ struct Tabled {
     }
     ZELM_INLINE Tabled transposed() const { return {table, shift, stride0, moved, !exchanged}; }
     ZELM_INLINE Tabled<T, 2, array> as_column() const { return {table, shift, stride0, moved}; }
-    ZELM_INLINE Tabled<T, 2, array> as_row() const { return as_column(); }
 };
 
 // A constant by value: every element of every object.
@@ -215,7 +213,6 @@ struct Scalars {
     ZELM_INLINE Distance step() const { return sizeof(T); }
     ZELM_INLINE char *object(int n) const { return reinterpret_cast<char *>(base) + n * step(); }
     ZELM_INLINE StridedView<T> view(int n) const { return {object(n), 0, 0}; }
-    ZELM_INLINE bool planar() const { return true; }
     ZELM_INLINE Scalars from(int first) const { return {reinterpret_cast<T *>(object(first))}; }
 };
 
@@ -327,74 +324,6 @@ struct Gapless {
 template <int H, int W, class Operand>
 ZELM_INLINE Gapless<Operand, H, W> as_gapless(const Operand &op) {
     return {op};
-}
-
-// A table whose entries are rows and columns at even distances says the same as two strides.
-// Returns whether it does, and the standard operand.
-template <class T, int rank, bool array>
-inline bool is_regular(const Tabled<T, rank, array> &op, Shape shape,
-                       Standard<T, rank, array> &same) {
-    const auto v = op.view(0, shape);
-    const auto at = [&](int i, int j) { return v.number(i, j); };
-    const auto origin = at(0, 0);
-    const auto down = shape.height > 1 ? at(1, 0) - origin : 0;
-    const auto across = shape.width > 1 ? at(0, 1) - origin : 0;
-    for (int i = 0; i < shape.height; ++i)
-        for (int j = 0; j < shape.width; ++j)
-            if (at(i, j) != origin + static_cast<std::uintptr_t>(i) * down +
-                                static_cast<std::uintptr_t>(j) * across)
-                return false;
-    const auto stride1 = static_cast<Distance>(down), stride2 = static_cast<Distance>(across);
-    // Standard strides are positive; so what is said of their extents holds.
-    if (stride1 < 0 || stride2 < 0 || stride1 != static_cast<int>(stride1) ||
-        stride2 != static_cast<int>(stride2))
-        return false;
-    same = {reinterpret_cast<T *>(v.at(0, 0)), op.stride0, static_cast<int>(stride1),
-            static_cast<int>(stride2)};
-    return true;
-}
-
-// An operand and the shape of its objects.
-template <class Operand>
-struct Shaped {
-    const Operand &operand;
-    Shape shape;
-};
-template <class Operand>
-ZELM_INLINE Shaped<Operand> shaped(const Operand &op, Shape shape) {
-    return {op, shape};
-}
-namespace detail {
-template <class Operand>
-struct Strided { // what is no table
-    using Type = Operand;
-    static constexpr bool was_table = false;
-    ZELM_INLINE static bool find(const Shaped<Operand> &op, Operand &same) {
-        same = op.operand;
-        return true;
-    }
-};
-template <class T, int rank, bool array>
-struct Strided<Tabled<T, rank, array>> {
-    using Type = Standard<T, rank, array>;
-    static constexpr bool was_table = true;
-    static bool find(const Shaped<Tabled<T, rank, array>> &op, Type &same) {
-        return is_regular(op.operand, op.shape, same);
-    }
-};
-} // namespace detail
-
-// f(operands...), with strided operands in the place of tables if all tables are regular.
-template <class F, class... Operands>
-ZELM_INLINE auto with_strides(const F &f, const Shaped<Operands> &...op) {
-    if constexpr ((detail::Strided<Operands>::was_table || ...)) {
-        std::tuple<typename detail::Strided<Operands>::Type...> same;
-        const bool regular = std::apply(
-            [&](auto &...to) { return (detail::Strided<Operands>::find(op, to) && ...); }, same);
-        if (regular)
-            return std::apply(f, same);
-    }
-    return f(op.operand...);
 }
 
 } // namespace zelm

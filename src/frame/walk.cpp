@@ -4,14 +4,14 @@ namespace zelm {
 namespace {
 
 // An array like o in its room.
-Objects in_room(const Objects &o, char *room, Form form, int objects) {
+Objects in_room(const Objects &o, char *room, Form form, int capacity) {
     Objects r = o;
     const Distance element = o.element_size;
     const bool planes = form == Form::planes && !o.numbers;
     r.description = Description::standard;
     r.base = room;
     r.offset = 0;
-    r.stride2 = planes ? objects * element : element;
+    r.stride2 = planes ? capacity * element : element;
     r.stride1 = o.shape.width * r.stride2;
     r.step = planes ? element : o.shape.height * r.stride1;
     return r;
@@ -19,14 +19,14 @@ Objects in_room(const Objects &o, char *room, Form form, int objects) {
 
 class Walk {
 public:
-    Walk(int count, const Overlap &allowed, const Kernel &kernel, const Single &single, Form form,
-         const Staged &staged)
+    Walk(int count, const Overlap &overlap, const Kernel &kernel, const Single &single, Form form,
+         const WithRooms &arrays)
         : count_(count),
-          allowed_(allowed),
+          overlap_(overlap),
           kernel_(kernel),
           single_(single),
           form_(form),
-          staged_(staged) {}
+          arrays_(arrays) {}
 
     // run(n, groups) does full groups from object n on until a lane fails; returns the objects
     // done.
@@ -35,7 +35,7 @@ public:
         const int L = kernel_.lanes;
         for (int n = 0; n < count_;) {
             int live = count_ - n < L ? count_ - n : L;
-            if (live == 1 || !allowed_.clear(n, live)) [[unlikely]] {
+            if (live == 1 || !overlap_.clear(n, live)) [[unlikely]] {
                 if (const ZelStatus status =
                         walk_singly(live, [&](int l) { return single_(n + l); }))
                     return status;
@@ -44,7 +44,7 @@ public:
             }
             if (live == L) {
                 // Where all objects are clear, the groups that follow ask nothing more.
-                const int full = allowed_.clear() ? (count_ - n) / L : 1;
+                const int full = overlap_.clear() ? (count_ - n) / L : 1;
                 const int groups = full < most_groups ? full : most_groups;
                 const int done = run(n, groups);
                 n += done;
@@ -69,70 +69,70 @@ private:
     // behind them repeat the last. Moves n behind what is done.
     [[gnu::noinline]] ZelStatus on_stage(int &n, int live) {
         const int L = kernel_.lanes;
-        Objects arrays[most_arrays];
-        for (int k = 0; k < staged_.arrays; ++k) {
-            const Objects &from = staged_.array[k];
-            arrays[k] = in_room(from, staged_.room[k], form_, staged_.objects);
+        Objects staged[most_arrays];
+        for (int k = 0; k < arrays_.arrays; ++k) {
+            const Objects &from = arrays_.array[k];
+            staged[k] = in_room(from, arrays_.room[k], form_, arrays_.capacity);
             if (from.written)
                 continue;
-            copy_objects(from.from(n), arrays[k], live);
+            copy_objects(from.from(n), staged[k], live);
             for (int lane = live; lane < L; ++lane)
-                copy_objects(from.from(n + live - 1), arrays[k].from(lane), 1);
+                copy_objects(from.from(n + live - 1), staged[k].from(lane), 1);
         }
         int first = 0;
-        const unsigned failing = kernel_.run(kernel_.context, arrays, &first, 1, true);
+        const unsigned failing = kernel_.run(kernel_.context, staged, &first, 1, true);
         const int first_failing = failing == 0 ? L : __builtin_ctz(failing);
         const int commit = first_failing < live ? first_failing : live;
-        for (int k = 0; k < staged_.arrays; ++k)
-            if (staged_.array[k].written)
-                copy_objects(arrays[k], staged_.array[k].from(n), commit);
+        for (int k = 0; k < arrays_.arrays; ++k)
+            if (arrays_.array[k].written)
+                copy_objects(staged[k], arrays_.array[k].from(n), commit);
         n += commit;
         return commit < live ? single_(n++) : zelStatusOk;
     }
 
     const int count_;
-    const Overlap &allowed_;
+    const Overlap &overlap_;
     const Kernel &kernel_;
     const Single &single_;
     const Form form_;
-    const Staged &staged_;
+    const WithRooms &arrays_;
 };
 
 } // namespace
 
-ZelStatus walk_groups(int count, const Overlap &allowed, const Kernel &kernel, const Single &single,
-                      Form form, const Staged &staged) {
-    Walk walk(count, allowed, kernel, single, form, staged);
+ZelStatus walk_groups(int count, const Overlap &overlap, const Kernel &kernel, const Single &single,
+                      Form form, const WithRooms &arrays) {
+    Walk walk(count, overlap, kernel, single, form, arrays);
     return walk.over_groups(count,
-                            [&](int n, int groups) { return walk.run(staged.array, n, groups); });
+                            [&](int n, int groups) { return walk.run(arrays.array, n, groups); });
 }
 
-ZelStatus walk_staged(int count, const Overlap &allowed, const Kernel &kernel, const Single &single,
-                      const Staged &staged) {
+ZelStatus walk_staged(int count, const Overlap &overlap, const Kernel &kernel, const Single &single,
+                      const WithRooms &arrays) {
     bool all_direct = true;
-    for (int k = 0; k < staged.arrays; ++k)
-        all_direct = all_direct && staged.array[k].is_direct_plane();
+    for (int k = 0; k < arrays.arrays; ++k)
+        all_direct = all_direct && arrays.array[k].serves_as_planes();
     if (all_direct)
-        return walk_groups(count, allowed, kernel, single, Form::planes, staged);
+        return walk_groups(count, overlap, kernel, single, Form::planes, arrays);
 
-    Walk walk(count, allowed, kernel, single, Form::planes, staged);
-    const int groups_in_room = staged.objects / kernel.lanes;
+    Walk walk(count, overlap, kernel, single, Form::planes, arrays);
+    const int groups_in_room = arrays.capacity / kernel.lanes;
     return walk.over_groups(groups_in_room, [&](int n, int groups) {
-        Objects arrays[most_arrays];
-        for (int k = 0; k < staged.arrays; ++k) {
-            const Objects from = staged.array[k].from(n);
-            if (from.is_direct_plane()) {
-                arrays[k] = from;
+        Objects planes[most_arrays];
+        for (int k = 0; k < arrays.arrays; ++k) {
+            const Objects from = arrays.array[k].from(n);
+            if (from.serves_as_planes()) {
+                planes[k] = from;
                 continue;
             }
-            arrays[k] = in_room(from, staged.room[k], Form::planes, staged.objects);
+            planes[k] = in_room(from, arrays.room[k], Form::planes, arrays.capacity);
             if (!from.written)
-                copy_objects(from, arrays[k], groups * kernel.lanes);
+                copy_objects(from, planes[k], groups * kernel.lanes);
         }
-        const int done = walk.run(arrays, 0, groups);
-        for (int k = 0; k < staged.arrays; ++k)
-            if (staged.array[k].written && !staged.array[k].is_direct_plane())
-                copy_objects(arrays[k], staged.array[k].from(n), done);
+        const int done = walk.run(planes, 0, groups);
+        for (int k = 0; k < arrays.arrays; ++k)
+            if (arrays.array[k].written && !arrays.array[k].serves_as_planes())
+                copy_objects(planes[k], arrays.array[k].from(n), done);
         return done;
     });
 }

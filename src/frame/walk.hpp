@@ -1,4 +1,4 @@
-// The walk over the objects of an array: lane groups where they are allowed, one object at a time
+// The walk over the objects of an array: lane groups where they are overlap, one object at a time
 // elsewhere, stopping at the first object that fails.
 //
 // There is one commit rule. A kernel stores its group when no lane fails; a group that is not full,
@@ -10,7 +10,7 @@
 // objects.cpp).
 #pragma once
 
-#include "lane_access.hpp"
+#include "block_access.hpp"
 #include "overlap.hpp"
 
 #include <algorithm>
@@ -34,7 +34,7 @@ struct GroupOf : Group {
 
 // ---- the arrays of a walk -----------------------------------------------------------------------
 
-enum class Form { dense, gapless, rows, planes };
+enum class Form { dense, gapless, rows, planes, blocks }; // blocks: of a shape known at run time
 
 // Of a fixed shape: the kernel gets them in the form that it is compiled for.
 template <class T, int H, int W, class Part>
@@ -47,7 +47,7 @@ struct Walked {
         if constexpr (form == Form::dense || form == Form::gapless)
             return Dense<T, H, W, form == Form::gapless>(o);
         else if constexpr (form == Form::rows)
-            return Rows<T, H, W>(o);
+            return ByRows<T, H, W>(o);
         else
             return Planes<T, H, W, Part>(o);
     }
@@ -94,11 +94,11 @@ ZELM_INLINE WalkedBlocks<elements> walked_blocks(const Objects &o) {
     return {o};
 }
 template <int length, class Int>
-ZELM_INLINE WalkedNumbers<Int, length> walked(const IndexRows<Int> &op, int n) {
+ZELM_INLINE WalkedNumbers<Int, length> walked_numbers(const IndexRows<Int> &op, int n) {
     return {objects(op, {1, n})};
 }
 template <class T>
-ZELM_INLINE WalkedScalars<T> walked(const Scalars<T> &op) {
+ZELM_INLINE WalkedScalars<T> walked_scalars(const Scalars<T> &op) {
     return {objects(op, {1, 1})};
 }
 
@@ -130,20 +130,20 @@ private:
 
 inline constexpr int most_arrays = 4;
 
-// The arrays, and room on the stack for the objects of a block of each.
-struct Staged {
+// The arrays, and room on the stack for some objects of each.
+struct WithRooms {
     int arrays;
     const Objects *array;
     char *const *room;
-    int objects; // in a room
+    int capacity; // objects
 };
 
 // In `form`, where all arrays have it.
-ZelStatus walk_groups(int count, const Overlap &allowed, const Kernel &kernel, const Single &single,
-                      Form form, const Staged &staged);
+ZelStatus walk_groups(int count, const Overlap &overlap, const Kernel &kernel, const Single &single,
+                      Form form, const WithRooms &arrays);
 // By planes, where arrays that are not planar pass through the stage.
-ZelStatus walk_staged(int count, const Overlap &allowed, const Kernel &kernel, const Single &single,
-                      const Staged &staged);
+ZelStatus walk_staged(int count, const Overlap &overlap, const Kernel &kernel, const Single &single,
+                      const WithRooms &arrays);
 
 // Objects 0 ... count - 1 one by one, up to the first that fails.
 template <class F>
@@ -161,7 +161,7 @@ namespace detail {
 template <class T, Form form, int registers, class F, class... Arrays>
 unsigned run_groups(const void *context, const Objects *arrays, int *first, int groups,
                     bool staged) {
-    // A copy: nothing that is stored could change it.
+    // A copy, unless it is large: nothing that is stored could change it.
     constexpr bool small = sizeof(F) <= 64 * register_bytes;
     const std::conditional_t<small, const F, const F &> f = *static_cast<const F *>(context);
     return [&]<std::size_t... k>(std::index_sequence<k...>) __attribute__((always_inline)) {
@@ -205,7 +205,7 @@ ZELM_INLINE ZelStatus with_rooms(const F &f, const Arrays &...array) {
     return std::apply(
         [&](auto &...r) __attribute__((always_inline)) {
             char *const room[] = {r.bytes_...};
-            return f(Staged{sizeof...(Arrays), arrays, room, objects});
+            return f(WithRooms{sizeof...(Arrays), arrays, room, objects});
         },
         rooms);
 }
@@ -220,11 +220,11 @@ ZELM_INLINE ZelStatus with_rooms(const F &f, const Arrays &...array) {
 
 // In one form, which all arrays have.
 template <class T, Form form, int registers = 1, class F, class... Arrays>
-[[gnu::noinline]] ZelStatus walk_in(int count, const Overlap &allowed, const F &kernel,
+[[gnu::noinline]] ZelStatus walk_in(int count, const Overlap &overlap, const F &kernel,
                                     const Single &single, const Arrays &...array) {
     return detail::with_rooms<T, registers * lanes_per_register<T>>(
-        [&](const Staged &arrays) __attribute__((always_inline)) {
-            return walk_groups(count, allowed,
+        [&](const WithRooms &arrays) __attribute__((always_inline)) {
+            return walk_groups(count, overlap,
                                detail::kernel_of<T, form, registers, Arrays...>(kernel), single,
                                form, arrays);
         },
@@ -232,12 +232,12 @@ template <class T, Form form, int registers = 1, class F, class... Arrays>
 }
 // By planes, whatever the arrays are.
 template <class T, class F, class... Arrays>
-[[gnu::noinline]] ZelStatus walk_by_planes(int count, const Overlap &allowed, const F &kernel,
+[[gnu::noinline]] ZelStatus walk_by_planes(int count, const Overlap &overlap, const F &kernel,
                                            const Single &single, const Arrays &...array) {
     constexpr int largest = (std::max)({Arrays::most_elements...});
     return detail::with_rooms<T, detail::objects_in_room<T, largest>>(
-        [&](const Staged &arrays) __attribute__((always_inline)) {
-            return walk_staged(count, allowed,
+        [&](const WithRooms &arrays) __attribute__((always_inline)) {
+            return walk_staged(count, overlap,
                                detail::kernel_of<T, Form::planes, 1, Arrays...>(kernel), single,
                                arrays);
         },
@@ -246,38 +246,38 @@ template <class T, class F, class... Arrays>
 // By rows, whose elements are adjacent in all arrays. Groups of dense objects may have several
 // registers.
 template <class T, int registers_of_dense = 1, class F, class... Arrays>
-ZelStatus walk_by_rows(int count, const Overlap &allowed, const F &kernel, const Single &single,
+ZelStatus walk_by_rows(int count, const Overlap &overlap, const F &kernel, const Single &single,
                        const Arrays &...array) {
     if ((array.objects.is_dense() && ...))
-        return walk_in<T, Form::dense, registers_of_dense>(count, allowed, kernel, single,
+        return walk_in<T, Form::dense, registers_of_dense>(count, overlap, kernel, single,
                                                            array...);
-    return walk_in<T, Form::rows>(count, allowed, kernel, single, array...);
+    return walk_in<T, Form::rows>(count, overlap, kernel, single, array...);
 }
 // In the form that the arrays have.
 template <class T, int registers_of_dense = 1, class F, class... Arrays>
-ZelStatus walk(int count, const Overlap &allowed, const F &kernel, const Single &single,
+ZelStatus walk(int count, const Overlap &overlap, const F &kernel, const Single &single,
                const Arrays &...array) {
     const bool dense = (array.objects.is_dense() && ...);
     const bool rows = (array.objects.has_adjacent_rows() && ...);
-    const bool planes = (array.objects.is_direct_plane() && ...);
+    const bool planes = (array.objects.serves_as_planes() && ...);
     return dense || (rows && !planes)
-               ? walk_by_rows<T, registers_of_dense>(count, allowed, kernel, single, array...)
-               : walk_by_planes<T>(count, allowed, kernel, single, array...);
+               ? walk_by_rows<T, registers_of_dense>(count, overlap, kernel, single, array...)
+               : walk_by_planes<T>(count, overlap, kernel, single, array...);
 }
 // Of shapes known at run time.
 template <class T, int registers = 1, class F, class... Arrays>
-ZELM_INLINE ZelStatus walk_blocks(int count, const Overlap &allowed, const F &kernel,
+ZELM_INLINE ZelStatus walk_blocks(int count, const Overlap &overlap, const F &kernel,
                                   const Single &single, const Arrays &...array) {
-    return walk_in<T, Form::rows, registers>(count, allowed, kernel, single, array...);
+    return walk_in<T, Form::blocks, registers>(count, overlap, kernel, single, array...);
 }
 // For a kernel that never fails and takes a few instructions per group: dense objects pass in a
 // bare loop, those behind the last full group singly.
 template <class T, class F, class... Arrays>
-ZelStatus walk_lightly(int count, const Overlap &allowed, const F &kernel, const Single &single,
+ZelStatus walk_lightly(int count, const Overlap &overlap, const F &kernel, const Single &single,
                        const Arrays &...array) {
     constexpr int L = lanes_per_register<T>;
-    if (!allowed.clear() || !(array.objects.is_dense() && ...))
-        return walk<T>(count, allowed, kernel, single, array...);
+    if (!overlap.clear() || !(array.objects.is_dense() && ...))
+        return walk<T>(count, overlap, kernel, single, array...);
     int first = 0;
     if (count >= L) {
         const Objects arrays[] = {array.objects...};

@@ -106,7 +106,8 @@ template <class Source, class Destination>
 ZelStatus y8_ownzelmCholeskyDecomp_ma(int count, const Source &source,
                                       const Destination &destination, int n) {
     return factor_arrays<typename Source::Element>(
-        count, objects<LowerTriangle>(source, {n, n}), objects<LowerTriangle>(destination, {n, n}),
+        count, objects_of_part<LowerTriangle>(source, {n, n}),
+        objects_of_part<LowerTriangle>(destination, {n, n}),
         [&](int k) { return y8_ownzelmCholeskyDecomp_m(source, destination, n, k); });
 }
 

@@ -69,7 +69,7 @@ ZelStatus det_arrays(int count, const Objects &x, const Scalars<T> &results, con
     const int n = x.shape.width;
     if (n > largest_lane_order)
         return walk_singly(count, single);
-    const auto y = walked(results);
+    const auto y = walked_scalars(results);
     const Overlap overlap(count, y.objects, x);
     return with_order<3, 6>(
         n,

@@ -123,12 +123,13 @@ ZelStatus factor_arrays(int count, const Objects &x, const IndexRows<int> &index
         n,
         [&](auto N) {
             return walk<T>(count, overlap, FactorGroup<N, T>{}, single, walked<T, N, N>(x),
-                           walked<N>(index, n), walked<T, N, N>(y));
+                           walked_numbers<N>(index, n), walked<T, N, N>(y));
         },
         [&] {
             constexpr int most = largest_lane_elements;
             return walk_blocks<T>(count, overlap, FactorBlock<T>{}, single, walked_blocks<most>(x),
-                                  walked<largest_lane_order>(index, n), walked_blocks<most>(y));
+                                  walked_numbers<largest_lane_order>(index, n),
+                                  walked_blocks<most>(y));
         });
 }
 

@@ -127,7 +127,7 @@ public:
     ZELM_INLINE void exchange(int from, int to) const {
         for (int j = from; j < to; ++j) {
             const S x = from_pivot_row(j);
-            detail::scatter<T>(row_, j * Distance{sizeof(S)}, top()[j]);
+            scatter<T>(row_, j * Distance{sizeof(S)}, top()[j]);
             top()[j] = x;
         }
     }
@@ -161,9 +161,7 @@ public:
 
 private:
     ZELM_INLINE S *top() const { return a_ + k_ * n_; }
-    ZELM_INLINE S from_pivot_row(int j) const {
-        return detail::gather<T>(row_, j * Distance{sizeof(S)});
-    }
+    ZELM_INLINE S from_pivot_row(int j) const { return gather<T>(row_, j * Distance{sizeof(S)}); }
     // Of the rows below k, and with `above` of those above it. Row k becomes scale() of itself.
     template <int C, bool above, class Scale>
     ZELM_INLINE void update_columns(int j, const S *f, const Scale &scale) const {

@@ -136,10 +136,10 @@ void solve_objects(int count, const Objects &factor, const Objects &b, const Obj
                 SolveWithOne<Family, N, T> kernel;
                 load_splat<T>(kernel.factor.f[0], factor, rows);
                 kernel.factor.prepare();
-                walk<T>(count, overlap, kernel, alone, from, to, walked<N>(numbers, N)...);
+                walk<T>(count, overlap, kernel, alone, from, to, walked_numbers<N>(numbers, N)...);
             } else {
                 walk<T>(count, overlap, SolveEach<Family, N, T>{}, alone,
-                        walked<T, N, N, Part>(factor), from, to, walked<N>(numbers, N)...);
+                        walked<T, N, N, Part>(factor), from, to, walked_numbers<N>(numbers, N)...);
             }
         },
         [&] {
@@ -148,12 +148,12 @@ void solve_objects(int count, const Objects &factor, const Objects &b, const Obj
             const auto to = walked_blocks<most>(x);
             const auto with_one = [&](const auto &kernel) {
                 walk_blocks<T>(count, overlap, kernel, alone, from, to,
-                               walked<most>(numbers, shape.height)...);
+                               walked_numbers<most>(numbers, shape.height)...);
             };
             if constexpr (!one_factor)
                 walk_blocks<T>(count, overlap, SolveEachBlock<Family, T>{}, alone,
                                walked_blocks<most>(factor), from, to,
-                               walked<largest_lane_order>(numbers, shape.height)...);
+                               walked_numbers<largest_lane_order>(numbers, shape.height)...);
             else if (factor.description == Description::pointer)
                 with_one(SolveBlocksWithOne<Family, T, true>(factor, rows));
             else
@@ -168,7 +168,7 @@ template <class Family, class Factor, class Vector, class Result, class... Numbe
 void solve_arrays(int count, Shape shape, const Factor &factor, const Vector &b, const Result &x,
                   const Single &alone, const Numbers &...numbers) {
     detail::solve_objects<typename Factor::Element, Family, !Factor::is_array>(
-        count, objects<typename Family::Part>(factor, shape), objects(b, {1, shape.height}),
+        count, objects_of_part<typename Family::Part>(factor, shape), objects(b, {1, shape.height}),
         objects(x, {1, shape.width}), alone, numbers...);
 }
 

@@ -82,7 +82,8 @@ ZelStatus cross_arrays(int count, const Objects &a, const Objects &b, const Obje
 template <class A, class B, class D>
 ZelStatus y8_ownzelmCrossProduct(int count, const A &a, const B &b, const D &d) {
     return cross_arrays<typename D::Element, A::is_array, B::is_array>(
-        count, objects(a, triple), objects(b, triple), objects(d, triple), [&](int n) {
+        count, with_even_strides(objects(a, triple)), with_even_strides(objects(b, triple)),
+        with_even_strides(objects(d, triple)), [&](int n) {
             cross_object(a, b, d, n);
             return zelStatusOk;
         });

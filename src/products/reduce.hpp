@@ -27,9 +27,9 @@ ZELM_INLINE void load_products(Lanes<T> (&terms)[H][W], const A &a, const B &b, 
                 return;
             }
         char *at[L], *beside[L];
-        detail::lane_objects(at, a, first);
-        detail::lane_objects(beside, b, first);
-        detail::load_from<T, H * W>(terms[0], detail::ProductRuns<T>{{at}, {beside}});
+        lane_objects(at, a, first);
+        lane_objects(beside, b, first);
+        load_from<T, H * W>(terms[0], ProductRuns<T>{{at}, {beside}});
     } else {
         Lanes<T> right[H][W];
         load_lanes<T>(terms, a, first);
@@ -43,7 +43,7 @@ ZELM_INLINE void load_products(Lanes<T> (&terms)[H][W], const A &a, const B &b, 
 // of each object are transposed.
 template <class T, int N>
 struct FoldedSquares {
-    detail::Runs<T> runs;
+    Runs<T> runs;
 
     template <int K>
     ZELM_INLINE Lanes<T> part(int lane, Distance offset) const {
@@ -57,9 +57,9 @@ struct FoldedSquares {
 template <class T, int N, class A>
 ZELM_INLINE void load_squares(Folded<Lanes<T>, N> &row, const A &a, int first) {
     char *at[lanes_per_register<T>];
-    detail::lane_objects(at, a, first);
-    const detail::Runs<T> runs = {at};
-    detail::load_from<T, 4>(row.terms, FoldedSquares<T, N>{runs});
+    lane_objects(at, a, first);
+    const Runs<T> runs = {at};
+    load_from<T, 4>(row.terms, FoldedSquares<T, N>{runs});
     unroll<N % block_length>(ZELM_EACH(e) {
         const Lanes<T> x = runs.gathered((N - N % block_length + e) * Distance{sizeof(T)});
         row.terms[4 + e] = x * x;
@@ -118,14 +118,14 @@ struct ReduceWithOne {
 namespace detail {
 template <class F, int H, int W, class T>
 void reduce_squares(int count, const Scalars<T> &results, const Objects &a, const Single &single) {
-    const auto to = walked(results);
+    const auto to = walked_scalars(results);
     walk_lightly<T>(count, Overlap(count, to.objects, a), ReduceSquares<H, W, T, F>{}, single, to,
                     walked<T, H, W>(a));
 }
 template <class F, int H, int W, class T, bool b_is_array>
 void reduce_products(int count, const Scalars<T> &results, const Objects &a, const Objects &b,
                      const Single &single) {
-    const auto to = walked(results);
+    const auto to = walked_scalars(results);
     const auto from = walked<T, H, W>(a);
     const Overlap overlap(count, to.objects, a, b);
     if constexpr (b_is_array) {
@@ -161,7 +161,8 @@ void reduce_lanes(int count, const Scalars<T> &results, const A &a, const B &...
         return zelStatusOk;
     };
     if constexpr (sizeof...(B) == 0)
-        detail::reduce_squares<F, H, W, T>(count, results, objects(a, shape), single);
+        detail::reduce_squares<F, H, W, T>(count, results, with_even_strides(objects(a, shape)),
+                                           single);
     else
         detail::reduce_products<F, H, W, T, (B::is_array && ...)>(count, results, objects(a, shape),
                                                                   objects(b, shape)..., single);

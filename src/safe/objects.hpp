@@ -5,7 +5,7 @@
 // address again: they compute and store what its own lane does.
 #pragma once
 
-#include "../frame/lane_access.hpp"
+#include "../frame/block_access.hpp"
 #include "../frame/parallel.hpp"
 #include "zelmsafe.h"
 
@@ -207,7 +207,7 @@ ZELM_INLINE void load_objects(S *a, const LaneObjects<T, L> &from, int rows, int
                 part, i, Part::width(i, columns),
                 NaturalRows<E>{}, [&](int j, const auto &run) __attribute__((always_inline)) {
                     unroll<sizeof run / sizeof *run>(
-                        ZELM_EACH(k) { detail::register_of(a[i * columns + j + k], r) = run[k]; });
+                        ZELM_EACH(k) { register_of(a[i * columns + j + k], r) = run[k]; });
                 });
     });
 }
@@ -232,7 +232,7 @@ ZELM_INLINE void store_objects(const LaneObjects<T, L> &to, const S *a, int rows
                         if (above || (!Elements::all && k > 0 && j + k > i))
                             run[k] = splat<Lanes<T>>(0);
                         else
-                            run[k] = detail::register_of(a[i * columns + j + k], r);
+                            run[k] = register_of(a[i * columns + j + k], r);
                     });
                 });
     });
