@@ -81,6 +81,11 @@ ZelStatus y8_ownzelmEigenValuesSym_m(const Source &source, const Destination &de
 constexpr int side_by_side = 2; // registers that a group computes in
 template <class T>
 using Pair = Interleaved<Lanes<T>, side_by_side>;
+// In blocks, where the stack has room for pairs: 8 KiB each for a matrix and its vectors.
+template <class T>
+constexpr bool pairs_fit = largest_lane_elements * sizeof(Pair<T>) <= 8192;
+template <class T>
+using PairInBlock = std::conditional_t<pairs_fit<T>, Pair<T>, Lanes<T>>;
 
 // Without vectors y is not given.
 
@@ -124,7 +129,7 @@ struct SolveBlock {
     unsigned operator()(const Group &group, const Objects &x, const Objects &values,
                         const Y &...y) const {
         constexpr bool vectors = sizeof...(Y) != 0;
-        using S = Pair<T>;
+        using S = PairInBlock<T>;
         const int n = x.shape.width;
         S a[largest_lane_elements], d[largest_lane_order], e[largest_lane_order];
         S z[vectors ? largest_lane_elements : 1];
@@ -161,9 +166,11 @@ ZelStatus solve_arrays(int count, const Single &alone, const Objects &x, const O
         },
         [&] {
             constexpr int most = largest_lane_elements;
-            return walk_blocks<T, side_by_side>(
-                count, overlap, SolveBlock<T>{}, alone, walked_blocks<most>(x),
-                walked_blocks<largest_lane_order>(d), walked_blocks<most>(y)...);
+            return walk_blocks < T,
+                   pairs_fit<T>
+                       ? side_by_side
+                       : 1 > (count, overlap, SolveBlock<T>{}, alone, walked_blocks<most>(x),
+                              walked_blocks<largest_lane_order>(d), walked_blocks<most>(y)...);
         });
 }
 

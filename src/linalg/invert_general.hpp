@@ -215,7 +215,7 @@ public:
     // Returns the lanes that are not far from thresholds, as bits.
     unsigned invert() {
         for (int e = 0; e < n_ * n_; ++e)
-            work_[e] = source_[e];
+            result_[e] = source_[e];
         const Elimination<S> found = reduce();
         const S d = magnitude(found.determinant()), a = highest(source_), x = highest(result_);
         // A minor is an element of the inverse times the determinant. A pivot of its elimination is
@@ -249,7 +249,7 @@ private:
         for (int i = 0; i < n_; ++i)
             number[i] = splat_index<S>(i);
         for (int k = 0; k < n_; ++k) {
-            const LaneStep<S> step(work_, n_, k);
+            const LaneStep<S> step(result_, n_, k);
             exchange_numbers(number, k, step);
             const S pivot = step.pivot();
             if (k < n_ - 1)
@@ -258,12 +258,14 @@ private:
                 found.last = pivot;
             step.reduce(f, splat<S>(1) / pivot);
         }
-        for (int k = 0; k < n_; ++k)
-            for (int l = 0; l < lanes_of<S>; ++l) {
-                const int j = static_cast<int>(number[k][l]);
-                for (int i = 0; i < n_; ++i)
-                    result_[i * n_ + j][l] = work_[i * n_ + k][l];
-            }
+        for (int i = 0; i < n_; ++i) {
+            S row[largest_lane_order];
+            for (int k = 0; k < n_; ++k)
+                row[k] = result_[i * n_ + k];
+            for (int k = 0; k < n_; ++k)
+                for (int l = 0; l < lanes_of<S>; ++l)
+                    result_[i * n_ + static_cast<int>(number[k][l])][l] = row[k][l];
+        }
         return found;
     }
     void redo_small(MaskOf<S> lanes, S far, S reciprocal) {
@@ -275,7 +277,7 @@ private:
             });
     }
 
-    S source_[largest_lane_elements], work_[largest_lane_elements], result_[largest_lane_elements];
+    S source_[largest_lane_elements], result_[largest_lane_elements];
     int n_;
 };
 
