@@ -57,15 +57,11 @@ struct Factored {
     using Part = LowerTriangle;
 
     template <int N, class S>
-    struct Prepared {
-        S f[N][N];
-        ZELM_INLINE void prepare() {}
-        ZELM_INLINE void solve(S (&x)[N]) const { substitute_cholesky<N>(f, x); }
+    struct Prepared : UnpreparedFactor<N, S> {
+        ZELM_INLINE void solve(S (&x)[N]) const { substitute_cholesky<N>(this->f, x); }
     };
     template <class S, int>
-    struct PreparedBlock {
-        template <class F>
-        void prepare(Shape, const F &) {}
+    struct PreparedBlock : UnpreparedBlock {
         template <class F>
         void solve(Shape shape, const F &f, S *x) const {
             substitute_cholesky<S>(shape.width, f, [&](int i) -> S & { return x[i]; });

@@ -58,15 +58,11 @@ struct Factored {
     using Part = Whole;
 
     template <int N, class S>
-    struct Prepared {
-        S f[N][N];
-        ZELM_INLINE void prepare() {}
-        ZELM_INLINE void solve(S (&x)[N]) const { substitute<N>(f, x); }
+    struct Prepared : UnpreparedFactor<N, S> {
+        ZELM_INLINE void solve(S (&x)[N]) const { substitute<N>(this->f, x); }
     };
     template <class S, int>
-    struct PreparedBlock {
-        template <class F>
-        void prepare(Shape, const F &) {}
+    struct PreparedBlock : UnpreparedBlock {
         template <class F>
         void solve(Shape shape, const F &f, S *x) const {
             substitute<S>(shape.width, f, x);

@@ -12,6 +12,17 @@
 
 namespace zelm {
 
+// What a family has whose factors need no preparation.
+template <int N, class S>
+struct UnpreparedFactor {
+    S f[N][N];
+    ZELM_INLINE void prepare() {}
+};
+struct UnpreparedBlock {
+    template <class F>
+    void prepare(Shape, const F &) {}
+};
+
 namespace detail {
 
 // The order of a factor's rows and of the right-hand side's elements: as they are, or by number.
